@@ -1,0 +1,43 @@
+// The floating-point control word.
+#pragma once
+
+#include <immintrin.h>
+
+namespace zors {
+
+// Sets the rounding direction, with the invalid-operation exception masked, for the length of a scope. Exceptions that the
+// scope raises stay recorded. The compiler does not know that arithmetic depends on the control word: only work from
+// memory to memory may stand in such a scope.
+class RoundingScope {
+ public:
+  enum Direction : unsigned { nearest = _MM_ROUND_NEAREST, down = _MM_ROUND_DOWN, up = _MM_ROUND_UP, towardZero = _MM_ROUND_TOWARD_ZERO };
+
+  explicit RoundingScope(Direction direction) : RoundingScope(direction, _MM_ROUND_MASK) {}
+  ~RoundingScope() {
+    if (changed_) _mm_setcsr((saved_ & ~flags) | (_mm_getcsr() & flags));
+    __asm__ volatile("" ::: "memory");
+  }
+  RoundingScope(const RoundingScope&) = delete;
+  RoundingScope& operator=(const RoundingScope&) = delete;
+
+ protected:
+  RoundingScope(unsigned direction, unsigned field) : saved_(_mm_getcsr()) {
+    const unsigned wanted = (saved_ & ~field) | direction | _MM_MASK_INVALID;
+    changed_ = wanted != saved_;
+    if (changed_) _mm_setcsr(wanted);
+    __asm__ volatile("" ::: "memory");
+  }
+
+ private:
+  static constexpr unsigned flags = _MM_EXCEPT_MASK;
+  unsigned saved_;
+  bool changed_;
+};
+
+// Masks the invalid-operation exception and leaves the direction alone.
+class InvalidMaskedScope : RoundingScope {
+ public:
+  InvalidMaskedScope() : RoundingScope(0, 0) {}
+};
+
+}  // namespace zors

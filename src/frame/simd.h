@@ -1,0 +1,293 @@
+// Vectors: Vec<T, L> is L elements of type T in as many 256-bit registers as they need, so that one kernel serves a type and
+// the wider type that it computes in; a larger L is the unrolled kernel. Every operation is one line that names its
+// instruction, with what is not obvious beside it. Floating-point operations round in the current direction.
+#pragma once
+
+#include <immintrin.h>
+
+#include <concepts>
+#include <cstddef>
+#include <cstdint>
+#include <type_traits>
+#include <utility>
+
+#include "zors.h"
+
+#define ZORS_INLINE [[gnu::always_inline]] inline
+#define ZORS_INLINE_LAMBDA __attribute__((always_inline))  // between the parameters and the body
+
+namespace zors::simd {
+
+// ---- Registers ----------------------------------------------------------------------------------------------------------
+
+template <class T> struct RegisterOf { using type = __m256i; };
+template <> struct RegisterOf<Zor32f> { using type = __m256; };
+template <> struct RegisterOf<Zor32fc> { using type = __m256; };
+template <> struct RegisterOf<Zor64f> { using type = __m256d; };
+template <> struct RegisterOf<Zor64fc> { using type = __m256d; };
+
+// Elements in memory order, or in the order that unpacking within 128-bit halves leaves: of two registers with elements
+// 0 to 15, the first holds 0-3 and 8-11, the second 4-7 and 12-15. Packing undoes it.
+enum class Order { memory, split };
+
+template <class T, int L, Order O = Order::memory> struct Vec {
+  using Element = T;
+  using Register = typename RegisterOf<T>::type;
+  static constexpr int lanes = L;
+  static constexpr int registers = L * int{sizeof(T)} / 32;
+  static_assert(registers >= 1 && registers * 32 == L * int{sizeof(T)}, "a vector fills whole registers");
+  Register r[registers];
+};
+template <class T, int L> using Split = Vec<T, L, Order::split>;
+
+template <class T> inline constexpr int lanesOf = 32 / int{sizeof(T)};  // in one register
+
+// f(0), f(1), ... f(n - 1) with constants as arguments: the only register loop, unrolled by construction.
+template <int n, class F> ZORS_INLINE void unrolled(F&& f) {
+  [&]<int... i>(std::integer_sequence<int, i...>) ZORS_INLINE_LAMBDA { (f(std::integral_constant<int, i>{}), ...); }(std::make_integer_sequence<int, n>{});
+}
+// A vector of type V whose register i is f(i).
+template <class V, class F> ZORS_INLINE V build(F&& f) {
+  return [&]<int... i>(std::integer_sequence<int, i...>) ZORS_INLINE_LAMBDA { return V{{f(std::integral_constant<int, i>{})...}}; }(
+      std::make_integer_sequence<int, V::registers>{});
+}
+
+// ---- Loads, stores, constants -------------------------------------------------------------------------------------------
+
+template <int L, class T> ZORS_INLINE Vec<T, L> load(const T* p) {
+  return build<Vec<T, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const void* at = reinterpret_cast<const char*>(p) + 32 * i;
+    if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256>) return _mm256_loadu_ps(static_cast<const float*>(at));
+    else if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256d>) return _mm256_loadu_pd(static_cast<const double*>(at));
+    else return _mm256_loadu_si256(static_cast<const __m256i*>(at));
+  });
+}
+template <class T, int L> ZORS_INLINE void store(T* p, Vec<T, L> x) {
+  unrolled<Vec<T, L>::registers>([&](auto i) ZORS_INLINE_LAMBDA {
+    void* at = reinterpret_cast<char*>(p) + 32 * i;
+    if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256>) _mm256_storeu_ps(static_cast<float*>(at), x.r[i]);
+    else if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256d>) _mm256_storeu_pd(static_cast<double*>(at), x.r[i]);
+    else _mm256_storeu_si256(static_cast<__m256i*>(at), x.r[i]);
+  });
+}
+
+ZORS_INLINE __m256i splatRegister(std::integral auto value) {
+  if constexpr (sizeof value == 1) return _mm256_set1_epi8(static_cast<char>(value));
+  else if constexpr (sizeof value == 2) return _mm256_set1_epi16(static_cast<short>(value));
+  else if constexpr (sizeof value == 4) return _mm256_set1_epi32(static_cast<int>(value));
+  else return _mm256_set1_epi64x(static_cast<long long>(value));
+}
+ZORS_INLINE __m256 splatRegister(Zor32f value) { return _mm256_set1_ps(value); }
+ZORS_INLINE __m256d splatRegister(Zor64f value) { return _mm256_set1_pd(value); }
+
+// All lanes val.
+template <class V> ZORS_INLINE V splat(typename V::Element val) {
+  const auto r = splatRegister(val);
+  return build<V>([&](auto) ZORS_INLINE_LAMBDA { return r; });
+}
+template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> same(Vec<T, L, O>, std::type_identity_t<T> val) { return splat<Vec<T, L, O>>(val); }
+
+// ---- Operations, one line each ------------------------------------------------------------------------------------------
+
+#define ZORS_OP1(name, T, instruction)                                                    \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a) {               \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i]); });             \
+  }
+#define ZORS_OP(name, T, instruction)                                                     \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b) { \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], b.r[i]); });     \
+  }
+#define ZORS_OP3(name, T, instruction)                                                    \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b, Vec<T, L, O> c) { \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], b.r[i], c.r[i]); }); \
+  }
+#define ZORS_SHIFT(name, T, instruction)                                                  \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, int count) {    \
+    const __m128i counts = _mm_cvtsi32_si128(count);                                      \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], counts); });     \
+  }
+
+ZORS_OP(add, Zor8u, _mm256_add_epi8)  // integers: modular
+ZORS_OP(add, Zor8s, _mm256_add_epi8)
+ZORS_OP(add, Zor16s, _mm256_add_epi16)
+ZORS_OP(add, Zor16u, _mm256_add_epi16)
+ZORS_OP(add, Zor32s, _mm256_add_epi32)
+ZORS_OP(add, Zor32u, _mm256_add_epi32)
+ZORS_OP(add, Zor64s, _mm256_add_epi64)
+ZORS_OP(add, Zor64u, _mm256_add_epi64)
+ZORS_OP(add, Zor32f, _mm256_add_ps)
+ZORS_OP(add, Zor64f, _mm256_add_pd)
+ZORS_OP(add, Zor32fc, _mm256_add_ps)
+ZORS_OP(add, Zor64fc, _mm256_add_pd)
+ZORS_OP(sub, Zor8u, _mm256_sub_epi8)
+ZORS_OP(sub, Zor8s, _mm256_sub_epi8)
+ZORS_OP(sub, Zor16s, _mm256_sub_epi16)
+ZORS_OP(sub, Zor16u, _mm256_sub_epi16)
+ZORS_OP(sub, Zor32s, _mm256_sub_epi32)
+ZORS_OP(sub, Zor32u, _mm256_sub_epi32)
+ZORS_OP(sub, Zor64s, _mm256_sub_epi64)
+ZORS_OP(sub, Zor64u, _mm256_sub_epi64)
+ZORS_OP(sub, Zor32f, _mm256_sub_ps)
+ZORS_OP(sub, Zor64f, _mm256_sub_pd)
+ZORS_OP(sub, Zor32fc, _mm256_sub_ps)
+ZORS_OP(sub, Zor64fc, _mm256_sub_pd)
+ZORS_OP(mul, Zor16s, _mm256_mullo_epi16)  // integers: the low half
+ZORS_OP(mul, Zor16u, _mm256_mullo_epi16)
+ZORS_OP(mul, Zor32s, _mm256_mullo_epi32)
+ZORS_OP(mul, Zor32u, _mm256_mullo_epi32)
+ZORS_OP(mul, Zor32f, _mm256_mul_ps)
+ZORS_OP(mul, Zor64f, _mm256_mul_pd)
+ZORS_OP(div, Zor32f, _mm256_div_ps)
+ZORS_OP(div, Zor64f, _mm256_div_pd)
+ZORS_OP1(sqrt, Zor32f, _mm256_sqrt_ps)
+ZORS_OP1(sqrt, Zor64f, _mm256_sqrt_pd)
+ZORS_OP3(fma, Zor32f, _mm256_fmadd_ps)  // round(a * b + c)
+ZORS_OP3(fma, Zor64f, _mm256_fmadd_pd)
+ZORS_OP3(fms, Zor32f, _mm256_fmsub_ps)  // round(a * b - c)
+ZORS_OP3(fms, Zor64f, _mm256_fmsub_pd)
+ZORS_OP3(fnma, Zor32f, _mm256_fnmadd_ps)  // round(c - a * b)
+ZORS_OP3(fnma, Zor64f, _mm256_fnmadd_pd)
+ZORS_OP(addSaturated, Zor8u, _mm256_adds_epu8)
+ZORS_OP(addSaturated, Zor8s, _mm256_adds_epi8)
+ZORS_OP(addSaturated, Zor16s, _mm256_adds_epi16)
+ZORS_OP(addSaturated, Zor16u, _mm256_adds_epu16)
+ZORS_OP(subSaturated, Zor8u, _mm256_subs_epu8)
+ZORS_OP(subSaturated, Zor8s, _mm256_subs_epi8)
+ZORS_OP(subSaturated, Zor16s, _mm256_subs_epi16)
+ZORS_OP(subSaturated, Zor16u, _mm256_subs_epu16)
+ZORS_OP(min, Zor8u, _mm256_min_epu8)
+ZORS_OP(min, Zor8s, _mm256_min_epi8)
+ZORS_OP(min, Zor16s, _mm256_min_epi16)
+ZORS_OP(min, Zor16u, _mm256_min_epu16)
+ZORS_OP(min, Zor32s, _mm256_min_epi32)
+ZORS_OP(min, Zor32u, _mm256_min_epu32)
+ZORS_OP(min, Zor32f, _mm256_min_ps)  // the second where either is NaN, or both are zeros
+ZORS_OP(min, Zor64f, _mm256_min_pd)
+ZORS_OP(max, Zor8u, _mm256_max_epu8)
+ZORS_OP(max, Zor8s, _mm256_max_epi8)
+ZORS_OP(max, Zor16s, _mm256_max_epi16)
+ZORS_OP(max, Zor16u, _mm256_max_epu16)
+ZORS_OP(max, Zor32s, _mm256_max_epi32)
+ZORS_OP(max, Zor32u, _mm256_max_epu32)
+ZORS_OP(max, Zor32f, _mm256_max_ps)  // the second where either is NaN, or both are zeros
+ZORS_OP(max, Zor64f, _mm256_max_pd)
+ZORS_OP(above, Zor8s, _mm256_cmpgt_epi8)  // -1 where a > b, else 0
+ZORS_OP(above, Zor16s, _mm256_cmpgt_epi16)
+ZORS_OP(above, Zor32s, _mm256_cmpgt_epi32)
+ZORS_OP(above, Zor64s, _mm256_cmpgt_epi64)
+ZORS_OP(equal, Zor8u, _mm256_cmpeq_epi8)  // all ones where a = b, else 0
+ZORS_OP(equal, Zor8s, _mm256_cmpeq_epi8)
+ZORS_OP(equal, Zor16s, _mm256_cmpeq_epi16)
+ZORS_OP(equal, Zor16u, _mm256_cmpeq_epi16)
+ZORS_OP(equal, Zor32s, _mm256_cmpeq_epi32)
+ZORS_OP(equal, Zor32u, _mm256_cmpeq_epi32)
+ZORS_OP(equal, Zor64s, _mm256_cmpeq_epi64)
+ZORS_OP(equal, Zor64u, _mm256_cmpeq_epi64)
+ZORS_SHIFT(shiftRight, Zor16s, _mm256_sra_epi16)  // signed: arithmetic; unsigned: zeros move in
+ZORS_SHIFT(shiftRight, Zor16u, _mm256_srl_epi16)
+ZORS_SHIFT(shiftRight, Zor32s, _mm256_sra_epi32)
+ZORS_SHIFT(shiftRight, Zor32u, _mm256_srl_epi32)
+ZORS_SHIFT(shiftRight, Zor64u, _mm256_srl_epi64)
+ZORS_SHIFT(shiftLeft, Zor16s, _mm256_sll_epi16)
+ZORS_SHIFT(shiftLeft, Zor16u, _mm256_sll_epi16)
+ZORS_SHIFT(shiftLeft, Zor32s, _mm256_sll_epi32)
+ZORS_SHIFT(shiftLeft, Zor32u, _mm256_sll_epi32)
+ZORS_SHIFT(shiftLeft, Zor64s, _mm256_sll_epi64)
+ZORS_SHIFT(shiftLeft, Zor64u, _mm256_sll_epi64)
+
+#undef ZORS_OP1
+#undef ZORS_OP
+#undef ZORS_OP3
+#undef ZORS_SHIFT
+
+// ---- Bits ---------------------------------------------------------------------------------------------------------------
+
+// The registers of a vector as bits, and back.
+ZORS_INLINE __m256i bits(__m256i x) { return x; }
+ZORS_INLINE __m256i bits(__m256 x) { return _mm256_castps_si256(x); }
+ZORS_INLINE __m256i bits(__m256d x) { return _mm256_castpd_si256(x); }
+template <class R> ZORS_INLINE R fromBits(__m256i x) {
+  if constexpr (std::is_same_v<R, __m256>) return _mm256_castsi256_ps(x);
+  else if constexpr (std::is_same_v<R, __m256d>) return _mm256_castsi256_pd(x);
+  else return x;
+}
+// The same bits, taken as elements of type N.
+template <class N, class T, int L, Order O> ZORS_INLINE auto as(Vec<T, L, O> x) {
+  using V = Vec<N, L * int{sizeof(T)} / int{sizeof(N)}, O>;
+  return build<V>([&](auto i) ZORS_INLINE_LAMBDA { return fromBits<typename V::Register>(bits(x.r[i])); });
+}
+
+#define ZORS_BITS(name, instruction)                                                                            \
+  template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b) {            \
+    using R = typename Vec<T, L, O>::Register;                                                                  \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return fromBits<R>(instruction(bits(a.r[i]), bits(b.r[i]))); }); \
+  }
+ZORS_BITS(both, _mm256_and_si256)
+ZORS_BITS(either, _mm256_or_si256)
+ZORS_BITS(differing, _mm256_xor_si256)
+ZORS_BITS(without, _mm256_andnot_si256)  // the bits of b that are not in a
+#undef ZORS_BITS
+
+// Where mask is all ones b, where it is 0 a; a mask lane is of the vector's width.
+template <class T, class M, int L, Order O> ZORS_INLINE Vec<T, L, O> select(Vec<M, L, O> mask, Vec<T, L, O> a, Vec<T, L, O> b) {
+  static_assert(sizeof(T) == sizeof(M));
+  using R = typename Vec<T, L, O>::Register;
+  return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return fromBits<R>(_mm256_blendv_epi8(bits(a.r[i]), bits(b.r[i]), bits(mask.r[i]))); });
+}
+
+// ---- Widening and narrowing ---------------------------------------------------------------------------------------------
+
+// Two registers for one, unpacked within 128-bit halves: the signed by their sign, the unsigned by zeros.
+#define ZORS_WIDEN(N, W, suffix, highPart)                                                             \
+  template <int L> ZORS_INLINE Split<W, L> widen(Vec<N, L> x) {                                        \
+    return build<Split<W, L>>([&](auto i) ZORS_INLINE_LAMBDA {                                         \
+      const __m256i low = x.r[i / 2], high = highPart;                                                 \
+      return i % 2 == 0 ? _mm256_unpacklo_##suffix(low, high) : _mm256_unpackhi_##suffix(low, high);   \
+    });                                                                                                \
+  }
+ZORS_WIDEN(Zor8u, Zor16s, epi8, _mm256_setzero_si256())
+ZORS_WIDEN(Zor8s, Zor16s, epi8, _mm256_cmpgt_epi8(_mm256_setzero_si256(), low))
+ZORS_WIDEN(Zor16u, Zor32s, epi16, _mm256_setzero_si256())
+ZORS_WIDEN(Zor16s, Zor32s, epi16, _mm256_srai_epi16(low, 15))
+ZORS_WIDEN(Zor32u, Zor64s, epi32, _mm256_setzero_si256())
+ZORS_WIDEN(Zor32s, Zor64s, epi32, _mm256_srai_epi32(low, 31))
+#undef ZORS_WIDEN
+
+// Back to one register for two, saturated, memory order again.
+#define ZORS_SATURATE(W, N, instruction)                                                       \
+  template <class D, int L> requires std::is_same_v<D, N> ZORS_INLINE Vec<N, L> saturate(Split<W, L> x) { \
+    return build<Vec<N, L>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(x.r[2 * i], x.r[2 * i + 1]); });   \
+  }
+ZORS_SATURATE(Zor16s, Zor8u, _mm256_packus_epi16)
+ZORS_SATURATE(Zor16s, Zor8s, _mm256_packs_epi16)
+ZORS_SATURATE(Zor32s, Zor16s, _mm256_packs_epi32)
+ZORS_SATURATE(Zor32s, Zor16u, _mm256_packus_epi32)
+#undef ZORS_SATURATE
+
+// The same from memory order.
+template <class D, int L> requires(sizeof(D) == 2) ZORS_INLINE Vec<D, L> saturate(Vec<Zor32s, L> x) {
+  const Vec<D, L> halves = saturate<D>(Split<Zor32s, L>(build<Split<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return x.r[i]; })));
+  return build<Vec<D, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute4x64_epi64(halves.r[i], 0xD8); });
+}
+
+// ---- Integer and float --------------------------------------------------------------------------------------------------
+
+template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor32s, L> x) {
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtepi32_ps(x.r[i]); });
+}
+// Sign extension and conversion, memory order. The 16-byte halves are taken from memory where x was just loaded.
+template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor16s, L> x) {
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m128i half = i % 2 == 0 ? _mm256_castsi256_si128(x.r[i / 2]) : _mm256_extracti128_si256(x.r[i / 2], 1);
+    return _mm256_cvtepi32_ps(_mm256_cvtepi16_epi32(half));
+  });
+}
+// NaN and values out of range give 0x80000000.
+template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor32f, L> x) {
+  return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtps_epi32(x.r[i]); });
+}
+template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor32f, L> x) {
+  return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvttps_epi32(x.r[i]); });
+}
+
+}  // namespace zors::simd
