@@ -71,6 +71,12 @@ template <class T, int L> ZORS_INLINE void store(T* p, Vec<T, L> x) {
   });
 }
 
+// A loaded vector that has several uses: g++ would otherwise load it anew as an operand of each.
+template <class V> ZORS_INLINE V held(V x) {
+  for (auto& r : x.r) __asm__("" : "+x"(r));
+  return x;
+}
+
 ZORS_INLINE __m256i splatRegister(std::integral auto value) {
   if constexpr (sizeof value == 1) return _mm256_set1_epi8(static_cast<char>(value));
   else if constexpr (sizeof value == 2) return _mm256_set1_epi16(static_cast<short>(value));
@@ -280,6 +286,11 @@ template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor16s, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
     const __m128i half = i % 2 == 0 ? _mm256_castsi256_si128(x.r[i / 2]) : _mm256_extracti128_si256(x.r[i / 2], 1);
     return _mm256_cvtepi32_ps(_mm256_cvtepi16_epi32(half));
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32f, L> x) {  // exact, memory order
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_cvtps_pd(i % 2 == 0 ? _mm256_castps256_ps128(x.r[i / 2]) : _mm256_extractf128_ps(x.r[i / 2], 1));
   });
 }
 // NaN and values out of range give 0x80000000.
