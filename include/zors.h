@@ -259,14 +259,66 @@ ZorStatus zorsMulC_64f_I(Zor64f val, Zor64f* srcDst, Zor32s len);
 
 /* ---- Conversion ---------------------------------------------------------------------------------------------- */
 
-/* Convert, integer to float: exact. */
+/* Convert to wider types and between float types: dst[i] = src[i]. 24s and 24u elements have three bytes, least significant
+   first. All exact but 32s32f, 64f32f and 64s64f, which round in the current direction, and 32s16s, which saturates.
+   64s64f takes an unsigned len: only 0 is zorStatusBadSize. */
+ZorStatus zorsConvert_8s16s(const Zor8s* src, Zor16s* dst, Zor32s len);
+ZorStatus zorsConvert_16s32s(const Zor16s* src, Zor32s* dst, Zor32s len);
+ZorStatus zorsConvert_8s32f(const Zor8s* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsConvert_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsConvert_16s32f(const Zor16s* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsConvert_16u32f(const Zor16u* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsConvert_32s32f(const Zor32s* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsConvert_32f64f(const Zor32f* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsConvert_32s64f(const Zor32s* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsConvert_64f32f(const Zor64f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsConvert_64s64f(const Zor64s* src, Zor64f* dst, Zor32u len);
+ZorStatus zorsConvert_32s16s(const Zor32s* src, Zor16s* dst, Zor32s len);
+ZorStatus zorsConvert_24s32s(const Zor8u* src, Zor32s* dst, Zor32s len);
+ZorStatus zorsConvert_24u32u(const Zor8u* src, Zor32u* dst, Zor32s len);
+ZorStatus zorsConvert_24s32f(const Zor8u* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsConvert_24u32f(const Zor8u* src, Zor32f* dst, Zor32s len);
+
+/* Convert, integer to float, scaled: dst[i] = src[i] * 2^-scaleFactor.
+   Numerics: the integer to the float type, then one product, both in the current direction. Scale factors are limited to
+   -112..126 (16s32f), -96..126 (32s32f), -1008..1022 (16s64f), -992..1022 (32s64f). */
+ZorStatus zorsConvert_16s32f_Sfs(const Zor16s* src, Zor32f* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsConvert_32s32f_Sfs(const Zor32s* src, Zor32f* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsConvert_16s64f_Sfs(const Zor16s* src, Zor64f* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsConvert_32s64f_Sfs(const Zor32s* src, Zor64f* dst, Zor32s len, Zor32s scaleFactor);
 
 /* Convert, float to integer: dst[i] = src[i] * 2^-scaleFactor, rounded by rnd and saturated.
-   Numerics: the factor is the binary32 with the bits 0x3F800000 - (scaleFactor << 23) in 32 bits; scale factors outside
-   what an exponent holds wrap into other bits. rnd: zorRoundTowardZero, zorRoundNearestEven, any other value nearest with
-   ties away from zero. Neither depends on the current direction. NaN gives -32768. */
+   rnd: zorRoundTowardZero, zorRoundNearestEven, any other value nearest with ties away from zero; the 24-bit members round to
+   nearest even. None depends on the current direction.
+   Numerics: from 32f the factor is the binary32 with the bits 0x3F800000 - (scaleFactor << 23) in 32 bits, which wrap outside
+   an exponent's range; 32f8s takes 2^-scaleFactor down to 0 and up to infinity; 24-bit members limit scaleFactor to
+   -127..127, 64f16s and 64f32s to -1008..1022.
+   NaN gives the lower bound, of 32f8u and 32f16u 0; of 32f32s the bound of its sign. 64f64s takes an unsigned len. */
+ZorStatus zorsConvert_32f8s_Sfs(const Zor32f* src, Zor8s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_32f8u_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f16s_Sfs(const Zor32f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_32f16u_Sfs(const Zor32f* src, Zor16u* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_32f32s_Sfs(const Zor32f* src, Zor32s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_64f16s_Sfs(const Zor64f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_64f32s_Sfs(const Zor64f* src, Zor32s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_64f64s_Sfs(const Zor64f* src, Zor64s* dst, Zor32u len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_32f24s_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsConvert_32f24u_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+
+/* Convert, integer to narrower integer, scaled and saturated. 16s8s and 64s32s round by rnd as above, the others by the scale
+   rule. Scale factors are limited to -15..31 (32s16s), -30..31 (24-bit), -30..63 (64s32s). 16s8s takes an unsigned len. */
+ZorStatus zorsConvert_16s8s_Sfs(const Zor16s* src, Zor8s* dst, Zor32u len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsConvert_64s32s_Sfs(const Zor64s* src, Zor32s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsConvert_32s24s_Sfs(const Zor32s* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsConvert_32u24u_Sfs(const Zor32u* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+
+/* Convert, binary16. rnd: zorRoundNearestEven, or zorRoundTowardZero; zorRoundHalfAway is zorStatusBadRoundMode, after
+   pointers and len. 16f16s: NaN gives 0. The same results with and without the processor's conversion instructions. */
+ZorStatus zorsConvert_16f32f(const Zor16f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsConvert_32f16f(const Zor32f* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
+ZorStatus zorsConvert_16s16f(const Zor16s* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
+ZorStatus zorsConvert_16f16s_Sfs(const Zor16f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 

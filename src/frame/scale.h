@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <type_traits>
 
 #include "frame/simd.h"
 
@@ -13,15 +14,22 @@ template <class D> struct ScaleNone {
   template <class V> ZORS_INLINE auto operator()(V t) const { return simd::saturate<D>(t); }
 };
 
-template <class D> struct ScaleDown {  // nothing is added to t, so nothing overflows; 1 <= shift < width of t - 1
+// t / 2^shift to nearest, ties to even. Nothing is added to t, so nothing overflows; 1 <= shift < width of t. An unsigned t
+// is compared as a signed one below its top bit, which no cut part reaches.
+template <class T, int L, simd::Order O> ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift) {
+  using namespace simd;
+  using S = std::make_signed_t<T>;
+  using U = std::make_unsigned_t<T>;
+  const auto half = same(as<S>(t), S(U{1} << (shift - 1))), cutMask = same(as<S>(t), S((U{1} << shift) - 1));
+  const auto quotient = shiftRight(t, shift);
+  const auto odd = both(as<S>(quotient), same(as<S>(t), S{1}));
+  const auto roundUp = above(both(as<S>(t), cutMask), sub(half, odd));  // -1 or 0
+  return as<T>(sub(as<S>(quotient), roundUp));
+}
+
+template <class D> struct ScaleDown {
   int shift;
-  template <class T, int L, simd::Order O> ZORS_INLINE auto operator()(simd::Vec<T, L, O> t) const {
-    using namespace simd;
-    const auto half = same(t, T(T{1} << (shift - 1))), cutMask = same(t, T((T{1} << shift) - 1));
-    const auto quotient = shiftRight(t, shift);
-    const auto roundUp = above(both(t, cutMask), sub(half, both(quotient, same(t, T{1}))));  // -1 or 0
-    return saturate<D>(sub(quotient, roundUp));
-  }
+  template <class V> ZORS_INLINE auto operator()(V t) const { return simd::saturate<D>(roundedShift(t, shift)); }
 };
 
 template <class D> struct ScaleUp {  // t is drawn in to the nearest value that still saturates, then shifted

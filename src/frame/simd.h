@@ -234,6 +234,11 @@ ZORS_BITS(differing, _mm256_xor_si256)
 ZORS_BITS(without, _mm256_andnot_si256)  // the bits of b that are not in a
 #undef ZORS_BITS
 
+// All ones where x is not NaN, else 0.
+template <int L> ZORS_INLINE Vec<Zor32f, L> ordered(Vec<Zor32f, L> x) {
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(x.r[i], x.r[i], _CMP_ORD_Q); });
+}
+
 // Where mask is all ones b, where it is 0 a; a mask lane is of the vector's width.
 template <class T, class M, int L, Order O> ZORS_INLINE Vec<T, L, O> select(Vec<M, L, O> mask, Vec<T, L, O> a, Vec<T, L, O> b) {
   static_assert(sizeof(T) == sizeof(M));
@@ -271,26 +276,72 @@ ZORS_SATURATE(Zor32s, Zor16u, _mm256_packus_epi32)
 #undef ZORS_SATURATE
 
 // The same from memory order.
-template <class D, int L> requires(sizeof(D) == 2) ZORS_INLINE Vec<D, L> saturate(Vec<Zor32s, L> x) {
-  const Vec<D, L> halves = saturate<D>(Split<Zor32s, L>(build<Split<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return x.r[i]; })));
+template <class D, class W, int L> requires(sizeof(W) == 2 * sizeof(D)) ZORS_INLINE Vec<D, L> saturate(Vec<W, L> x) {
+  const Vec<D, L> halves = saturate<D>(Split<W, L>(build<Split<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return x.r[i]; })));
   return build<Vec<D, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute4x64_epi64(halves.r[i], 0xD8); });
 }
+// Two steps down: 32 to 8 bits.
+template <class D, int L> requires(sizeof(D) == 1) ZORS_INLINE Vec<D, L> saturate(Vec<Zor32s, L> x) {
+  return saturate<D>(saturate<Zor16s>(x));
+}
+
+// Elements i * 32 / sizeof(W) on, for register i of a vector of the wider type W: they stand at the bottom.
+template <class W, class N, int L> ZORS_INLINE __m128i lowPart(Vec<N, L> x, int i) {
+  constexpr int ratio = int{sizeof(W)} / int{sizeof(N)};
+  const __m256i r = x.r[i / ratio];
+  const int part = i % ratio;
+  const __m128i half = part < ratio / 2 ? _mm256_castsi256_si128(r) : _mm256_extracti128_si256(r, 1);
+  switch (part % (ratio / 2) * 8 / (ratio / 2)) {  // quarters of the half that is left, in 2 bytes
+    case 0: return half;
+    case 2: return _mm_srli_si128(half, 4);
+    case 4: return _mm_srli_si128(half, 8);
+    default: return _mm_srli_si128(half, 12);
+  }
+}
+// Wider elements in memory order: the signed by their sign, the unsigned by zeros.
+#define ZORS_EXTEND(N, W, instruction)                                                                     \
+  template <class D, int L> requires std::is_same_v<D, W> ZORS_INLINE Vec<W, L> extend(Vec<N, L> x) {      \
+    return build<Vec<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(lowPart<W>(x, i)); });     \
+  }
+ZORS_EXTEND(Zor8s, Zor16s, _mm256_cvtepi8_epi16)
+ZORS_EXTEND(Zor8s, Zor32s, _mm256_cvtepi8_epi32)
+ZORS_EXTEND(Zor8u, Zor32s, _mm256_cvtepu8_epi32)
+ZORS_EXTEND(Zor16s, Zor32s, _mm256_cvtepi16_epi32)
+ZORS_EXTEND(Zor16u, Zor32s, _mm256_cvtepu16_epi32)
+ZORS_EXTEND(Zor32s, Zor64s, _mm256_cvtepi32_epi64)
+#undef ZORS_EXTEND
 
 // ---- Integer and float --------------------------------------------------------------------------------------------------
 
 template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor32s, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtepi32_ps(x.r[i]); });
 }
-// Sign extension and conversion, memory order. The 16-byte halves are taken from memory where x was just loaded.
-template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor16s, L> x) {
+template <class N, int L> requires(sizeof(N) < 4) ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<N, L> x) { return toFloat(extend<Zor32s>(x)); }
+template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor64f, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    const __m128i half = i % 2 == 0 ? _mm256_castsi256_si128(x.r[i / 2]) : _mm256_extracti128_si256(x.r[i / 2], 1);
-    return _mm256_cvtepi32_ps(_mm256_cvtepi16_epi32(half));
+    return _mm256_set_m128(_mm256_cvtpd_ps(x.r[2 * i + 1]), _mm256_cvtpd_ps(x.r[2 * i]));
   });
 }
-template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32f, L> x) {  // exact, memory order
+template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32f, L> x) {  // exact
   return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
     return _mm256_cvtps_pd(i % 2 == 0 ? _mm256_castps256_ps128(x.r[i / 2]) : _mm256_extractf128_ps(x.r[i / 2], 1));
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32s, L> x) {  // exact
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_cvtepi32_pd(i % 2 == 0 ? _mm256_castsi256_si128(x.r[i / 2]) : _mm256_extracti128_si256(x.r[i / 2], 1));
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor16s, L> x) { return toDouble(extend<Zor32s>(x)); }
+// Two exact halves, 2^52 + low and high - 2^52, and their sum: one rounding. Zero is +0 in every direction.
+template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor64s, L> x) {
+  const __m256i lowBias = _mm256_set1_epi64x(0x4330000000000000), highBias = _mm256_set1_epi64x(0x4530000080000000);
+  const __m256d bias = _mm256_set1_pd(0x1p84 + 0x1p63 + 0x1p52);
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256d low = _mm256_castsi256_pd(_mm256_blend_epi32(x.r[i], lowBias, 0xAA));
+    const __m256d high = _mm256_castsi256_pd(_mm256_xor_si256(_mm256_srli_epi64(x.r[i], 32), highBias));
+    const __m256d zero = _mm256_castsi256_pd(_mm256_cmpeq_epi64(x.r[i], _mm256_setzero_si256()));
+    return _mm256_andnot_pd(zero, _mm256_add_pd(_mm256_sub_pd(high, bias), low));
   });
 }
 // NaN and values out of range give 0x80000000.
@@ -299,6 +350,17 @@ template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor32f, L> x) {
 }
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor32f, L> x) {
   return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvttps_epi32(x.r[i]); });
+}
+
+template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor64f, L> x) {
+  return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_set_m128i(_mm256_cvtpd_epi32(x.r[2 * i + 1]), _mm256_cvtpd_epi32(x.r[2 * i]));
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor64f, L> x) {
+  return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_set_m128i(_mm256_cvttpd_epi32(x.r[2 * i + 1]), _mm256_cvttpd_epi32(x.r[2 * i]));
+  });
 }
 
 }  // namespace zors::simd

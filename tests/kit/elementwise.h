@@ -18,6 +18,12 @@ inline std::vector<int> sweepLengths() {
   return lengths;
 }
 
+// For a case beside others that sweep all lengths: another scale factor, another constant.
+inline const std::vector<int>& fewLengths() {
+  static const std::vector<int> lengths = {1, 7, 15, 33, 64, 203};
+  return lengths;
+}
+
 // The caller's rounding direction for a scope.
 class Direction {
  public:
@@ -68,13 +74,13 @@ void checkOnce(const std::string& name, Call call, Model model, int len, Edge ed
 }
 
 template <Form form, class D, class... S, class Call, class Model>
-void sweep(const std::string& name, Call call, Model model, Nan nan) {
+void sweep(const std::string& name, Call call, Model model, Nan nan, const std::vector<int>& lengths) {
   Random random(1);
   constexpr int n = sizeof...(S);
   constexpr bool canAlias[] = {std::is_same_v<S, D>..., false};
-  for (int len : sweepLengths())
+  for (int len : lengths)
     for (Edge edge : bothEdges)
-      for (std::size_t steps = 0; steps < (len > 40 && len < 50 ? 32 : 2); ++steps)
+      for (std::size_t steps = 0; steps < (len == 41 || len == 48 ? 32 : 2); ++steps)
         for (int alias = form == Form::inPlace ? n - 1 : -1; alias < n; ++alias) {
           if (alias >= 0 && !canAlias[alias]) continue;
           checkOnce<form, D, S...>(name, call, model, len, edge, steps, alias, random, nan);
@@ -86,13 +92,13 @@ void sweep(const std::string& name, Call call, Model model, Nan nan) {
 
 // call(const S*..., D* dst, len) against model(S...); each source of the destination's type is tried as the destination too.
 template <class D, class... S, class Call, class Model>
-void sweep(const std::string& name, Call call, Model model, Nan nan = Nan::anyPayload) {
-  detail::sweep<detail::Form::outOfPlace, D, S...>(name, call, model, nan);
+void sweep(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(), Nan nan = Nan::anyPayload) {
+  detail::sweep<detail::Form::outOfPlace, D, S...>(name, call, model, nan, lengths);
 }
 // call(const S*..., D* srcDst, len) against model(S..., D).
 template <class D, class... S, class Call, class Model>
-void sweepInPlace(const std::string& name, Call call, Model model, Nan nan = Nan::anyPayload) {
-  detail::sweep<detail::Form::inPlace, D, S..., D>(name, call, model, nan);
+void sweepInPlace(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(), Nan nan = Nan::anyPayload) {
+  detail::sweep<detail::Form::inPlace, D, S..., D>(name, call, model, nan, lengths);
 }
 
 }  // namespace kit

@@ -52,6 +52,12 @@ template <ComplexPair T> T anyValue(Random& random) {
   using Part = decltype(T::re);
   return {anyValue<Part>(random), anyValue<Part>(random)};
 }
+template <class T> concept ByteRecord = std::is_class_v<T> && !ComplexPair<T>;  // a packed element of bytes
+template <ByteRecord T> T anyValue(Random& random) {
+  T x;
+  for (auto& byte : x.bytes) byte = static_cast<Zor8u>(anyValue<Zor8u>(random));
+  return x;
+}
 template <class T> void fillAny(std::span<T> out, Random& random) {
   for (T& x : out) x = anyValue<T>(random);
 }
@@ -89,6 +95,10 @@ template <class T> std::string text(T x) {
   else if constexpr (std::floating_point<T>) {
     char out[64];
     std::snprintf(out, sizeof out, "%a", double(x));
+    return out;
+  } else if constexpr (ByteRecord<T>) {
+    std::string out;
+    for (auto byte : x.bytes) out += std::to_string(byte) + " ";
     return out;
   } else return std::to_string(x);
 }
