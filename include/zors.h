@@ -320,6 +320,61 @@ ZorStatus zorsConvert_32f16f(const Zor32f* src, Zor16f* dst, Zor32s len, ZorRoun
 ZorStatus zorsConvert_16s16f(const Zor16s* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
 ZorStatus zorsConvert_16f16s_Sfs(const Zor16f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 
+/* Real, Imag, CplxToReal: the parts of complex vectors; RealToCplx: the way back, where either source may be null and the
+   part is zero then. Checks of RealToCplx: dst, both sources null, len. Plain moves. */
+ZorStatus zorsReal_16sc(const Zor16sc* src, Zor16s* dstRe, Zor32s len);
+ZorStatus zorsReal_32fc(const Zor32fc* src, Zor32f* dstRe, Zor32s len);
+ZorStatus zorsReal_64fc(const Zor64fc* src, Zor64f* dstRe, Zor32s len);
+ZorStatus zorsImag_16sc(const Zor16sc* src, Zor16s* dstIm, Zor32s len);
+ZorStatus zorsImag_32fc(const Zor32fc* src, Zor32f* dstIm, Zor32s len);
+ZorStatus zorsImag_64fc(const Zor64fc* src, Zor64f* dstIm, Zor32s len);
+ZorStatus zorsCplxToReal_16sc(const Zor16sc* src, Zor16s* dstRe, Zor16s* dstIm, Zor32s len);
+ZorStatus zorsCplxToReal_32fc(const Zor32fc* src, Zor32f* dstRe, Zor32f* dstIm, Zor32s len);
+ZorStatus zorsCplxToReal_64fc(const Zor64fc* src, Zor64f* dstRe, Zor64f* dstIm, Zor32s len);
+ZorStatus zorsRealToCplx_16s(const Zor16s* srcRe, const Zor16s* srcIm, Zor16sc* dst, Zor32s len);
+ZorStatus zorsRealToCplx_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32fc* dst, Zor32s len);
+ZorStatus zorsRealToCplx_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64fc* dst, Zor32s len);
+
+/* Conj: dst[i] = conj(src[i]); ConjFlip: dst[i] = conj(src[len - 1 - i]), dst not src. Floats flip the sign bit of the
+   imaginary part, of zeros and NaN too; 16-bit parts negate with saturation. */
+ZorStatus zorsConj_16sc(const Zor16sc* src, Zor16sc* dst, Zor32s len);
+ZorStatus zorsConj_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len);
+ZorStatus zorsConj_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len);
+ZorStatus zorsConj_16sc_I(Zor16sc* srcDst, Zor32s len);
+ZorStatus zorsConj_32fc_I(Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsConj_64fc_I(Zor64fc* srcDst, Zor32s len);
+ZorStatus zorsConjFlip_16sc(const Zor16sc* src, Zor16sc* dst, Zor32s len);
+ZorStatus zorsConjFlip_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len);
+ZorStatus zorsConjFlip_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len);
+
+/* Normalize: dst[i] = (src[i] - vSub) / vDiv.
+   Numerics: floats one subtraction, then one product with the reciprocal, which is formed once. Integers: the difference is
+   exact, goes to binary32, is multiplied by the binary32 reciprocal, then by 2^-scaleFactor with the exponent modulo 128,
+   rounded to nearest even and saturated, all whatever the current direction.
+   Checks: pointers, len, then zorStatusDivideByZero: a float vDiv below the least normal magnitude, an integer 0. */
+ZorStatus zorsNormalize_32f(const Zor32f* src, Zor32f* dst, Zor32s len, Zor32f vSub, Zor32f vDiv);
+ZorStatus zorsNormalize_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, Zor32fc vSub, Zor32f vDiv);
+ZorStatus zorsNormalize_64f(const Zor64f* src, Zor64f* dst, Zor32s len, Zor64f vSub, Zor64f vDiv);
+ZorStatus zorsNormalize_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len, Zor64fc vSub, Zor64f vDiv);
+ZorStatus zorsNormalize_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, Zor16s vSub, Zor32s vDiv, Zor32s scaleFactor);
+ZorStatus zorsNormalize_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor16sc vSub, Zor32s vDiv, Zor32s scaleFactor);
+
+/* JoinScaled: nChannels float vectors of chanLen elements to interleaved samples, sample i of channel c at i * nChannels + c;
+   SplitScaled: the way back. -1 and 1 are the lowest and the highest sample; x * 32767.5 - 0.5 (16s, in binary32), or
+   x * 8388607.5 - 0.5 (24s, in binary64, three bytes a sample), each operation rounded, then to nearest even; x is limited to
+   [-1, 1] first, NaN is -1. Back: x * (1 / 32767.5) + 0.5 / 32767.5 likewise.
+   Checks: dst (src), nChannels and chanLen, src (dst), each channel's pointer. */
+ZorStatus zorsJoinScaled_32f16s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor16s* dst);
+ZorStatus zorsJoinScaled_32f24s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor8u* dst);
+ZorStatus zorsSplitScaled_16s32f_D2L(const Zor16s* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen);
+ZorStatus zorsSplitScaled_24s32f_D2L(const Zor8u* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen);
+
+/* PackBits: the low widths[i] bits of each src[i], most significant first, without gaps, from bit dstBitOffset & 7 of dst on,
+   counted from the 0x80 bit. All other bits stay. A width outside 0 to 32 is limited, and the result then is
+   zorWarningBitWidthClamped. dstBitLen receives the number of bits written. Checks: pointers; then len below 1 or
+   dstBitOffset below 0, zorStatusBadSize. */
+ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len, Zor8u* dst, Zor32s dstBitOffset, Zor32s* dstBitLen);
+
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 
 #define ZOR_FFT_DIVIDE_FORWARD 1   /* the forward result is divided by N */

@@ -52,4 +52,32 @@ template <int L, class Kernel, class D, class... S>
   return kernel;
 }
 
+// What a kernel gives that writes two vectors.
+template <class A, class B> struct Both {
+  A first;
+  B second;
+};
+template <class A, class B> Both(A, B) -> Both<A, B>;
+
+// The same with two destinations, each of which may be a source.
+template <int L, class Kernel, class D1, class D2, class... S>
+[[gnu::flatten]] void mapToTwo(Kernel kernel, std::ptrdiff_t len, D1* dst1, D2* dst2, const S*... src) {
+  using namespace simd;
+  if (len < L) [[unlikely]] {
+    const auto [a, b] = kernel(loadPart<L>(src, int(len))...);
+    storePart(dst1, a, int(len));
+    storePart(dst2, b, int(len));
+    return;
+  }
+  const std::ptrdiff_t last = len - L;
+  const auto end = kernel(load<L>(src + last)...);
+  for (std::ptrdiff_t i = 0; i < last; i += L) {
+    const auto [a, b] = kernel(load<L>(src + i)...);
+    store(dst1 + i, a);
+    store(dst2 + i, b);
+  }
+  store(dst1 + last, end.first);
+  store(dst2 + last, end.second);
+}
+
 }  // namespace zors

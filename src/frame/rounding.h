@@ -34,6 +34,12 @@ class RoundingScope {
   bool changed_;
 };
 
+// A value whose arithmetic is to stay in the scope around it.
+template <class T> T inScope(T x) {
+  __asm__ volatile("" : "+x"(x) : : "memory");
+  return x;
+}
+
 // Masks the invalid-operation exception and leaves the direction alone.
 class InvalidMaskedScope : RoundingScope {
  public:

@@ -5,6 +5,7 @@
 
 #include <immintrin.h>
 
+#include <bit>
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
@@ -85,6 +86,10 @@ ZORS_INLINE __m256i splatRegister(std::integral auto value) {
 }
 ZORS_INLINE __m256 splatRegister(Zor32f value) { return _mm256_set1_ps(value); }
 ZORS_INLINE __m256d splatRegister(Zor64f value) { return _mm256_set1_pd(value); }
+ZORS_INLINE __m256i splatRegister(Zor16sc value) { return _mm256_set1_epi32(std::bit_cast<int>(value)); }
+ZORS_INLINE __m256i splatRegister(Zor32sc value) { return _mm256_set1_epi64x(std::bit_cast<long long>(value)); }
+ZORS_INLINE __m256 splatRegister(Zor32fc value) { return _mm256_castpd_ps(_mm256_set1_pd(std::bit_cast<double>(value))); }
+ZORS_INLINE __m256d splatRegister(Zor64fc value) { return _mm256_setr_pd(value.re, value.im, value.re, value.im); }
 
 // All lanes val.
 template <class V> ZORS_INLINE V splat(typename V::Element val) {
@@ -310,6 +315,76 @@ ZORS_EXTEND(Zor16s, Zor32s, _mm256_cvtepi16_epi32)
 ZORS_EXTEND(Zor16u, Zor32s, _mm256_cvtepu16_epi32)
 ZORS_EXTEND(Zor32s, Zor64s, _mm256_cvtepi32_epi64)
 #undef ZORS_EXTEND
+
+// ---- Complex elements ---------------------------------------------------------------------------------------------------
+
+// The real parts of two registers' pairs, or the imaginary ones, memory order.
+template <int part, int L> ZORS_INLINE Vec<Zor32f, L> partOf(Vec<Zor32fc, L> z) {
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256 halves = _mm256_shuffle_ps(z.r[2 * i], z.r[2 * i + 1], part == 0 ? 0x88 : 0xDD);
+    return _mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(halves), 0xD8));
+  });
+}
+template <int part, int L> ZORS_INLINE Vec<Zor64f, L> partOf(Vec<Zor64fc, L> z) {
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_permute4x64_pd(_mm256_shuffle_pd(z.r[2 * i], z.r[2 * i + 1], part == 0 ? 0x0 : 0xF), 0xD8);
+  });
+}
+template <int part, int L> ZORS_INLINE Vec<Zor16s, L> partOf(Vec<Zor16sc, L> z) {
+  return build<Vec<Zor16s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const auto words = [&](__m256i x) ZORS_INLINE_LAMBDA { return part == 0 ? _mm256_srai_epi32(_mm256_slli_epi32(x, 16), 16) : _mm256_srai_epi32(x, 16); };
+    return _mm256_permute4x64_epi64(_mm256_packs_epi32(words(z.r[2 * i]), words(z.r[2 * i + 1])), 0xD8);
+  });
+}
+template <class V> ZORS_INLINE auto realPart(V z) { return partOf<0>(z); }
+template <class V> ZORS_INLINE auto imagPart(V z) { return partOf<1>(z); }
+
+// Pairs from two vectors.
+template <int L> ZORS_INLINE Vec<Zor32fc, L> toComplex(Vec<Zor32f, L> re, Vec<Zor32f, L> im) {
+  return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256 low = _mm256_unpacklo_ps(re.r[i / 2], im.r[i / 2]), high = _mm256_unpackhi_ps(re.r[i / 2], im.r[i / 2]);
+    return _mm256_permute2f128_ps(low, high, i % 2 == 0 ? 0x20 : 0x31);
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor64fc, L> toComplex(Vec<Zor64f, L> re, Vec<Zor64f, L> im) {
+  return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256d low = _mm256_unpacklo_pd(re.r[i / 2], im.r[i / 2]), high = _mm256_unpackhi_pd(re.r[i / 2], im.r[i / 2]);
+    return _mm256_permute2f128_pd(low, high, i % 2 == 0 ? 0x20 : 0x31);
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor16sc, L> toComplex(Vec<Zor16s, L> re, Vec<Zor16s, L> im) {
+  return build<Vec<Zor16sc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256i low = _mm256_unpacklo_epi16(re.r[i / 2], im.r[i / 2]), high = _mm256_unpackhi_epi16(re.r[i / 2], im.r[i / 2]);
+    return _mm256_permute2x128_si256(low, high, i % 2 == 0 ? 0x20 : 0x31);
+  });
+}
+
+// Floats change the sign bit, of zeros and NaN too; 16-bit parts negate with saturation.
+template <int L> ZORS_INLINE Vec<Zor32fc, L> conjugate(Vec<Zor32fc, L> z) {
+  return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_xor_ps(z.r[i], _mm256_castsi256_ps(_mm256_set1_epi64x(INT64_MIN))); });
+}
+template <int L> ZORS_INLINE Vec<Zor64fc, L> conjugate(Vec<Zor64fc, L> z) {
+  return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_xor_pd(z.r[i], _mm256_setr_pd(0.0, -0.0, 0.0, -0.0)); });
+}
+template <int L> ZORS_INLINE Vec<Zor16sc, L> conjugate(Vec<Zor16sc, L> z) {
+  return build<Vec<Zor16sc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_blend_epi16(z.r[i], _mm256_subs_epi16(_mm256_setzero_si256(), z.r[i]), 0xAA);
+  });
+}
+
+// The elements in reverse.
+template <class T, int L> ZORS_INLINE Vec<T, L> reversed(Vec<T, L> x) {
+  using V = Vec<T, L>;
+  return build<V>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256i r = bits(x.r[V::registers - 1 - i]);
+    if constexpr (sizeof(T) == 4) return fromBits<typename V::Register>(_mm256_permutevar8x32_epi32(r, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0)));
+    else if constexpr (sizeof(T) == 8) return fromBits<typename V::Register>(_mm256_permute4x64_epi64(r, 0x1B));
+    else {
+      static_assert(sizeof(T) == 16);
+      return fromBits<typename V::Register>(_mm256_permute4x64_epi64(r, 0x4E));
+    }
+  });
+}
 
 // ---- Integer and float --------------------------------------------------------------------------------------------------
 
