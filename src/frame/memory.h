@@ -52,18 +52,18 @@ class Scratch {
 // a block, and GetSize, which passes none and asks for size().
 class Layout {
  public:
-  explicit Layout(std::size_t alignment, Zor8u* block = nullptr)
+  explicit constexpr Layout(std::size_t alignment, Zor8u* block = nullptr)
       : base_(block == nullptr ? nullptr : alignUp(block, alignment)), alignment_(alignment) {}
 
   // Room for count elements; null where there is no block.
-  template <class T> T* take(std::size_t count) {
+  template <class T> constexpr T* take(std::size_t count) {
     const std::size_t at = used_;
     used_ = (used_ + count * sizeof(T) + alignment_ - 1) & ~(alignment_ - 1);
     return base_ == nullptr ? nullptr : reinterpret_cast<T*>(base_ + at);
   }
   // The bytes that the block must have, wherever it starts.
-  std::size_t size() const { return used_ + alignment_ - 1; }
-  std::size_t used() const { return used_; }
+  constexpr std::size_t size() const { return used_ + alignment_ - 1; }
+  constexpr std::size_t used() const { return used_; }
 
  private:
   Zor8u* base_;

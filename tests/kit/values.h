@@ -91,7 +91,7 @@ template <class T> bool sameBits(T a, T b, Nan nan = Nan::anyPayload) {
   }
 }
 template <class T> std::string text(T x) {
-  if constexpr (ComplexPair<T>) return "(" + text(x.re) + ", " + text(x.im) + ")";
+  if constexpr (ComplexPair<T>) return std::string("(").append(text(x.re)).append(", ").append(text(x.im)).append(")");
   else if constexpr (std::floating_point<T>) {
     char out[64];
     std::snprintf(out, sizeof out, "%a", double(x));
@@ -106,7 +106,7 @@ template <class T> std::string text(T x) {
 template <class T> std::string firstDifference(std::span<const T> got, std::span<const T> wanted, Nan nan = Nan::anyPayload) {
   if (got.size() != wanted.size()) return "sizes " + std::to_string(got.size()) + " and " + std::to_string(wanted.size());
   for (std::size_t i = 0; i < got.size(); ++i)
-    if (!sameBits(got[i], wanted[i], nan)) return "[" + std::to_string(i) + "]: got " + text(got[i]) + ", wanted " + text(wanted[i]);
+    if (!sameBits(got[i], wanted[i], nan)) return std::string("[").append(std::to_string(i)).append("]: got ").append(text(got[i])).append(", wanted ").append(text(wanted[i]));
   return "";
 }
 

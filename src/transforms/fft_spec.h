@@ -1,0 +1,93 @@
+// The specification of a power-of-two transform, and the engine that runs on it.
+#pragma once
+
+#include "frame/check.h"
+#include "frame/memory.h"
+#include "transforms/fft_lanes.h"
+
+namespace zors::fft {
+
+// What all float kinds hold. Immutable after Init, so any number of threads may share it.
+template <class T> struct Spec {
+  Zor32u tag;
+  Zor32s order;
+  Zor32s scaleForward, scaleInverse;  // 1 where that direction multiplies by scale
+  T scale;
+  Zor32s hint;
+  Zor32s workSize;  // bytes, without the slack for aligning
+  Zor32s ownsBlock;
+  void* block;
+  Zor32u* bitReverse;  // places of the groups of the first pass
+  T* twiddles;         // of the stages from the third on, in the order of use
+  T* realForward;      // long transforms have one table for both directions
+  T* realInverse;
+  T* levelTwiddles[3];  // of the blocked path, outermost level first
+
+  bool scales(bool inverse) const { return (inverse ? scaleInverse : scaleForward) != 0; }
+};
+template <class T> inline constexpr std::size_t pointBytes = 2 * sizeof(T);
+
+// ---- Plans ----------------------------------------------------------------------------------------------------------
+
+// Orders up to this one are straight-line kernels without tables or work memory.
+inline constexpr int largestSmallOrder = 6;
+inline constexpr int largestSmallRealOrder = 4;
+// From this order on a transform is split, because it outgrows the caches.
+template <class T> inline constexpr int blockedOrder = sizeof(T) == 4 ? 19 : 18;
+template <class T> inline constexpr int largestComplexOrder = sizeof(T) == 4 ? 28 : 27;
+// From this order on the factors of a real transform are products of two table entries.
+template <class T> inline constexpr int twoLevelOrder = sizeof(T) == 4 ? 19 : 17;
+inline constexpr int firstPassBits = 4;  // two radix-4 stages
+// The first pass takes a full register of transforms at a time: log2 of the number of such groups.
+template <class T> constexpr int firstPassGroupBits(int order) { return order - firstPassBits - (sizeof(T) == 4 ? 3 : 2); }
+
+// The radix of the stage that follows `done` bits of an order from 5 on.
+constexpr int stageBits(int order, int done) {
+  const int left = order - done;
+  return left == 3 || (left > 4 && done > 2 && order < 12) || (done == 4 && order % 2 == 1) ? 3 : 2;
+}
+// The bits of a blocked order that the tile stages consume, and the radix of the stage that follows `done` of them.
+template <class T> constexpr int tileBits(int order) { return order < (sizeof(T) == 4 ? 23 : 22) ? 4 : 8; }
+constexpr int tileStageBits(int bits, int done) {
+  const int left = bits - done;
+  return left == 2 || left == 4 || left == 6 ? 2 : 3;
+}
+
+// ---- The engine -----------------------------------------------------------------------------------------------------
+
+// One transform of 2^order points; work is null or workSize bytes, aligned to 64. src may be dst.
+template <class T> void transform(const Spec<T>& spec, int order, bool inverse, Interleaved<const T> src, Interleaved<T> dst, Zor8u* work);
+template <class T> void transform(const Spec<T>& spec, int order, bool inverse, SplitPoints<const T> src, SplitPoints<T> dst, Zor8u* work);
+
+// ---- Kinds ----------------------------------------------------------------------------------------------------------
+
+enum class Field { complex, real };
+
+template <Tag tag, class T, Field dataField> struct Kind : Spec<T> {
+  using Element = T;
+  static constexpr Tag kind = tag;
+  static constexpr Field field = dataField;
+  static constexpr int largestOrder = largestComplexOrder<T> + (dataField == Field::real ? 1 : 0);
+};
+
+// ---- Checks ---------------------------------------------------------------------------------------------------------
+
+// spec, its kind, data pointers, work memory; then run(work).
+template <class S, class Run, class... P> ZorStatus withSpec(const S* spec, Zor8u* buffer, Run run, P*... data) {
+  return check().pointers(spec).state(spec, S::kind).pointers(data...).then([&]() -> ZorStatus {
+    const Scratch work(buffer, std::size_t(spec->workSize));
+    if (!work) return zorStatusNoMemory;
+    run(work.data());
+    return zorStatusOk;
+  });
+}
+
+}  // namespace zors::fft
+
+// The public kinds.
+struct ZorsFFTSpec_C_32fc : zors::fft::Kind<4, Zor32f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_C_32f : zors::fft::Kind<5, Zor32f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_R_32f : zors::fft::Kind<6, Zor32f, zors::fft::Field::real> {};
+struct ZorsFFTSpec_C_64fc : zors::fft::Kind<7, Zor64f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_C_64f : zors::fft::Kind<8, Zor64f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_R_64f : zors::fft::Kind<9, Zor64f, zors::fft::Field::real> {};
