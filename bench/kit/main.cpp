@@ -49,11 +49,11 @@ template <int... i> constexpr std::array<StreamRunner, sizeof...(i)> streamRunne
   for (auto& v : x) v = _mm256_set1_ps(1.0f);
   const __m256 a = _mm256_set1_ps(0.999f), b = _mm256_set1_ps(0.001f);
   for (long i = 0; i < vectors; i += 10)
-    for (auto& v : x) {
-      v = _mm256_fmadd_ps(v, a, b);
-      __asm__ volatile("" : "+x"(v));
-    }
-  for (auto& v : x) benchmark::DoNotOptimize(v);
+#pragma GCC unroll 10
+    for (auto& v : x) v = _mm256_fmadd_ps(v, a, b);
+  __m256 sum = x[0];
+  for (auto& v : x) sum = _mm256_add_ps(sum, v);
+  benchmark::DoNotOptimize(sum);
 }
 
 // Collects the least time of each benchmark and prints the table at the end.

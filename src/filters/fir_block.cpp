@@ -112,7 +112,7 @@ template <class Kind> ZorStatus filterOne(typename Kind::Sample val, typename Ki
     line[at + n] = val;
     line[at] = val;
     state->dlyIndex = at + 1 < n ? at + 1 : 0;
-    *dst = fir::dot(firTaps<Kind>(state), n, line + state->dlyIndex);
+    *dst = fir::dotNewest(firTaps<Kind>(state), n, line + state->dlyIndex, val);
   });
 }
 

@@ -31,11 +31,10 @@ template <class Sum> [[gnu::flatten]] Sum dotReversed(const Zor32f* taps, Zor32s
     if constexpr (sizeof(Sum) == sizeof(Zor64f)) sum = add(sum, toDouble(product));
     else sum = add(sum, product);
   }
-  Sum lane[8];
-  store(lane, sum);
-  for (int distance = 4; distance > 0; distance /= 2)
-    for (int i = 0; i < distance; ++i) lane[i] += lane[i + distance];
-  Sum y = lane[0];
+  using One = Vec<Sum, lanesOf<Sum>>;
+  One folded = {{sum.r[0]}};
+  if constexpr (Vec<Sum, 8>::registers == 2) folded = add(folded, One{{sum.r[1]}});
+  Sum y = sumOfLanes(folded);
   for (; j < tapsLen; ++j) {
     const Zor32f product = tapsEnd[-1 - j] * window[j];
     y += Sum(product);

@@ -62,23 +62,22 @@ template <class T> void block(const T* taps, std::ptrdiff_t tapsLen, const T* in
   if (registers > 0) run(registers, len - registers * lanes);
 }
 
-// One output: reads in[0 .. tapsLen - 1] and no more.
-template <class T> [[gnu::flatten]] T dot(const T* taps, std::ptrdiff_t tapsLen, const T* in) {
+// One output whose newest sample is val, behind the tapsLen - 1 samples of `older`. val itself is not read from memory: it was
+// stored there just before, and a vector across a fresh store waits for it.
+template <class T> [[gnu::flatten]] T dotNewest(const T* taps, std::ptrdiff_t tapsLen, const T* older, T val) {
   using namespace simd;
   constexpr int lanes = lanesOf<T>;
   using One = Vec<T, lanes>;
-  Vec<T, 4 * lanes> sum = splat<Vec<T, 4 * lanes>>(0);
-  std::ptrdiff_t j = 0;
-  for (; j + 4 * lanes <= tapsLen; j += 4 * lanes) sum = fma(load<4 * lanes>(taps + j), load<4 * lanes>(in + j), sum);
-  One folded = add(add(One{{sum.r[0]}}, One{{sum.r[1]}}), add(One{{sum.r[2]}}, One{{sum.r[3]}}));
-  for (; j + lanes <= tapsLen; j += lanes) folded = fma(load<lanes>(taps + j), load<lanes>(in + j), folded);
-  T lane[lanes];
-  store(lane, folded);
-  for (int distance = lanes / 2; distance > 0; distance /= 2)
-    for (int i = 0; i < distance; ++i) lane[i] += lane[i + distance];
-  T y = lane[0];
-  for (; j < tapsLen; ++j) y = std::fma(taps[j], in[j], y);
-  return y;
+  const std::ptrdiff_t count = tapsLen - 1;
+  std::ptrdiff_t j = count % lanes;
+  One folded = mul(loadThenZeros(taps, int(j)), loadThenZeros(older, int(j)));
+  if (count - j >= 4 * lanes) {
+    Vec<T, 4 * lanes> sum = splat<Vec<T, 4 * lanes>>(0);
+    for (; j + 4 * lanes <= count; j += 4 * lanes) sum = fma(load<4 * lanes>(taps + j), load<4 * lanes>(older + j), sum);
+    folded = add(folded, add(add(One{{sum.r[0]}}, One{{sum.r[1]}}), add(One{{sum.r[2]}}, One{{sum.r[3]}})));
+  }
+  for (; j < count; j += lanes) folded = fma(load<lanes>(taps + j), load<lanes>(older + j), folded);
+  return std::fma(taps[count], val, sumOfLanes(folded));
 }
 
 }  // namespace zors::fir

@@ -126,4 +126,11 @@ template <class T, int L> ZORS_INLINE void storePart(T* p, Vec<T, L> x, int coun
   });
 }
 
+// count elements, from 0 to one less than a register holds, and zeros behind them.
+template <class T> ZORS_INLINE Vec<T, lanesOf<T>> loadThenZeros(const T* p, int count) {
+  alignas(64) static constexpr Zor32s window[16] = {-1, -1, -1, -1, -1, -1, -1, -1};
+  const __m256i mask = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(window + 8 - count * int{sizeof(T)} / 4));
+  return {{fromBits<typename RegisterOf<T>::type>(_mm256_maskload_epi32(reinterpret_cast<const int*>(p), mask))}};
+}
+
 }  // namespace zors::simd

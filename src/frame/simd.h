@@ -316,6 +316,19 @@ ZORS_EXTEND(Zor16u, Zor32s, _mm256_cvtepu16_epi32)
 ZORS_EXTEND(Zor32s, Zor64s, _mm256_cvtepi32_epi64)
 #undef ZORS_EXTEND
 
+// ---- Across lanes -------------------------------------------------------------------------------------------------------
+
+// The sum of a register's lanes, by halves: lanes half a register apart first.
+ZORS_INLINE Zor32f sumOfLanes(Vec<Zor32f, 8> x) {
+  const __m128 four = _mm_add_ps(_mm256_castps256_ps128(x.r[0]), _mm256_extractf128_ps(x.r[0], 1));
+  const __m128 two = _mm_add_ps(four, _mm_movehl_ps(four, four));
+  return _mm_cvtss_f32(_mm_add_ss(two, _mm_movehdup_ps(two)));
+}
+ZORS_INLINE Zor64f sumOfLanes(Vec<Zor64f, 4> x) {
+  const __m128d two = _mm_add_pd(_mm256_castpd256_pd128(x.r[0]), _mm256_extractf128_pd(x.r[0], 1));
+  return _mm_cvtsd_f64(_mm_add_sd(two, _mm_unpackhi_pd(two, two)));
+}
+
 // ---- Complex elements ---------------------------------------------------------------------------------------------------
 
 // The real parts of two registers' pairs, or the imaginary ones, memory order.
