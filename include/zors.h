@@ -244,11 +244,16 @@ ZorStatus zorsCopyBE_1u(const Zor8u* src, Zor32s srcBitOffset, Zor8u* dst, Zor32
 /* ---- Element-wise arithmetic --------------------------------------------------------------------------------- */
 
 /* Mul: dst[i] = src1[i] * src2[i]; in place srcDst[i] *= src[i].
-   Numerics: one multiplication an element in the current rounding direction. */
+   Numerics: one multiplication an element in the current rounding direction. Complex, with a = src1, b = src2 (src, srcDst in
+   place): re = fma(b.re, a.re, -round(b.im * a.im)), im = fma(b.re, a.im, round(b.im * a.re)). */
 ZorStatus zorsMul_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len);
 ZorStatus zorsMul_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* dst, Zor32s len);
 ZorStatus zorsMul_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
 ZorStatus zorsMul_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
+ZorStatus zorsMul_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32fc* dst, Zor32s len);
+ZorStatus zorsMul_64fc(const Zor64fc* src1, const Zor64fc* src2, Zor64fc* dst, Zor32s len);
+ZorStatus zorsMul_32fc_I(const Zor32fc* src, Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsMul_64fc_I(const Zor64fc* src, Zor64fc* srcDst, Zor32s len);
 
 /* MulC: dst[i] = src[i] * val; in place srcDst[i] *= val.
    Numerics: one multiplication an element in the current rounding direction. */

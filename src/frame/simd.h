@@ -372,6 +372,20 @@ template <int L> ZORS_INLINE Vec<Zor16sc, L> toComplex(Vec<Zor16s, L> re, Vec<Zo
   });
 }
 
+// Pairwise products: t1 = round(b.im * a.im), t2 = round(b.im * a.re), re = fma(b.re, a.re, -t1), im = fma(b.re, a.im, t2).
+template <int L> ZORS_INLINE Vec<Zor32fc, L> mul(Vec<Zor32fc, L> a, Vec<Zor32fc, L> b) {
+  return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256 swapped = _mm256_permute_ps(a.r[i], 0xB1);
+    return _mm256_fmaddsub_ps(_mm256_moveldup_ps(b.r[i]), a.r[i], _mm256_mul_ps(_mm256_movehdup_ps(b.r[i]), swapped));
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor64fc, L> mul(Vec<Zor64fc, L> a, Vec<Zor64fc, L> b) {
+  return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256d swapped = _mm256_permute_pd(a.r[i], 0x5);
+    return _mm256_fmaddsub_pd(_mm256_movedup_pd(b.r[i]), a.r[i], _mm256_mul_pd(_mm256_permute_pd(b.r[i], 0xF), swapped));
+  });
+}
+
 // Floats change the sign bit, of zeros and NaN too; 16-bit parts negate with saturation.
 template <int L> ZORS_INLINE Vec<Zor32fc, L> conjugate(Vec<Zor32fc, L> z) {
   return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_xor_ps(z.r[i], _mm256_castsi256_ps(_mm256_set1_epi64x(INT64_MIN))); });

@@ -17,6 +17,21 @@ TEST(Mul, OneRoundingInTheCurrentDirection) {
   }
 }
 
+// re = fma(b.re, a.re, -round(b.im * a.im)), im = fma(b.re, a.im, round(b.im * a.re)).
+template <class C> C complexProduct(C a, C b) {
+  const auto t1 = b.im * a.im, t2 = b.im * a.re;
+  return {std::fma(b.re, a.re, -t1), std::fma(b.re, a.im, t2)};
+}
+TEST(Mul, ComplexProductsRoundTwoProductsAndFuseTheOthers) {
+  for (unsigned direction : kit::allDirections) {
+    const kit::Direction scope(direction);
+    sweep<Zor32fc, Zor32fc, Zor32fc>("zorsMul_32fc", zorsMul_32fc, complexProduct<Zor32fc>);
+    sweep<Zor64fc, Zor64fc, Zor64fc>("zorsMul_64fc", zorsMul_64fc, complexProduct<Zor64fc>);
+    sweepInPlace<Zor32fc, Zor32fc>("zorsMul_32fc_I", zorsMul_32fc_I, complexProduct<Zor32fc>);
+    sweepInPlace<Zor64fc, Zor64fc>("zorsMul_64fc_I", zorsMul_64fc_I, complexProduct<Zor64fc>);
+  }
+}
+
 template <class T> void constants(const char* name, ZorStatus (*outOfPlace)(const T*, T, T*, Zor32s), ZorStatus (*inPlace)(T, T*, Zor32s)) {
   using L = std::numeric_limits<T>;
   for (T val : {T(0), T(-0.0), T(1), T(-0.1), L::denorm_min(), L::max(), L::infinity(), L::quiet_NaN()}) {
