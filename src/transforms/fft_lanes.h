@@ -92,7 +92,7 @@ template <class T, int L> struct Points {
   ZORS_INLINE friend Points operator*(Points a, Lanes<T, L> factor) { return {a.re * factor, a.im * factor}; }
 };
 
-// A work array holds full registers of real parts and of imaginary parts by turns.
+// L real parts, then L imaginary parts.
 template <int L, class T> ZORS_INLINE Points<T, L> loadPoints(const T* p) { return {loadLanes<L>(p), loadLanes<L>(p + L)}; }
 template <int L, class T> ZORS_INLINE void storePoints(T* p, Points<T, L> x) {
   storeLanes<L>(p, x.re);
@@ -126,6 +126,22 @@ template <int L, class T> ZORS_INLINE void storeInterleaved(T* p, Points<T, L> x
   }
 }
 
+// A work array between the stages: full registers of real and of imaginary parts by turns, in lane order.
+template <class T> struct WorkPoints {
+  T* points;
+  ZORS_INLINE T* re(std::size_t k) const { return points + 2 * k; }
+  ZORS_INLINE T* im(std::size_t k) const { return points + 2 * k + fullLanes<T>; }
+};
+// One register of a work array, k a multiple of its lanes.
+template <class Work> ZORS_INLINE auto loadWork(Work work, std::size_t k) {
+  using T = std::remove_cvref_t<decltype(*work.re(0))>;
+  return Points<T, fullLanes<T>>{loadLanes<fullLanes<T>>(work.re(k)), loadLanes<fullLanes<T>>(work.im(k))};
+}
+template <class Work, class T, int L> ZORS_INLINE void storeWork(Work work, std::size_t k, Points<T, L> x) {
+  storeLanes<L>(work.re(k), x.re);
+  storeLanes<L>(work.im(k), x.im);
+}
+
 // Where a transform reads and writes: interleaved points, or real and imaginary parts in arrays of their own. Full registers
 // come in the order that sourcePoint tells, and are given in lane order.
 template <class T> struct Interleaved {
@@ -137,11 +153,13 @@ template <class T> struct Interleaved {
 };
 template <class T> struct SplitPoints {
   using Value = std::remove_const_t<T>;
-  T *re, *im;
-  template <int L> ZORS_INLINE Points<Value, L> load(std::size_t j) const { return {loadLanes<L>(re + j), loadLanes<L>(im + j)}; }
+  T *reals, *imaginaries;
+  ZORS_INLINE T* re(std::size_t k) const { return reals + k; }
+  ZORS_INLINE T* im(std::size_t k) const { return imaginaries + k; }
+  template <int L> ZORS_INLINE Points<Value, L> load(std::size_t j) const { return {loadLanes<L>(re(j)), loadLanes<L>(im(j))}; }
   template <int L> ZORS_INLINE void store(std::size_t k, Points<Value, L> x) const {
-    storeLanes<L>(re + k, reorder(x.re));
-    storeLanes<L>(im + k, reorder(x.im));
+    storeLanes<L>(re(k), reorder(x.re));
+    storeLanes<L>(im(k), reorder(x.im));
   }
   static constexpr int sourcePoint(int lane, int) { return lane; }
 };

@@ -108,7 +108,7 @@ template <int order, bool inverse, class T> ZORS_INLINE void straightLine(const 
     out[3] = odd + twiceIm;
   } else {
     T pairs[n];
-    const auto complexTransform = [](const T* from, T* to) ZORS_INLINE_LAMBDA {
+    const auto complexTransform = [&](const T* from, T* to) ZORS_INLINE_LAMBDA {
       Parts<T, 1, n / 2> x;
       simd::unrolled<n / 2>([&](auto q) ZORS_INLINE_LAMBDA { x.at[q] = loadInterleaved<1>(from + 2 * q); });
       const auto y = butterfly<n / 2, inverse>(x);

@@ -59,8 +59,9 @@ template <bool inverse, bool scaled, class T, class Source, class Target>
     case 4: return twoStages<4, inverse, scaled>(src, dst, scale);
     case 5: return twoStages<8, inverse, scaled>(src, dst, scale);
     default: {
-      alignas(32) T work[2 * 64];
-      firstPass<inverse, 4>(src, 0, 4, stageConstants<T, 1, 4, 4>.data(), [&](int j) ZORS_INLINE_LAMBDA { return work + 2 * 16 * (j % 2 * 2 + j / 2); });
+      alignas(32) T points[2 * 64];
+      const WorkPoints<T> work{points};
+      firstPass<inverse, 4>(src, 0, 4, stageConstants<T, 1, 4, 4>.data(), work, [](int j) ZORS_INLINE_LAMBDA { return std::size_t(16 * residuePlace<4>(j)); });
       lastStage<4, inverse, scaled>(work, 16, stageConstants<T, fullLanes<T>, 16, 4>.data(), dst, scale);
     }
   }

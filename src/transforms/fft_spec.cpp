@@ -74,11 +74,13 @@ constexpr std::size_t bufferBytes(std::size_t bytes) { return bytes == 0 ? 0 : b
 template <class S> constexpr void lay(Layout& block, S& spec, int order) {
   using T = typename S::Element;
   constexpr bool real = S::field == Field::real;
-  const int engine = real ? order - 1 : order;
+  int engine = real ? order - 1 : order;
   block.take<Spec<T>>(1);
   if (engine > largestSmallOrder) {
-    spec.bitReverse = block.take<Zor32u>(power(firstPassGroupBits<T>(engine)));
-    spec.twiddles = block.take<T>(stageTwiddleValues(engine));
+    spec.bitReverse = block.take<Zor32u>(power(reversalBits<T>(engine)));
+    spec.twiddles = block.take<T>(stageTwiddleValues(innermostOrder<T>(engine)));
+    for (int level = 0; engine >= blockedOrder<T>; ++level, engine -= tileBits<T>(engine))
+      spec.levelTwiddles[level] = block.take<T>(levelTwiddleValues<T>(engine));
   }
   if (real && order > largestSmallRealOrder) {
     spec.realForward = block.take<T>(factorValues<T>(order));
@@ -87,7 +89,6 @@ template <class S> constexpr void lay(Layout& block, S& spec, int order) {
 }
 template <class S> consteval bool fits() {
   for (int order = 0; order <= S::largestOrder; ++order) {
-    if (order - (S::field == Field::real) >= blockedOrder<typename S::Element>) continue;
     S spec{};
     Layout layout(Scratch::alignment);
     lay(layout, spec, order);
@@ -131,12 +132,13 @@ template <class T> void setScale(Spec<T>& spec, Zor32s flag, int order) {
 template <class S> void buildTables(S& spec, Zor8u* initBuffer) {
   using T = typename S::Element;
   constexpr bool real = S::field == Field::real;
-  const int engine = real ? spec.order - 1 : spec.order;
+  int engine = real ? spec.order - 1 : spec.order;
   if (engine <= largestSmallOrder && !(real && spec.order > largestSmallRealOrder)) return;
   const auto sines = sineTable(spec.order, reinterpret_cast<T*>(alignUp(initBuffer, Scratch::alignment)));
   if (engine > largestSmallOrder) {
-    fillReversal(firstPassGroupBits<T>(engine), spec.bitReverse);
-    fillStageTwiddles(engine, sines, spec.twiddles);
+    fillReversal(reversalBits<T>(engine), spec.bitReverse);
+    fillStageTwiddles(innermostOrder<T>(engine), sines, spec.twiddles);
+    for (int level = 0; engine >= blockedOrder<T>; ++level, engine -= tileBits<T>(engine)) fillLevelTwiddles(engine, sines, spec.levelTwiddles[level]);
   }
   if constexpr (real) {
     if (spec.order < twoLevelOrder<T>) fillFactors(spec.order, sines, spec.realForward, spec.realInverse);
@@ -148,7 +150,6 @@ template <class S> ZorStatus init(S** specOut, Zor32s order, Zor32s flag, Zor32s
   return check().pointers(specOut).require(isOrder<S>(order), zorStatusBadOrder).pointers(specBlock).then([&]() -> ZorStatus {
     S& spec = *new (alignUp(specBlock, Scratch::alignment)) S{};
     if (!isFlag(flag)) return zorStatusBadFlag;
-    if (order - (S::field == Field::real) >= blockedOrder<typename S::Element>) return zorStatusNoMemory;
     const Sizes sizes = sizesOf<S>(order);
     if (sizes.init != 0 && initBuffer == nullptr) return zorStatusNullPointer;
     spec.order = order;
@@ -176,10 +177,6 @@ template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Z
     return zorStatusNoMemory;
   }
   const ZorStatus status = init(specOut, order, flag, hint, block, initBuffer.data());
-  if (status != zorStatusOk) {
-    zors::zorsFree(block);
-    return status;
-  }
   (*specOut)->ownsBlock = 1;
   (*specOut)->block = block;
   return status;

@@ -17,7 +17,7 @@ template <class T> struct Spec {
   Zor32s workSize;  // bytes, without the slack for aligning
   Zor32s ownsBlock;
   void* block;
-  Zor32u* bitReverse;  // places of the groups of the first pass
+  Zor32u* bitReverse;  // places of groups of the first pass, or of its tiles
   T* twiddles;         // of the stages from the third on, in the order of use
   T* realForward;      // long transforms have one table for both directions
   T* realInverse;
@@ -38,19 +38,38 @@ template <class T> inline constexpr int largestComplexOrder = sizeof(T) == 4 ? 2
 // From this order on the factors of a real transform are products of two table entries.
 template <class T> inline constexpr int twoLevelOrder = sizeof(T) == 4 ? 19 : 17;
 inline constexpr int firstPassBits = 4;  // two radix-4 stages
-// The first pass takes a full register of transforms at a time: log2 of the number of such groups.
-template <class T> constexpr int firstPassGroupBits(int order) { return order - firstPassBits - (sizeof(T) == 4 ? 3 : 2); }
-
 // The radix of the stage that follows `done` bits of an order from 5 on.
 constexpr int stageBits(int order, int done) {
   const int left = order - done;
   return left == 3 || (left > 4 && done > 2 && order < 12) || (done == 4 && order % 2 == 1) ? 3 : 2;
+}
+constexpr int lastStageBits(int order) {
+  int done = firstPassBits;
+  while (done + stageBits(order, done) < order) done += stageBits(order, done);
+  return order - done;
+}
+constexpr int reversedBits(int value, int bits) {
+  int reversed = 0;
+  for (int i = 0; i < bits; ++i) reversed |= (value >> i & 1) << (bits - 1 - i);
+  return reversed;
 }
 // The bits of a blocked order that the tile stages consume, and the radix of the stage that follows `done` of them.
 template <class T> constexpr int tileBits(int order) { return order < (sizeof(T) == 4 ? 23 : 22) ? 4 : 8; }
 constexpr int tileStageBits(int bits, int done) {
   const int left = bits - done;
   return left == 2 || left == 4 || left == 6 ? 2 : 3;
+}
+template <class T> inline constexpr int tileColumns = sizeof(T) == 4 ? 64 : 32;
+// The bits of the rows, and of the columns, of the tiles in which the first pass of a blocked order reverses indices.
+template <class T> inline constexpr int tileSideBits = sizeof(T) == 4 ? 6 : 5;
+// The bits that the table of reversals covers: groups of a full register of sequences, or tiles.
+template <class T> constexpr int reversalBits(int order) {
+  return order < blockedOrder<T> ? order - firstPassBits - (sizeof(T) == 4 ? 3 : 2) : order - 2 * tileSideBits<T>;
+}
+// The order of the innermost transforms of a blocked order.
+template <class T> constexpr int innermostOrder(int order) {
+  while (order >= blockedOrder<T>) order -= tileBits<T>(order);
+  return order;
 }
 
 // ---- The engine -----------------------------------------------------------------------------------------------------

@@ -1,6 +1,8 @@
-// The passes of a staged transform. Work arrays hold blocks of parts, the parts of a butterfly in the order of their
-// bit-reversed residues; a stage turns `radix` parts of `span` points into one.
+// The passes of a staged transform. Work arrays (WorkPoints, or SplitPoints, which serve as well) hold blocks of parts, the
+// parts of a butterfly in the order of their bit-reversed residues; a stage turns `radix` parts of `span` points into one.
 #pragma once
+
+#include <algorithm>
 
 #include "transforms/fft_butterfly.h"
 #include "transforms/fft_tables.h"
@@ -8,9 +10,9 @@
 namespace zors::fft {
 
 // Two radix-4 stages of the points j, j + step, ... j + 15 step of L sequences, the first without twiddles, the second with
-// those of 16 points (single pairs). The 16 results of sequence j + i go to place(i), in the layout of work arrays.
-template <bool inverse, int L, class T, class Place, template <class> class Source>
-ZORS_INLINE void firstPass(Source<const T> src, std::size_t j, std::size_t step, const T* twiddles, Place place) {
+// those of 16 points (single pairs). The 16 results of sequence j + i go to work from place(i) on.
+template <bool inverse, int L, class T, class Work, class Place, template <class> class Source>
+ZORS_INLINE void firstPass(Source<const T> src, std::size_t j, std::size_t step, const T* twiddles, Work work, Place place) {
   alignas(32) T rows[16 * 2 * L];
   const auto row = [&](int i) ZORS_INLINE_LAMBDA { return rows + 2 * L * i; };
   simd::unrolled<4>([&](auto u) ZORS_INLINE_LAMBDA {
@@ -32,50 +34,86 @@ ZORS_INLINE void firstPass(Source<const T> src, std::size_t j, std::size_t step,
   });
   constexpr int full = fullLanes<T>, columns = unitColumns<T>;
   simd::unrolled<L / columns>([&](auto unit) ZORS_INLINE_LAMBDA {
-    simd::unrolled<2 * 16 / full>([&](auto half) ZORS_INLINE_LAMBDA {  // real and imaginary parts by turns
-      const T* from = rows + columns * unit + L * (half % 2) + 2 * L * full * (half / 2);
-      transposeUnit(std::type_identity<T>{}, [&](int i) ZORS_INLINE_LAMBDA { return from + 2 * L * i; },
-                    [&](int column, auto x) ZORS_INLINE_LAMBDA {
-                      storeLanes<full>(place(Source<const T>::sourcePoint(columns * unit + column, L)) + full * half, x);
-                    });
+    simd::unrolled<16 / full>([&](auto part) ZORS_INLINE_LAMBDA {
+      const auto transposed = [&](int offset, auto target) ZORS_INLINE_LAMBDA {
+        const T* from = row(full * part) + columns * unit + offset;
+        transposeUnit(std::type_identity<T>{}, [&](int i) ZORS_INLINE_LAMBDA { return from + 2 * L * i; }, [&](int column, auto x) ZORS_INLINE_LAMBDA {
+          storeLanes<full>(target(place(Source<const T>::sourcePoint(columns * unit + column, L)) + std::size_t(full * part)), x);
+        });
+      };
+      transposed(0, [&](std::size_t k) ZORS_INLINE_LAMBDA { return work.re(k); });
+      transposed(L, [&](std::size_t k) ZORS_INLINE_LAMBDA { return work.im(k); });
     });
   });
 }
 
 // The parts of a butterfly at k, turned by their twiddles.
-template <int radix, bool inverse, class T> ZORS_INLINE Parts<T, fullLanes<T>, radix> turnedParts(const T* at, std::size_t span, const T* twiddles) {
+template <int radix, bool inverse, class Work, class T>
+ZORS_INLINE auto turnedParts(Work work, std::size_t k, std::size_t span, const T* twiddles) {
   constexpr int L = fullLanes<T>;
   Parts<T, L, radix> t;
-  t.at[0] = loadPoints<L>(at);
+  t.at[0] = loadWork(work, k);
   simd::unrolled<radix - 1>([&](auto i) ZORS_INLINE_LAMBDA {
     constexpr int q = i + 1;
-    t.at[q] = twiddle<inverse>(loadPoints<L>(twiddles + 2 * L * i), loadPoints<L>(at + 2 * span * std::size_t(residuePlace<radix>(q))));
+    t.at[q] = twiddle<inverse>(loadPoints<L>(twiddles + 2 * L * i), loadWork(work, k + span * std::size_t(residuePlace<radix>(q))));
   });
   return t;
 }
 
-// One stage over an array, in place.
-template <int radix, bool inverse, class T> [[gnu::flatten]] void stage(T* x, std::size_t points, std::size_t span, const T* twiddles) {
+// One stage over the points from begin to end, in place.
+template <int radix, bool inverse, class Work, class T>
+[[gnu::flatten]] void stage(Work work, std::size_t begin, std::size_t end, std::size_t span, const T* twiddles) {
   constexpr int L = fullLanes<T>;
-  for (T* const end = x + 2 * points; x != end; x += 2 * span * radix) {
+  for (; begin != end; begin += span * radix) {
     const T* w = twiddles;
-    for (std::size_t k = 0; k < span; k += L, w += 2 * L * (radix - 1)) {
-      T* const at = x + 2 * k;
-      const auto y = butterfly<radix, inverse>(turnedParts<radix, inverse>(at, span, w));
-      simd::unrolled<radix>([&](auto m) ZORS_INLINE_LAMBDA { storePoints<L>(at + 2 * span * std::size_t(m), y.at[m]); });
+    for (std::size_t k = begin; k < begin + span; k += L, w += 2 * L * (radix - 1)) {
+      const auto y = butterfly<radix, inverse>(turnedParts<radix, inverse>(work, k, span, w));
+      simd::unrolled<radix>([&](auto m) ZORS_INLINE_LAMBDA { storeWork(work, k + span * std::size_t(m), y.at[m]); });
     }
   }
 }
 
 // The last stage: from the work array, which may be dst's memory, to points in natural order, scaled on the way.
-template <int radix, bool inverse, bool scaled, class T, class Target>
-[[gnu::flatten]] void lastStage(const T* x, std::size_t span, const T* twiddles, Target dst, T scale) {
+template <int radix, bool inverse, bool scaled, class Work, class T, class Target>
+[[gnu::flatten]] void lastStage(Work work, std::size_t span, const T* twiddles, Target dst, T scale) {
   constexpr int L = fullLanes<T>;
   const auto factor = allLanes<L>(scale);
   for (std::size_t k = 0; k < span; k += L, twiddles += 2 * L * (radix - 1)) {
-    const auto y = butterfly<radix, inverse>(turnedParts<radix, inverse>(x + 2 * k, span, twiddles));
+    const auto y = butterfly<radix, inverse>(turnedParts<radix, inverse>(work, k, span, twiddles));
     simd::unrolled<radix>([&](auto m) ZORS_INLINE_LAMBDA { dst.template store<L>(k + span * std::size_t(m), scaled ? y.at[m] * factor : y.at[m]); });
   }
+}
+
+// A block of so many points stays in the first-level cache while all stages that fit it run.
+template <class T> inline constexpr int stageBlockOrder = sizeof(T) == 4 ? 11 : 10;
+
+// The stages that follow `done` bits of an order and leave at most lastBits done, over the points from begin to end. Returns
+// the bits done; twiddles moves on.
+template <bool inverse, class Work, class T>
+int runStages(Work work, std::size_t begin, std::size_t end, int order, int done, int lastBits, const T*& twiddles) {
+  for (int bits = 0; done < order && done + (bits = stageBits(order, done)) <= lastBits; done += bits) {
+    const std::size_t span = std::size_t{1} << done;
+    if (bits == 2) stage<4, inverse>(work, begin, end, span, twiddles);
+    else stage<8, inverse>(work, begin, end, span, twiddles);
+    twiddles += 2 * span * ((std::size_t{1} << bits) - 1);
+  }
+  return done;
+}
+
+// The stages of a transform of 2^order points from `begin` on, between the first pass and lastBits; block by block while they
+// fit a block.
+template <bool inverse, class Work, class T>
+int runInnerStages(Work work, std::size_t begin, int order, int lastBits, const T*& twiddles) {
+  const std::size_t n = std::size_t{1} << order;
+  const int blockBits = std::min(lastBits, stageBlockOrder<T>);
+  const std::size_t block = std::size_t{1} << std::min(order, stageBlockOrder<T>);
+  const T* const first = twiddles + firstPassTwiddleValues;
+  int done = firstPassBits;
+  for (std::size_t at = begin; at < begin + n; at += block) {
+    twiddles = first;
+    done = runStages<inverse>(work, at, at + block, order, firstPassBits, blockBits, twiddles);
+  }
+  return runStages<inverse>(work, begin, begin + n, order, done, lastBits, twiddles);
 }
 
 }  // namespace zors::fft

@@ -36,6 +36,20 @@ template <class T> void fillStageTwiddles(int order, const SineTable<T>& sines, 
   }
 }
 
+template <class T> void fillLevelTwiddles(int order, const SineTable<T>& sines, T* out) {
+  const int bits = tileBits<T>(order);
+  const std::size_t columns = std::size_t{1} << (order - bits);
+  for (std::size_t group = 0; group < columns; group += tileColumns<T>)
+    for (int done = 0; done < bits; done += tileStageBits(bits, done)) {
+      const int stage = tileStageBits(bits, done);
+      const std::size_t rows = std::size_t{1} << done, radix = std::size_t{1} << stage, powers = done + stage == bits ? 1 : radix - 1;
+      for (std::size_t row = 0; row < rows; ++row)
+        for (std::size_t k = group + columns * row, end = k + tileColumns<T>; k < end; k += fullLanes<T>)
+          for (std::size_t q = 1; q <= powers; ++q)
+            out = record<fullLanes<T>>(out, [&](std::size_t point) { return sines.rotation(q * (k + point), columns * rows * radix); });
+    }
+}
+
 void fillReversal(int bits, Zor32u* out) {
   const Zor32u count = Zor32u{1} << bits;
   for (Zor32u j = 0, reversed = 0; j < count; ++j) {
@@ -61,6 +75,8 @@ template SineTable<Zor32f> sineTable(int, Zor32f*);
 template SineTable<Zor64f> sineTable(int, Zor64f*);
 template void fillStageTwiddles(int, const SineTable<Zor32f>&, Zor32f*);
 template void fillStageTwiddles(int, const SineTable<Zor64f>&, Zor64f*);
+template void fillLevelTwiddles(int, const SineTable<Zor32f>&, Zor32f*);
+template void fillLevelTwiddles(int, const SineTable<Zor64f>&, Zor64f*);
 template void fillFactors(int, const SineTable<Zor32f>&, Zor32f*, Zor32f*);
 template void fillFactors(int, const SineTable<Zor64f>&, Zor64f*, Zor64f*);
 template void fillTwoLevelFactors(int, const SineTable<Zor32f>&, Zor32f*);

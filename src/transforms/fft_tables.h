@@ -99,6 +99,19 @@ constexpr std::size_t stageTwiddleValues(int order) {
 }
 template <class T> void fillStageTwiddles(int order, const SineTable<T>& sines, T* out);
 
+// Of a level of the blocked path: for each group of columns the records of each tile stage, of the last stage those of the
+// first powers alone.
+template <class T> constexpr std::size_t levelTwiddleValues(int order) {
+  const int bits = tileBits<T>(order);
+  std::size_t rows = 0;
+  for (int done = 0; done < bits; done += tileStageBits(bits, done)) {
+    const int stage = tileStageBits(bits, done);
+    rows += (std::size_t{1} << done) * (done + stage == bits ? 1 : (std::size_t{1} << stage) - 1);
+  }
+  return 2 * rows << (order - bits);
+}
+template <class T> void fillLevelTwiddles(int order, const SineTable<T>& sines, T* out);
+
 // ---- Bit reversal: entry j is the reversal of j in so many bits
 
 void fillReversal(int bits, Zor32u* out);
