@@ -459,6 +459,40 @@ ZorStatus zorsCountInRange_32s(const Zor32s* src, Zor32s len, Zor32s* count, Zor
 ZorStatus zorsZeroCrossing_16s32f(const Zor16s* src, Zor32s len, Zor32f* result, Zor32s mode);
 ZorStatus zorsZeroCrossing_32f(const Zor32f* src, Zor32s len, Zor32f* result, Zor32s mode);
 
+/* Sum of floats; complex components apart. hint 1 selects the fast sums of 32f and 32fc, every other value the accurate ones.
+   Results depend on src's alignment: elements before the first 32-byte boundary are added first, one by one, and seed sum 0.
+   Numerics, 32f: accurate sums are binary64, one sequence below 32 elements (and from 57 on where src is not aligned to 4
+   bytes), else eight sums, joined as ((p0 + p4) + (p2 + p6)) + ((p1 + p5) + (p3 + p7)), the rest in four sums, then one by one;
+   the prefix is taken from 57 elements on. Fast sums run in binary32 within blocks of 8,192, 32 sums each, and binary64
+   across. 32fc: the same over interleaved components. 64f: 16 sums; one sequence where src is not aligned to 8 bytes. */
+ZorStatus zorsSum_32f(const Zor32f* src, Zor32s len, Zor32f* sum, ZorHintAlgorithm hint);
+ZorStatus zorsSum_32fc(const Zor32fc* src, Zor32s len, Zor32fc* sum, ZorHintAlgorithm hint);
+ZorStatus zorsSum_64f(const Zor64f* src, Zor32s len, Zor64f* sum);
+ZorStatus zorsSum_64fc(const Zor64fc* src, Zor32s len, Zor64fc* sum);
+
+/* Sum of integers: exact, divided by 2^scaleFactor. 16s and 16sc: as a binary64 product, rounded in the current direction and
+   saturated; the exponent is limited to what binary64 has (a scale of 0 from 1,023 on, of infinity from -1,024 down, with
+   which a sum of 0 gives the lowest value). 32s: to nearest, ties to even. */
+ZorStatus zorsSum_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_16sc32sc_Sfs(const Zor16sc* src, Zor32s len, Zor32sc* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* sum, Zor32s scaleFactor);
+
+/* Mean of floats: the sum divided by len in binary64. 32f divides the sum as narrowed to 32 bits; 32fc does not narrow before;
+   64fc multiplies by 1 / len. */
+ZorStatus zorsMean_32f(const Zor32f* src, Zor32s len, Zor32f* mean, ZorHintAlgorithm hint);
+ZorStatus zorsMean_32fc(const Zor32fc* src, Zor32s len, Zor32fc* mean, ZorHintAlgorithm hint);
+ZorStatus zorsMean_64f(const Zor64f* src, Zor32s len, Zor64f* mean);
+ZorStatus zorsMean_64fc(const Zor64fc* src, Zor32s len, Zor64fc* mean);
+
+/* Mean of integers. 16s, 16sc: (sum / len) * 2^-scaleFactor in binary64, rounded in the current direction and saturated. 32s:
+   the exact sum divided to nearest, ties to even; scaling down rounds a second time, halves away from zero; scaling up
+   multiplies the sum where it fits 32 bits, else the quotient, and saturates. */
+ZorStatus zorsMean_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor32s scaleFactor);
+ZorStatus zorsMean_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* mean, Zor32s scaleFactor);
+ZorStatus zorsMean_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* mean, Zor32s scaleFactor);
+
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 
 #define ZOR_FFT_DIVIDE_FORWARD 1   /* the forward result is divided by N */
