@@ -380,6 +380,124 @@ ZorStatus zorsSplitScaled_24s32f_D2L(const Zor8u* src, Zor32f* const* dst, Zor32
    dstBitOffset below 0, zorStatusBadSize. */
 ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len, Zor8u* dst, Zor32s dstBitOffset, Zor32s* dstBitLen);
 
+/* ---- Statistics ---------------------------------------------------------------------------------------------- */
+
+/* Max, Min: the greatest, the smallest element. MaxIndx, MinIndx: and the index of the first one; a null index asks for the
+   extreme alone. MaxAbs, MinAbs: of the magnitudes, that of the lowest integer taken as the highest one.
+   NaN: the running extreme starts at src[0] and is replaced by what compares greater (less): NaNs count only as src[0],
+   which then is the result. Of zeros of both signs the first is found. No dependence on alignment. */
+ZorStatus zorsMax_16s(const Zor16s* src, Zor32s len, Zor16s* max);
+ZorStatus zorsMax_32s(const Zor32s* src, Zor32s len, Zor32s* max);
+ZorStatus zorsMax_32f(const Zor32f* src, Zor32s len, Zor32f* max);
+ZorStatus zorsMax_64f(const Zor64f* src, Zor32s len, Zor64f* max);
+ZorStatus zorsMin_16s(const Zor16s* src, Zor32s len, Zor16s* min);
+ZorStatus zorsMin_32s(const Zor32s* src, Zor32s len, Zor32s* min);
+ZorStatus zorsMin_32f(const Zor32f* src, Zor32s len, Zor32f* min);
+ZorStatus zorsMin_64f(const Zor64f* src, Zor32s len, Zor64f* min);
+ZorStatus zorsMaxIndx_16s(const Zor16s* src, Zor32s len, Zor16s* max, Zor32s* index);
+ZorStatus zorsMaxIndx_32s(const Zor32s* src, Zor32s len, Zor32s* max, Zor32s* index);
+ZorStatus zorsMaxIndx_32f(const Zor32f* src, Zor32s len, Zor32f* max, Zor32s* index);
+ZorStatus zorsMaxIndx_64f(const Zor64f* src, Zor32s len, Zor64f* max, Zor32s* index);
+ZorStatus zorsMinIndx_16s(const Zor16s* src, Zor32s len, Zor16s* min, Zor32s* index);
+ZorStatus zorsMinIndx_32s(const Zor32s* src, Zor32s len, Zor32s* min, Zor32s* index);
+ZorStatus zorsMinIndx_32f(const Zor32f* src, Zor32s len, Zor32f* min, Zor32s* index);
+ZorStatus zorsMinIndx_64f(const Zor64f* src, Zor32s len, Zor64f* min, Zor32s* index);
+ZorStatus zorsMaxAbs_16s(const Zor16s* src, Zor32s len, Zor16s* maxAbs);
+ZorStatus zorsMaxAbs_32s(const Zor32s* src, Zor32s len, Zor32s* maxAbs);
+ZorStatus zorsMinAbs_16s(const Zor16s* src, Zor32s len, Zor16s* minAbs);
+ZorStatus zorsMinAbs_32s(const Zor32s* src, Zor32s len, Zor32s* minAbs);
+ZorStatus zorsMaxAbsIndx_16s(const Zor16s* src, Zor32s len, Zor16s* maxAbs, Zor32s* index);
+ZorStatus zorsMaxAbsIndx_32s(const Zor32s* src, Zor32s len, Zor32s* maxAbs, Zor32s* index);
+ZorStatus zorsMinAbsIndx_16s(const Zor16s* src, Zor32s len, Zor16s* minAbs, Zor32s* index);
+ZorStatus zorsMinAbsIndx_32s(const Zor32s* src, Zor32s len, Zor32s* minAbs, Zor32s* index);
+
+/* MinMax, MinMaxIndx: both extremes in one pass, as Min and Max find them. All result pointers are required. */
+ZorStatus zorsMinMax_8u(const Zor8u* src, Zor32s len, Zor8u* min, Zor8u* max);
+ZorStatus zorsMinMax_16u(const Zor16u* src, Zor32s len, Zor16u* min, Zor16u* max);
+ZorStatus zorsMinMax_16s(const Zor16s* src, Zor32s len, Zor16s* min, Zor16s* max);
+ZorStatus zorsMinMax_32u(const Zor32u* src, Zor32s len, Zor32u* min, Zor32u* max);
+ZorStatus zorsMinMax_32s(const Zor32s* src, Zor32s len, Zor32s* min, Zor32s* max);
+ZorStatus zorsMinMax_32f(const Zor32f* src, Zor32s len, Zor32f* min, Zor32f* max);
+ZorStatus zorsMinMax_64f(const Zor64f* src, Zor32s len, Zor64f* min, Zor64f* max);
+ZorStatus zorsMinMaxIndx_8u(const Zor8u* src, Zor32s len, Zor8u* min, Zor32s* minIndex, Zor8u* max, Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_16u(const Zor16u* src, Zor32s len, Zor16u* min, Zor32s* minIndex, Zor16u* max, Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_16s(const Zor16s* src, Zor32s len, Zor16s* min, Zor32s* minIndex, Zor16s* max, Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_32u(const Zor32u* src, Zor32s len, Zor32u* min, Zor32s* minIndex, Zor32u* max, Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_32s(const Zor32s* src, Zor32s len, Zor32s* min, Zor32s* minIndex, Zor32s* max, Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_32f(const Zor32f* src, Zor32s len, Zor32f* min, Zor32s* minIndex, Zor32f* max, Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_64f(const Zor64f* src, Zor32s len, Zor64f* min, Zor32s* minIndex, Zor64f* max, Zor32s* maxIndex);
+
+/* MaxEvery, MinEvery: dst[i] is the greater (smaller) of src1[i] and src2[i], in place of src[i] and srcDst[i]. Floats: the
+   second operand where the two compare equal or one is NaN. */
+ZorStatus zorsMaxEvery_8u(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len);
+ZorStatus zorsMaxEvery_16u(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len);
+ZorStatus zorsMaxEvery_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len);
+ZorStatus zorsMaxEvery_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* dst, Zor32s len);
+ZorStatus zorsMinEvery_8u(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len);
+ZorStatus zorsMinEvery_16u(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len);
+ZorStatus zorsMinEvery_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len);
+ZorStatus zorsMinEvery_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* dst, Zor32s len);
+ZorStatus zorsMaxEvery_8u_I(const Zor8u* src, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsMaxEvery_16u_I(const Zor16u* src, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsMaxEvery_16s_I(const Zor16s* src, Zor16s* srcDst, Zor32s len);
+ZorStatus zorsMaxEvery_32s_I(const Zor32s* src, Zor32s* srcDst, Zor32s len);
+ZorStatus zorsMaxEvery_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
+ZorStatus zorsMaxEvery_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
+ZorStatus zorsMinEvery_8u_I(const Zor8u* src, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsMinEvery_16u_I(const Zor16u* src, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsMinEvery_16s_I(const Zor16s* src, Zor16s* srcDst, Zor32s len);
+ZorStatus zorsMinEvery_32s_I(const Zor32s* src, Zor32s* srcDst, Zor32s len);
+ZorStatus zorsMinEvery_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
+ZorStatus zorsMinEvery_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
+
+/* FindNearest: the entry of an ascending table nearest to a value, and its index; the lower of two entries equally near.
+   Checks: pointers, len, tableLen below 1 (zorStatusBadSize). */
+ZorStatus zorsFindNearestOne_16u(Zor16u val, Zor16u* nearest, Zor32s* index, const Zor16u* table, Zor32s tableLen);
+ZorStatus zorsFindNearest_16u(const Zor16u* src, Zor16u* dst, Zor32s* dstIndex, Zor32s len, const Zor16u* table, Zor32s tableLen);
+
+/* CountInRange: how many elements are above lowerBound and below upperBound; neither bound counts. */
+ZorStatus zorsCountInRange_32s(const Zor32s* src, Zor32s len, Zor32s* count, Zor32s lowerBound, Zor32s upperBound);
+
+/* ZeroCrossing, over neighbouring pairs. mode 0: pairs whose product is negative; 1: pairs whose sign bits differ; 2: half the
+   sum of the distances of their signs -1, 0, 1 (of integers rounded down).
+   Checks: pointers; len of 0 (zorStatusBadSize; a negative one has no pairs); another mode (zorStatusBadModeOption). */
+ZorStatus zorsZeroCrossing_16s32f(const Zor16s* src, Zor32s len, Zor32f* result, Zor32s mode);
+ZorStatus zorsZeroCrossing_32f(const Zor32f* src, Zor32s len, Zor32f* result, Zor32s mode);
+
+/* Sum of floats; complex components apart. hint 1 selects the fast sums of 32f and 32fc, every other value the accurate ones.
+   Results depend on src's alignment: elements before the first 32-byte boundary are added first, one by one, and seed sum 0.
+   Numerics, 32f: accurate sums are binary64, one sequence below 32 elements (and from 57 on where src is not aligned to 4
+   bytes), else eight sums, joined as ((p0 + p4) + (p2 + p6)) + ((p1 + p5) + (p3 + p7)), the rest in four sums, then one by one;
+   the prefix is taken from 57 elements on. Fast sums run in binary32 within blocks of 8,192, 32 sums each, and binary64
+   across. 32fc: the same over interleaved components. 64f: 16 sums; one sequence where src is not aligned to 8 bytes. */
+ZorStatus zorsSum_32f(const Zor32f* src, Zor32s len, Zor32f* sum, ZorHintAlgorithm hint);
+ZorStatus zorsSum_32fc(const Zor32fc* src, Zor32s len, Zor32fc* sum, ZorHintAlgorithm hint);
+ZorStatus zorsSum_64f(const Zor64f* src, Zor32s len, Zor64f* sum);
+ZorStatus zorsSum_64fc(const Zor64fc* src, Zor32s len, Zor64fc* sum);
+
+/* Sum of integers: exact, divided by 2^scaleFactor. 16s and 16sc: as a binary64 product, rounded in the current direction and
+   saturated; the exponent is limited to what binary64 has (a scale of 0 from 1,023 on, of infinity from -1,024 down, with
+   which a sum of 0 gives the lowest value). 32s: to nearest, ties to even. */
+ZorStatus zorsSum_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_16sc32sc_Sfs(const Zor16sc* src, Zor32s len, Zor32sc* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* sum, Zor32s scaleFactor);
+ZorStatus zorsSum_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* sum, Zor32s scaleFactor);
+
+/* Mean of floats: the sum divided by len in binary64. 32f divides the sum as narrowed to 32 bits; 32fc does not narrow before;
+   64fc multiplies by 1 / len. */
+ZorStatus zorsMean_32f(const Zor32f* src, Zor32s len, Zor32f* mean, ZorHintAlgorithm hint);
+ZorStatus zorsMean_32fc(const Zor32fc* src, Zor32s len, Zor32fc* mean, ZorHintAlgorithm hint);
+ZorStatus zorsMean_64f(const Zor64f* src, Zor32s len, Zor64f* mean);
+ZorStatus zorsMean_64fc(const Zor64fc* src, Zor32s len, Zor64fc* mean);
+
+/* Mean of integers. 16s, 16sc: (sum / len) * 2^-scaleFactor in binary64, rounded in the current direction and saturated. 32s:
+   the exact sum divided to nearest, ties to even; scaling down rounds a second time, halves away from zero; scaling up
+   multiplies the sum where it fits 32 bits, else the quotient, and saturates. */
+ZorStatus zorsMean_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor32s scaleFactor);
+ZorStatus zorsMean_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* mean, Zor32s scaleFactor);
+ZorStatus zorsMean_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* mean, Zor32s scaleFactor);
+
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 
 #define ZOR_FFT_DIVIDE_FORWARD 1   /* the forward result is divided by N */

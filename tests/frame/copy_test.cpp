@@ -54,7 +54,7 @@ class Tiled {
 
 TEST(Copy, VectorsBeyondTheLargestByteCountGoOutInRounds) {
   kit::Random random(3);
-  for (std::size_t i : {1, 5, 9, 10}) {  // 2, 4, 8 and 16 bytes
+  for (const int i : {1, 5, 9, 10}) {  // 2, 4, 8 and 16 bytes
     const BlockMember& member = members[i];
     const auto size = std::size_t(member.size), len = (std::size_t{1} << 31) / size + 3, bytes = len * size;
     const Tiled src(bytes), dst(bytes);
@@ -64,6 +64,7 @@ TEST(Copy, VectorsBeyondTheLargestByteCountGoOutInRounds) {
   }
 }
 
+#ifndef __SANITIZE_ADDRESS__  // whose own code in every function relies on the flag
 TEST(Copy, ADirectionFlagThatIsSetStaysSetAndDoesNotTurnTheMove) {
   kit::Random random(4);
   const Bytes src = kit::anyBytes(40000, random);
@@ -77,6 +78,7 @@ TEST(Copy, ADirectionFlagThatIsSetStaysSetAndDoesNotTurnTheMove) {
   EXPECT_NE(flags & 0x400, 0u);
   EXPECT_EQ(src, dst);
 }
+#endif
 
 TEST(Copy, SignallingNansStayAndRaiseNoFlag) {
   const std::vector<Zor32u> src(1000, 0x7F800001u);

@@ -34,7 +34,7 @@ void checkOverlap(const BlockMember& member, int len, std::size_t from, std::siz
 TEST(Move, OverlapGivesWhatACopyPutAsideWouldGive) {
   for (const auto& member : members)
     for (int len : {1, 2, 3, 7, 8, 9, 15, 16, 17, 31, 33, 63, 65, 100, 127, 128, 129, 255, 256, 257, 300, 513, 2000})
-      for (std::size_t distance : {0, 1, 2, 3, 4, 8, 16, 31, 32, 33, 64, 127, 128, 129, 255, 256, 257, 300}) {
+      for (std::size_t distance : {0u, 1u, 2u, 3u, 4u, 8u, 16u, 31u, 32u, 33u, 64u, 127u, 128u, 129u, 255u, 256u, 257u, 300u}) {
         checkOverlap(member, len, 0, distance);
         checkOverlap(member, len, distance, 0);
         checkOverlap(member, len, 5, distance + 5);
@@ -42,7 +42,7 @@ TEST(Move, OverlapGivesWhatACopyPutAsideWouldGive) {
 }
 TEST(Move, BothSidesOfEachThresholdAndAByteApart) {
   for (int len : {16383, 16384, 32767, 32768, 32769, 100000})
-    for (std::size_t distance : {0, 1, 2, 3, 4, 6, 8, 16, 32, 63, 64, 256, 257, 5000, 40000}) {
+    for (std::size_t distance : {0u, 1u, 2u, 3u, 4u, 6u, 8u, 16u, 32u, 63u, 64u, 256u, 257u, 5000u, 40000u}) {
       checkOverlap(members[0], len, 0, distance);
       checkOverlap(members[0], len, distance, 0);
       checkOverlap(members[0], len, distance + 3, 3);

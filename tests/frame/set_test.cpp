@@ -62,7 +62,7 @@ TEST(Set, EveryLengthAndAlignment) {
   for (const Member& set : members)
     for (int len : kit::blockLengths(int(set.size())))
       for (kit::Edge edge : kit::bothEdges)
-        for (std::size_t offset : {0, 1, 2, 3, 4, 8, 12, 16, 31}) checkSet(set, len, edge, offset);
+        for (std::size_t offset : {0u, 1u, 2u, 3u, 4u, 8u, 12u, 16u, 31u}) checkSet(set, len, edge, offset);
 }
 
 TEST(Set, ChecksPointersThenLength) {
@@ -105,7 +105,7 @@ TEST(Set, WhateverTheCacheAnswersTheVectorIsSet) {
       const kit::ServicesScope services;
       services->cacheStatus = answer.status;
       services->cacheSize = answer.size;
-      for (std::size_t offset : {0, 8, 16, 40}) checkSet(set, 0x200000 / int(set.size()) + 3, kit::Edge::begin, offset);
+      for (std::size_t offset : {0u, 8u, 16u, 40u}) checkSet(set, 0x200000 / int(set.size()) + 3, kit::Edge::begin, offset);
     }
 }
 
@@ -115,7 +115,7 @@ TEST(Set, PairsAtHalfAnItemAreSplitAroundTheAlignedRest) {
     zors::describedCache = cache;
     for (int len : {1, 2, 3, 5, 0x10000, 0x10001, 0x10002, 0x10003, 0x10010})
       for (kit::Edge edge : kit::bothEdges)
-        for (std::size_t offset : {0, 8, 16, 24, 4, 1}) checkSet(set, len, edge, offset);
+        for (std::size_t offset : {0u, 8u, 16u, 24u, 4u, 1u}) checkSet(set, len, edge, offset);
   }
 }
 

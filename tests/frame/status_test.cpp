@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <fstream>
-#include <regex>
 #include <string>
 
 extern "C" int zorsHeadersInC();
@@ -12,15 +12,17 @@ namespace {
 
 TEST(Status, NamesAndTextsAreThoseOfTheHeader) {
   std::ifstream header(ZORS_SOURCE_DIR "/include/zors.h");
-  const std::regex line(R"( *(zor(?:Status|Warning)\w+) = (-?\d+), +/\* (.*) \*/)");
   int codes = 0;
-  std::smatch found;
-  for (std::string text; std::getline(header, text);) {
-    if (!std::regex_match(text, found, line)) continue;
+  for (std::string line; std::getline(header, line);) {
+    char name[64];
+    ZorStatus status;
+    int at = 0;
+    if (std::sscanf(line.c_str(), " zor%60[A-Za-z] = %d, /* %n", name, &status, &at) != 2 || at == 0) continue;
+    const bool isStatus = std::string(name).starts_with("Status") || std::string(name).starts_with("Warning");
+    if (!isStatus) continue;
     ++codes;
-    const ZorStatus status = std::stoi(found[2]);
-    EXPECT_EQ(zorsStatusName(status), found[1].str());
-    EXPECT_EQ(zorsStatusText(status), found[3].str());
+    EXPECT_EQ(zorsStatusName(status), std::string("zor") + name);
+    EXPECT_EQ(zorsStatusText(status), line.substr(std::size_t(at), line.find(" */") - std::size_t(at)));
   }
   EXPECT_EQ(codes, 51);
 }

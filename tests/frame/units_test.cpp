@@ -47,7 +47,7 @@ TEST(Layout, GivesAlignedPiecesThatDoNotOverlapWithinTheSizeItReports) {
   const auto lay = [](zors::Layout& block) {
     return std::tuple{block.take<Zor8u>(1), block.take<Zor64f>(3), block.take<Zor32f>(17), block.take<Zor8u>(0), block.take<Zor16s>(5)};
   };
-  for (std::size_t alignment : {16, 32, 64}) {
+  for (std::size_t alignment : {16u, 32u, 64u}) {
     zors::Layout sizes(alignment);
     EXPECT_EQ(std::get<0>(lay(sizes)), nullptr);
     std::vector<Zor8u> memory(sizes.size() + 64);

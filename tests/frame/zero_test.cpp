@@ -35,7 +35,7 @@ TEST(Zero, UpToTwoMebibytesTheCacheIsNotAskedFor) {
 TEST(Zero, BothPathsClearTheSameBytes) {
   for (int size : {1, 0x200001, 0x200002, INT32_MAX})
     for (int tail : {0, 1, 7, 15, 31, 48, 63})
-      for (std::size_t offset : {0, 1, 24, 63}) {
+      for (std::size_t offset : {0u, 1u, 24u, 63u}) {
         const kit::ServicesScope services;
         services->cacheSize = size;
         const std::size_t bytes = std::size_t(0x200001 + tail);
