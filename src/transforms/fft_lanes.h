@@ -165,6 +165,12 @@ template <class T> struct Interleaved {
   template <int L> ZORS_INLINE Points<Value, L> load(std::size_t j) const { return loadInterleaved<L>(points + 2 * j); }
   template <int L> ZORS_INLINE void store(std::size_t k, Points<Value, L> x) const { storeInterleaved<L>(points + 2 * k, x); }
   static constexpr int sourcePoint(int lane, int lanes) { return lanes == fullLanes<Value> ? lanePoint<Value>(lane) : lane; }
+  // Eight points in memory order.
+  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const {
+    const auto pieces = [&](std::size_t at) ZORS_INLINE_LAMBDA { return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(points + 2 * at)), _mm_loadu_ps(points + 2 * at + 8), 1); };
+    const __m256 a = pieces(j), b = pieces(j + 2);
+    return {{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
+  }
 };
 template <class T> struct SplitPoints {
   using Value = std::remove_const_t<T>;
@@ -178,7 +184,19 @@ template <class T> struct SplitPoints {
     storeLanes<L>(im(k), reorder(x.im));
   }
   static constexpr int sourcePoint(int lane, int) { return lane; }
+  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const { return load<8>(j); }
 };
+
+// The columns of four rows of four in each half: lanes of one column in lane order, if the halves of r0, r1, r2, r3 are rows
+// 0 and 2, 1 and 3, 4 and 6, 5 and 7.
+template <int column, class Store> ZORS_INLINE void transposeHalves(__m256 r0, __m256 r1, __m256 r2, __m256 r3, Store store) {
+  const __m256 t0 = _mm256_unpacklo_ps(r0, r1), t1 = _mm256_unpackhi_ps(r0, r1);
+  const __m256 t2 = _mm256_unpacklo_ps(r2, r3), t3 = _mm256_unpackhi_ps(r2, r3);
+  store(column, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0x44)});
+  store(column + 1, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0xEE)});
+  store(column + 2, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0x44)});
+  store(column + 3, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0xEE)});
+}
 
 // The columns of a matrix in memory of fullLanes<T> rows of L lanes, each given to store(column, register) in lane order;
 // row(i) is the address of row i.
@@ -193,18 +211,10 @@ template <int L, class Row, class Store> ZORS_INLINE void transposeRows(Row row,
     store(2, Lanes<T, 4>{_mm256_unpacklo_pd(c, d)});
     store(3, Lanes<T, 4>{_mm256_unpackhi_pd(c, d)});
   } else {
-    const auto four = [&](int column, __m256 r0, __m256 r1, __m256 r2, __m256 r3) ZORS_INLINE_LAMBDA {
-      const __m256 t0 = _mm256_unpacklo_ps(r0, r1), t1 = _mm256_unpackhi_ps(r0, r1);
-      const __m256 t2 = _mm256_unpacklo_ps(r2, r3), t3 = _mm256_unpackhi_ps(r2, r3);
-      store(column, Lanes<T, 8>{_mm256_shuffle_ps(t0, t2, 0x44)});
-      store(column + 1, Lanes<T, 8>{_mm256_shuffle_ps(t0, t2, 0xEE)});
-      store(column + 2, Lanes<T, 8>{_mm256_shuffle_ps(t1, t3, 0x44)});
-      store(column + 3, Lanes<T, 8>{_mm256_shuffle_ps(t1, t3, 0xEE)});
-    };
     constexpr auto at = lanePoint<T>;
     if constexpr (L == 4) {
       const auto pair = [&](int i) ZORS_INLINE_LAMBDA { return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(row(at(i)))), _mm_loadu_ps(row(at(i + 4))), 1); };
-      four(0, pair(0), pair(1), pair(2), pair(3));
+      transposeHalves<0>(pair(0), pair(1), pair(2), pair(3), store);
     } else {
       __m256 low[4], high[4];
       simd::unrolled<4>([&](auto i) ZORS_INLINE_LAMBDA {
@@ -212,8 +222,8 @@ template <int L, class Row, class Store> ZORS_INLINE void transposeRows(Row row,
         low[i] = _mm256_permute2f128_ps(a, b, 0x20);
         high[i] = _mm256_permute2f128_ps(a, b, 0x31);
       });
-      four(0, low[0], low[1], low[2], low[3]);
-      four(4, high[0], high[1], high[2], high[3]);
+      transposeHalves<0>(low[0], low[1], low[2], low[3], store);
+      transposeHalves<4>(high[0], high[1], high[2], high[3], store);
     }
   }
 }
