@@ -621,6 +621,29 @@ ZorStatus zorsMulPerm_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
 ZorStatus zorsMulPackConj_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
 ZorStatus zorsMulPackConj_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
 
+/* Conj: a packed spectrum of len values' transform, even or odd len, to all len terms: X[len - k] = conj X[k]. The first term
+   and, for even len, the middle one get zero imaginary parts; ConjCcs copies what its source has there. In place the packed
+   values stand at the begin of srcDst, which has room for len pairs. src may be dst.
+   Numerics: no rounding; 16sc negates with saturation. Checks: pointers, len. */
+ZorStatus zorsConjPack_16sc(const Zor16s* src, Zor16sc* dst, Zor32s len);
+ZorStatus zorsConjPack_16sc_I(Zor16sc* srcDst, Zor32s len);
+ZorStatus zorsConjPack_32fc(const Zor32f* src, Zor32fc* dst, Zor32s len);
+ZorStatus zorsConjPack_32fc_I(Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsConjPack_64fc(const Zor64f* src, Zor64fc* dst, Zor32s len);
+ZorStatus zorsConjPack_64fc_I(Zor64fc* srcDst, Zor32s len);
+ZorStatus zorsConjPerm_16sc(const Zor16s* src, Zor16sc* dst, Zor32s len);
+ZorStatus zorsConjPerm_16sc_I(Zor16sc* srcDst, Zor32s len);
+ZorStatus zorsConjPerm_32fc(const Zor32f* src, Zor32fc* dst, Zor32s len);
+ZorStatus zorsConjPerm_32fc_I(Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsConjPerm_64fc(const Zor64f* src, Zor64fc* dst, Zor32s len);
+ZorStatus zorsConjPerm_64fc_I(Zor64fc* srcDst, Zor32s len);
+ZorStatus zorsConjCcs_16sc(const Zor16s* src, Zor16sc* dst, Zor32s len);
+ZorStatus zorsConjCcs_16sc_I(Zor16sc* srcDst, Zor32s len);
+ZorStatus zorsConjCcs_32fc(const Zor32f* src, Zor32fc* dst, Zor32s len);
+ZorStatus zorsConjCcs_32fc_I(Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsConjCcs_64fc(const Zor64f* src, Zor64fc* dst, Zor32s len);
+ZorStatus zorsConjCcs_64fc_I(Zor64fc* srcDst, Zor32s len);
+
 /* ---- FIR filters --------------------------------------------------------------------------------------------- */
 
 typedef struct ZorFIRState ZorFIRState;

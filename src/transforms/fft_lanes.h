@@ -57,6 +57,13 @@ template <int L, class T> ZORS_INLINE Lanes<T, L> loadLanes(const T* p) {
   else if constexpr (L == 8) return {_mm256_loadu_ps(p)};
   else return {_mm_loadu_ps(p)};
 }
+// The same, and the value stays in its register: g++ would rather load it again for each use, and loads are what limits a
+// stage.
+template <int L, class T> ZORS_INLINE Lanes<T, L> loadOnce(const T* p) {
+  auto x = loadLanes<L>(p);
+  __asm__("" : "+x"(x.r));
+  return x;
+}
 template <int L, class T> ZORS_INLINE void storeLanes(T* p, Lanes<T, L> x) {
   if constexpr (L == 1) *p = x.r;
   else if constexpr (sizeof(T) == 8) _mm256_storeu_pd(p, x.r);
@@ -93,7 +100,7 @@ template <class T, int L> struct Points {
 };
 
 // L real parts, then L imaginary parts.
-template <int L, class T> ZORS_INLINE Points<T, L> loadPoints(const T* p) { return {loadLanes<L>(p), loadLanes<L>(p + L)}; }
+template <int L, class T> ZORS_INLINE Points<T, L> loadPoints(const T* p) { return {loadOnce<L>(p), loadOnce<L>(p + L)}; }
 template <int L, class T> ZORS_INLINE void storePoints(T* p, Points<T, L> x) {
   storeLanes<L>(p, x.re);
   storeLanes<L>(p + L, x.im);
@@ -104,7 +111,7 @@ template <int L, class T> ZORS_INLINE Points<T, L> loadInterleaved(const T* p) {
   if constexpr (L == 1) {
     return {{p[0]}, {p[1]}};
   } else {
-    const auto a = loadLanes<L>(p).r, b = loadLanes<L>(p + L).r;
+    const auto a = loadOnce<L>(p).r, b = loadOnce<L>(p + L).r;
     if constexpr (sizeof(T) == 8) return {{_mm256_unpacklo_pd(a, b)}, {_mm256_unpackhi_pd(a, b)}};
     else if constexpr (L == 8) return {{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
     else return {{_mm_shuffle_ps(a, b, 0x88)}, {_mm_shuffle_ps(a, b, 0xDD)}};
@@ -126,16 +133,23 @@ template <int L, class T> ZORS_INLINE void storeInterleaved(T* p, Points<T, L> x
   }
 }
 
+// An address that the compiler cannot derive again: it would keep a pointer for every stream of a pass, in memory.
+template <class T> ZORS_INLINE T* inRegister(T* p) {
+  __asm__("" : "+r"(p));
+  return p;
+}
+
 // A work array between the stages: full registers of real and of imaginary parts by turns, in lane order.
 template <class T> struct WorkPoints {
   T* points;
+  ZORS_INLINE WorkPoints from(std::size_t k) const { return {inRegister(points + 2 * k)}; }
   ZORS_INLINE T* re(std::size_t k) const { return points + 2 * k; }
   ZORS_INLINE T* im(std::size_t k) const { return points + 2 * k + fullLanes<T>; }
 };
 // One register of a work array, k a multiple of its lanes.
 template <class Work> ZORS_INLINE auto loadWork(Work work, std::size_t k) {
   using T = std::remove_cvref_t<decltype(*work.re(0))>;
-  return Points<T, fullLanes<T>>{loadLanes<fullLanes<T>>(work.re(k)), loadLanes<fullLanes<T>>(work.im(k))};
+  return Points<T, fullLanes<T>>{loadOnce<fullLanes<T>>(work.re(k)), loadOnce<fullLanes<T>>(work.im(k))};
 }
 template <class Work, class T, int L> ZORS_INLINE void storeWork(Work work, std::size_t k, Points<T, L> x) {
   storeLanes<L>(work.re(k), x.re);
@@ -147,13 +161,21 @@ template <class Work, class T, int L> ZORS_INLINE void storeWork(Work work, std:
 template <class T> struct Interleaved {
   using Value = std::remove_const_t<T>;
   T* points;
+  ZORS_INLINE Interleaved from(std::size_t k) const { return {inRegister(points + 2 * k)}; }
   template <int L> ZORS_INLINE Points<Value, L> load(std::size_t j) const { return loadInterleaved<L>(points + 2 * j); }
   template <int L> ZORS_INLINE void store(std::size_t k, Points<Value, L> x) const { storeInterleaved<L>(points + 2 * k, x); }
   static constexpr int sourcePoint(int lane, int lanes) { return lanes == fullLanes<Value> ? lanePoint<Value>(lane) : lane; }
+  // Eight points in memory order.
+  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const {
+    const auto pieces = [&](std::size_t at) ZORS_INLINE_LAMBDA { return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(points + 2 * at)), _mm_loadu_ps(points + 2 * at + 8), 1); };
+    const __m256 a = pieces(j), b = pieces(j + 2);
+    return {{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
+  }
 };
 template <class T> struct SplitPoints {
   using Value = std::remove_const_t<T>;
   T *reals, *imaginaries;
+  ZORS_INLINE SplitPoints from(std::size_t k) const { return {inRegister(reals + k), inRegister(imaginaries + k)}; }
   ZORS_INLINE T* re(std::size_t k) const { return reals + k; }
   ZORS_INLINE T* im(std::size_t k) const { return imaginaries + k; }
   template <int L> ZORS_INLINE Points<Value, L> load(std::size_t j) const { return {loadLanes<L>(re(j)), loadLanes<L>(im(j))}; }
@@ -162,31 +184,49 @@ template <class T> struct SplitPoints {
     storeLanes<L>(im(k), reorder(x.im));
   }
   static constexpr int sourcePoint(int lane, int) { return lane; }
+  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const { return load<8>(j); }
 };
 
-// Columns of a matrix in memory. A unit is 16 bytes of every row: u columns, each given to store(column, register) with its
-// elements in lane order. row(i) is the address of row i's unit; there are fullLanes<T> rows.
-template <class Row, class Store> ZORS_INLINE void transposeUnit(std::type_identity<Zor32f>, Row row, Store store) {
-  const auto rows = [&](int i) ZORS_INLINE_LAMBDA {  // lane i of the upper half is lane i + 4 of the register
-    return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(row(lanePoint<Zor32f>(i)))), _mm_loadu_ps(row(lanePoint<Zor32f>(i + 4))), 1);
-  };
-  const __m256 r0 = rows(0), r1 = rows(1), r2 = rows(2), r3 = rows(3);
+// The columns of four rows of four in each half: lanes of one column in lane order, if the halves of r0, r1, r2, r3 are rows
+// 0 and 2, 1 and 3, 4 and 6, 5 and 7.
+template <int column, class Store> ZORS_INLINE void transposeHalves(__m256 r0, __m256 r1, __m256 r2, __m256 r3, Store store) {
   const __m256 t0 = _mm256_unpacklo_ps(r0, r1), t1 = _mm256_unpackhi_ps(r0, r1);
   const __m256 t2 = _mm256_unpacklo_ps(r2, r3), t3 = _mm256_unpackhi_ps(r2, r3);
-  store(0, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0x44)});
-  store(1, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0xEE)});
-  store(2, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0x44)});
-  store(3, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0xEE)});
+  store(column, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0x44)});
+  store(column + 1, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0xEE)});
+  store(column + 2, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0x44)});
+  store(column + 3, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0xEE)});
 }
-template <class Row, class Store> ZORS_INLINE void transposeUnit(std::type_identity<Zor64f>, Row row, Store store) {
-  const auto rows = [&](int i) ZORS_INLINE_LAMBDA {
-    return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(row(lanePoint<Zor64f>(i)))), _mm_loadu_pd(row(lanePoint<Zor64f>(i + 2))), 1);
-  };
-  const __m256d r0 = rows(0), r1 = rows(1);
-  store(0, Lanes<Zor64f, 4>{_mm256_unpacklo_pd(r0, r1)});
-  store(1, Lanes<Zor64f, 4>{_mm256_unpackhi_pd(r0, r1)});
+
+// The columns of a matrix in memory of fullLanes<T> rows of L lanes, each given to store(column, register) in lane order;
+// row(i) is the address of row i.
+template <int L, class Row, class Store> ZORS_INLINE void transposeRows(Row row, Store store) {
+  using T = std::remove_cvref_t<decltype(*row(0))>;
+  if constexpr (sizeof(T) == 8) {
+    const auto r0 = loadLanes<4>(row(0)).r, r1 = loadLanes<4>(row(1)).r, r2 = loadLanes<4>(row(2)).r, r3 = loadLanes<4>(row(3)).r;
+    const __m256d a = _mm256_permute2f128_pd(r0, r1, 0x20), b = _mm256_permute2f128_pd(r2, r3, 0x20);
+    const __m256d c = _mm256_permute2f128_pd(r0, r1, 0x31), d = _mm256_permute2f128_pd(r2, r3, 0x31);
+    store(0, Lanes<T, 4>{_mm256_unpacklo_pd(a, b)});
+    store(1, Lanes<T, 4>{_mm256_unpackhi_pd(a, b)});
+    store(2, Lanes<T, 4>{_mm256_unpacklo_pd(c, d)});
+    store(3, Lanes<T, 4>{_mm256_unpackhi_pd(c, d)});
+  } else {
+    constexpr auto at = lanePoint<T>;
+    if constexpr (L == 4) {
+      const auto pair = [&](int i) ZORS_INLINE_LAMBDA { return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(row(at(i)))), _mm_loadu_ps(row(at(i + 4))), 1); };
+      transposeHalves<0>(pair(0), pair(1), pair(2), pair(3), store);
+    } else {
+      __m256 low[4], high[4];
+      simd::unrolled<4>([&](auto i) ZORS_INLINE_LAMBDA {
+        const __m256 a = loadLanes<8>(row(at(i))).r, b = loadLanes<8>(row(at(i + 4))).r;
+        low[i] = _mm256_permute2f128_ps(a, b, 0x20);
+        high[i] = _mm256_permute2f128_ps(a, b, 0x31);
+      });
+      transposeHalves<0>(low[0], low[1], low[2], low[3], store);
+      transposeHalves<4>(high[0], high[1], high[2], high[3], store);
+    }
+  }
 }
-template <class T> inline constexpr int unitColumns = 16 / int{sizeof(T)};
 
 // Four rows of four lanes; the columns of a full register have their elements in lane order.
 ZORS_INLINE void transpose4(Lanes<Zor32f, 4> (&x)[4]) { _MM_TRANSPOSE4_PS(x[0].r, x[1].r, x[2].r, x[3].r); }

@@ -87,21 +87,24 @@ template <int order, class T> constexpr auto smallFactors = [] {
   return tables;
 }();
 
-template <int order, bool inverse, class T> ZORS_INLINE void straightLine(const T* src, T* out) {
+// All values are read before the first is written.
+template <int order, bool inverse, bool scaled, class T> [[gnu::flatten]] void straightLine(const T* src, T* dst, T scale) {
   constexpr int n = 1 << order;
+  T x[n], out[n];
+  simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA { x[i] = src[i]; });
   if constexpr (order == 0) {
-    out[0] = src[0];
+    out[0] = x[0];
   } else if constexpr (order == 1) {
-    out[0] = src[0] + src[1];
-    out[1] = src[0] - src[1];
+    out[0] = x[0] + x[1];
+    out[1] = x[0] - x[1];
   } else if constexpr (order == 2 && !inverse) {
-    const T even = src[0] + src[2], odd = src[3] + src[1];
+    const T even = x[0] + x[2], odd = x[3] + x[1];
     out[0] = even + odd;
     out[1] = even - odd;
-    out[2] = src[0] - src[2];
-    out[3] = src[3] - src[1];
+    out[2] = x[0] - x[2];
+    out[3] = x[3] - x[1];
   } else if constexpr (order == 2) {
-    const T even = src[0] + src[1], odd = src[0] - src[1], twiceRe = src[2] + src[2], twiceIm = src[3] + src[3];
+    const T even = x[0] + x[1], odd = x[0] - x[1], twiceRe = x[2] + x[2], twiceIm = x[3] + x[3];
     out[0] = even + twiceRe;
     out[1] = odd - twiceIm;
     out[2] = even - twiceRe;
@@ -109,31 +112,40 @@ template <int order, bool inverse, class T> ZORS_INLINE void straightLine(const 
   } else {
     T pairs[n];
     const auto complexTransform = [&](const T* from, T* to) ZORS_INLINE_LAMBDA {
-      Parts<T, 1, n / 2> x;
-      simd::unrolled<n / 2>([&](auto q) ZORS_INLINE_LAMBDA { x.at[q] = loadInterleaved<1>(from + 2 * q); });
-      const auto y = butterfly<n / 2, inverse>(x);
+      const auto y = butterfly<n / 2, inverse, 1, T>([&](auto q) ZORS_INLINE_LAMBDA { return Points<T, 1>{{from[2 * q]}, {from[2 * q + 1]}}; });
       simd::unrolled<n / 2>([&](auto q) ZORS_INLINE_LAMBDA { storeInterleaved<1>(to + 2 * q, y.at[q]); });
     };
+    const auto parting = [&](const T* from, T* to, const auto& factors) ZORS_INLINE_LAMBDA {
+      sumAndDifference(from, to);
+      simd::unrolled<n / 4>([&](auto i) ZORS_INLINE_LAMBDA {
+        partAt<1>(from, to, n, i + 1, [&](auto pair) ZORS_INLINE_LAMBDA {
+          const Points<T, 1> factor = {{factors[2 * i]}, {factors[2 * i + 1]}};
+          return inverse ? partInverse(pair, factor) : partForward(pair, factor);
+        });
+      });
+    };
     if constexpr (inverse) {
-      part<true, 1>(src, pairs, n, smallFactors<order, T>.inverse.data());
+      parting(x, pairs, smallFactors<order, T>.inverse);
       complexTransform(pairs, out);
     } else {
-      complexTransform(src, pairs);
-      part<false, 1>(pairs, out, n, smallFactors<order, T>.forward.data());
+      complexTransform(x, pairs);
+      parting(pairs, out, smallFactors<order, T>.forward);
     }
+  }
+  simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA { dst[i] = scaled ? out[i] * scale : out[i]; });
+}
+template <bool inverse, bool scaled, class T> void smallReal(int order, const T* src, T* dst, T scale) {
+  switch (order) {
+    case 0: return straightLine<0, inverse, scaled>(src, dst, scale);
+    case 1: return straightLine<1, inverse, scaled>(src, dst, scale);
+    case 2: return straightLine<2, inverse, scaled>(src, dst, scale);
+    case 3: return straightLine<3, inverse, scaled>(src, dst, scale);
+    default: return straightLine<4, inverse, scaled>(src, dst, scale);
   }
 }
 template <bool inverse, class T> void smallReal(const Spec<T>& spec, const T* src, T* dst) {
-  T out[1 << largestSmallRealOrder];
-  switch (spec.order) {
-    case 0: straightLine<0, inverse>(src, out); break;
-    case 1: straightLine<1, inverse>(src, out); break;
-    case 2: straightLine<2, inverse>(src, out); break;
-    case 3: straightLine<3, inverse>(src, out); break;
-    default: straightLine<4, inverse>(src, out); break;
-  }
-  const bool scaled = spec.scales(inverse);
-  for (int i = 0; i < 1 << spec.order; ++i) dst[i] = scaled ? out[i] * spec.scale : out[i];
+  if (spec.scales(inverse)) smallReal<inverse, true>(spec.order, src, dst, spec.scale);
+  else smallReal<inverse, false>(spec.order, src, dst, spec.scale);
 }
 
 template <Packed format, class S, class T> ZorStatus realForward(const T* src, T* dst, const S* spec, Zor8u* buffer) {

@@ -43,11 +43,7 @@ constexpr int stageBits(int order, int done) {
   const int left = order - done;
   return left == 3 || (left > 4 && done > 2 && order < 12) || (done == 4 && order % 2 == 1) ? 3 : 2;
 }
-constexpr int lastStageBits(int order) {
-  int done = firstPassBits;
-  while (done + stageBits(order, done) < order) done += stageBits(order, done);
-  return order - done;
-}
+constexpr int lastStageBits(int order) { return order == 7 || order == 10 ? 3 : 2; }
 constexpr int reversedBits(int value, int bits) {
   int reversed = 0;
   for (int i = 0; i < bits; ++i) reversed |= (value >> i & 1) << (bits - 1 - i);

@@ -15,11 +15,14 @@ template <bool inverse, int L, class T, class Work, class Place, template <class
 ZORS_INLINE void firstPass(Source<const T> src, std::size_t j, std::size_t step, const T* twiddles, Work work, Place place) {
   alignas(32) T rows[16 * 2 * L];
   const auto row = [&](int i) ZORS_INLINE_LAMBDA { return rows + 2 * L * i; };
+  src = src.from(j);
   simd::unrolled<4>([&](auto u) ZORS_INLINE_LAMBDA {
     Parts<T, L, 4> x;
-    simd::unrolled<4>([&](auto q) ZORS_INLINE_LAMBDA { x.at[q] = src.template load<L>(j + step * std::size_t(u + 4 * q)); });
+    simd::unrolled<4>([&](auto q) ZORS_INLINE_LAMBDA { x.at[q] = src.template load<L>(4 * step * std::size_t(q)); });
+    src = src.from(step);
     const auto y = butterfly<4, inverse>(x);
     simd::unrolled<4>([&](auto k) ZORS_INLINE_LAMBDA { storePoints<L>(row(4 * u + k), y.at[k]); });
+    keepInMemory(rows);
   });
   simd::unrolled<4>([&](auto k) ZORS_INLINE_LAMBDA {
     Parts<T, L, 4> x;
@@ -31,33 +34,27 @@ ZORS_INLINE void firstPass(Source<const T> src, std::size_t j, std::size_t step,
     });
     const auto y = butterfly<4, inverse>(x);
     simd::unrolled<4>([&](auto m) ZORS_INLINE_LAMBDA { storePoints<L>(row(4 * m + k), y.at[m]); });
+    keepInMemory(rows);
   });
-  constexpr int full = fullLanes<T>, columns = unitColumns<T>;
-  simd::unrolled<L / columns>([&](auto unit) ZORS_INLINE_LAMBDA {
-    simd::unrolled<16 / full>([&](auto part) ZORS_INLINE_LAMBDA {
-      const auto transposed = [&](int offset, auto target) ZORS_INLINE_LAMBDA {
-        const T* from = row(full * part) + columns * unit + offset;
-        transposeUnit(std::type_identity<T>{}, [&](int i) ZORS_INLINE_LAMBDA { return from + 2 * L * i; }, [&](int column, auto x) ZORS_INLINE_LAMBDA {
-          storeLanes<full>(target(place(Source<const T>::sourcePoint(columns * unit + column, L)) + std::size_t(full * part)), x);
-        });
-      };
-      transposed(0, [&](std::size_t k) ZORS_INLINE_LAMBDA { return work.re(k); });
-      transposed(L, [&](std::size_t k) ZORS_INLINE_LAMBDA { return work.im(k); });
-    });
+  constexpr int full = fullLanes<T>;
+  Work column[L] = {};
+  simd::unrolled<L>([&](auto lane) ZORS_INLINE_LAMBDA { column[lane] = work.from(place(Source<const T>::sourcePoint(lane, L))); });
+  simd::unrolled<16 / full>([&](auto part) ZORS_INLINE_LAMBDA {
+    const T* const from = row(full * part);
+    transposeRows<L>([&](int i) ZORS_INLINE_LAMBDA { return from + 2 * L * i; }, [&](int at, auto x) ZORS_INLINE_LAMBDA { storeLanes<full>(column[at].re(std::size_t(full * part)), x); });
+    transposeRows<L>([&](int i) ZORS_INLINE_LAMBDA { return from + 2 * L * i + L; }, [&](int at, auto x) ZORS_INLINE_LAMBDA { storeLanes<full>(column[at].im(std::size_t(full * part)), x); });
   });
 }
 
-// The parts of a butterfly at k, turned by their twiddles.
+// A butterfly at k: its parts turned by their twiddles.
 template <int radix, bool inverse, class Work, class T>
-ZORS_INLINE auto turnedParts(Work work, std::size_t k, std::size_t span, const T* twiddles) {
+ZORS_INLINE auto turnedButterfly(Work work, std::size_t k, std::size_t span, const T* twiddles) {
   constexpr int L = fullLanes<T>;
-  Parts<T, L, radix> t;
-  t.at[0] = loadWork(work, k);
-  simd::unrolled<radix - 1>([&](auto i) ZORS_INLINE_LAMBDA {
-    constexpr int q = i + 1;
-    t.at[q] = twiddle<inverse>(loadPoints<L>(twiddles + 2 * L * i), loadWork(work, k + span * std::size_t(residuePlace<radix>(q))));
+  return butterfly<radix, inverse, L, T>([&](auto q) ZORS_INLINE_LAMBDA {
+    const auto x = loadWork(work, k + span * std::size_t(residuePlace<radix>(q)));
+    if constexpr (q == 0) return x;
+    else return twiddle<inverse>(loadPoints<L>(twiddles + 2 * L * (q - 1)), x);
   });
-  return t;
 }
 
 // One stage over the points from begin to end, in place.
@@ -67,7 +64,7 @@ template <int radix, bool inverse, class Work, class T>
   for (; begin != end; begin += span * radix) {
     const T* w = twiddles;
     for (std::size_t k = begin; k < begin + span; k += L, w += 2 * L * (radix - 1)) {
-      const auto y = butterfly<radix, inverse>(turnedParts<radix, inverse>(work, k, span, w));
+      const auto y = turnedButterfly<radix, inverse>(work, k, span, w);
       simd::unrolled<radix>([&](auto m) ZORS_INLINE_LAMBDA { storeWork(work, k + span * std::size_t(m), y.at[m]); });
     }
   }
@@ -79,7 +76,7 @@ template <int radix, bool inverse, bool scaled, class Work, class T, class Targe
   constexpr int L = fullLanes<T>;
   const auto factor = allLanes<L>(scale);
   for (std::size_t k = 0; k < span; k += L, twiddles += 2 * L * (radix - 1)) {
-    const auto y = butterfly<radix, inverse>(turnedParts<radix, inverse>(work, k, span, twiddles));
+    const auto y = turnedButterfly<radix, inverse>(work, k, span, twiddles);
     simd::unrolled<radix>([&](auto m) ZORS_INLINE_LAMBDA { dst.template store<L>(k + span * std::size_t(m), scaled ? y.at[m] * factor : y.at[m]); });
   }
 }

@@ -54,7 +54,8 @@ template <class T> void complexCase(int order, int flag, bool inverse, const mod
   }
   const std::string what = std::string(X::kind.name) + " order " + std::to_string(order) + " flag " + std::to_string(flag) + (inverse ? " inverse" : " forward");
   for (std::size_t off : offsets(order)) {
-    const Built built(X::kind, order, flag, off * 4), splitBuilt(X::splitKind, order, flag, off * 4);
+    const Built built(X::kind, order, flag, off * 4);
+    const Built splitBuilt(X::splitKind, order, flag, off * 4);
     const kit::Guarded<Pair<T>> src(x, kit::Edge::end, off * sizeof(T)), dst(n, kit::Edge::end, off * sizeof(T));
     for (Zor8u* buffer : {built.work(), static_cast<Zor8u*>(nullptr)}) {
       ASSERT_EQ(X::complex[inverse](src.data(), dst.data(), built.spec(), buffer), zorStatusOk);
@@ -142,6 +143,11 @@ template <class T> void everyRealOrder(int last) {
   }
 }
 
+// The longer tiles: radices 8, 8, 4.
+TEST(FFTBits, TheFirstOrdersOfTheLongTilesEqualTheModel) {
+  complexCase<Zor32f>(23, ZOR_FFT_DIVIDE_FORWARD, false, model::Twiddles<Zor32f>(23));
+  complexCase<Zor64f>(22, ZOR_FFT_DIVIDE_BOTH_ROOT, true, model::Twiddles<Zor64f>(22));
+}
 TEST(FFTBits, ComplexTransformsOf32BitsEqualTheModel) { everyComplexOrder<Zor32f>(20); }
 TEST(FFTBits, ComplexTransformsOf64BitsEqualTheModel) { everyComplexOrder<Zor64f>(19); }
 TEST(FFTBits, RealTransformsOf32BitsEqualTheModel) { everyRealOrder<Zor32f>(20); }
