@@ -493,6 +493,63 @@ ZorStatus zorsMean_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor32s s
 ZorStatus zorsMean_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* mean, Zor32s scaleFactor);
 ZorStatus zorsMean_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* mean, Zor32s scaleFactor);
 
+/* Norms of floats. Inf: the greatest magnitude; L1: the sum of the magnitudes; L2: the root of the sum of squares. Complex forms
+   take the magnitude of each element.
+   Numerics: 32f and 32fc run in binary32, the sums of 32fc64f are widened only when complete. Elements go to 8 sums (64-bit
+   types: 4), element k to sum k mod 8, L2 of pairs its components to 16 (8); the sums are joined in halves, j with j + n / 2,
+   at last even ones and odd ones. Inf of pairs roots the greatest re^2 + im^2. A NaN counts in Inf only as the last element
+   of its lane k mod 8 (4). No dependence on alignment. */
+ZorStatus zorsNorm_Inf_32f(const Zor32f* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_Inf_64f(const Zor64f* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_Inf_32fc32f(const Zor32fc* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_Inf_64fc64f(const Zor64fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L1_32f(const Zor32f* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L1_64f(const Zor64f* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L1_32fc64f(const Zor32fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L1_64fc64f(const Zor64fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L2_32f(const Zor32f* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L2_64f(const Zor64f* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L2_32fc64f(const Zor32fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L2_64fc64f(const Zor64fc* src, Zor32s len, Zor64f* norm);
+
+/* Norms of src1 - src2, the difference rounded to the element type; otherwise as the norms of one vector. */
+ZorStatus zorsNormDiff_Inf_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_Inf_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_Inf_32fc32f(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_Inf_64fc64f(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L1_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L1_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L1_32fc64f(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L1_64fc64f(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L2_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L2_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L2_32fc64f(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L2_64fc64f(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64f* norm);
+
+/* Norms of 16-bit integers, exact; the result converted to a float, L2 after a root in binary64. */
+ZorStatus zorsNorm_Inf_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L1_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L2_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
+
+/* Norms of 16-bit integers, exact, divided by 2^scaleFactor and saturated. Scaling down truncates; 64 and more give 0.
+   L2_16s32s: the root in binary64, divided (multiplied) by 2^(scaleFactor mod 32) held in a signed 32-bit integer, so that 31
+   gives a negative result and 32 divides by 1; then truncated. L2Sqr: the sum of squares. */
+ZorStatus zorsNorm_Inf_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L1_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L2_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L1_16s64s_Sfs(const Zor16s* src, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L2Sqr_16s64s_Sfs(const Zor16s* src, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+
+/* Norms of the exact differences src1 - src2, up to 65,535 each; otherwise as the norms of one vector. */
+ZorStatus zorsNormDiff_Inf_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L1_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L2_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_Inf_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L1_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L2_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L1_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L2Sqr_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 
 #define ZOR_FFT_DIVIDE_FORWARD 1   /* the forward result is divided by N */
