@@ -550,6 +550,47 @@ ZorStatus zorsNormDiff_L2_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor
 ZorStatus zorsNormDiff_L1_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
 ZorStatus zorsNormDiff_L2Sqr_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
 
+/* Dot products of floats: the plain sum of src1[n] * src2[n]; no operand is conjugated. Products and sums round apart.
+   Numerics: 32f binary32 throughout: one sequence below 16 elements (and from 57 on where src2 is not aligned to 4 bytes), else
+   16 sums joined to 8, the rest in a group of 8, then one by one; from 57 on the elements before src2's 32-byte boundary first,
+   which seed sum 0. 64f: element k to sum k mod 8 where both sources are aligned to 16 bytes, else k mod 6. 32f64f: 8 sums.
+   Real by complex: 16 sums of components in binary32, 8 in binary64. Complex: the sums of re1 * src2 and of im1 * src2 apart,
+   in 4 lanes over 2 elements (binary64: 8 over 4). Forms with a wider result widen before they multiply. Only 32f and 64f
+   depend on alignment. */
+ZorStatus zorsDotProd_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* dotProd);
+ZorStatus zorsDotProd_32f64f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor64f* dotProd);
+ZorStatus zorsDotProd_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* dotProd);
+ZorStatus zorsDotProd_32f32fc(const Zor32f* src1, const Zor32fc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_32f32fc64fc(const Zor32f* src1, const Zor32fc* src2, Zor32s len, Zor64fc* dotProd);
+ZorStatus zorsDotProd_64f64fc(const Zor64f* src1, const Zor64fc* src2, Zor32s len, Zor64fc* dotProd);
+ZorStatus zorsDotProd_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_32fc64fc(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor64fc* dotProd);
+ZorStatus zorsDotProd_64fc(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64fc* dotProd);
+
+/* Dot products of 16-bit integers: exact, stored as they are or converted to a float. */
+ZorStatus zorsDotProd_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* dotProd);
+ZorStatus zorsDotProd_16s64s(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* dotProd);
+ZorStatus zorsDotProd_16s16sc32fc(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_16s16sc64sc(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor64sc* dotProd);
+ZorStatus zorsDotProd_16sc32fc(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_16sc64sc(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor64sc* dotProd);
+
+/* Scaled: exact, divided by 2^scaleFactor (at most 31; multiplied by at most 2^15 for 16-bit results, 2^31 for 32-bit ones) to
+   nearest, ties to even, saturated. */
+ZorStatus zorsDotProd_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor16s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s16sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s16sc32sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16sc32sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+
+/* Dot products with 32-bit integers: products and sums in binary64 (32s and 16s32s32s: 4 sums; else as complex floats), times
+   2^-scaleFactor, the factor limited to -31 and 93, rounded to nearest, ties to even, in every direction of the caller, saturated. */
+ZorStatus zorsDotProd_32s_Sfs(const Zor32s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s32s32s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_32s32sc_Sfs(const Zor32s* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 
 #define ZOR_FFT_DIVIDE_FORWARD 1   /* the forward result is divided by N */

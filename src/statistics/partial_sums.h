@@ -49,13 +49,13 @@ template <int L> ZORS_INLINE Pair<Zor64f> joined(Vec<Zor64f, L> x) {
     return {_mm_cvtsd_f64(both), _mm_cvtsd_f64(_mm_unpackhi_pd(both, both))};
   }
 }
+ZORS_INLINE Pair<Zor32f> joinedFour(__m128 four) {
+  const __m128 both = _mm_add_ps(four, _mm_movehl_ps(four, four));
+  return {_mm_cvtss_f32(both), _mm_cvtss_f32(_mm_shuffle_ps(both, both, 1))};
+}
 template <int L> ZORS_INLINE Pair<Zor32f> joined(Vec<Zor32f, L> x) {
   if constexpr (L > 8) return joined(halved(x));
-  else {
-    const __m128 four = _mm_add_ps(_mm256_castps256_ps128(x.r[0]), _mm256_extractf128_ps(x.r[0], 1));
-    const __m128 both = _mm_add_ps(four, _mm_movehl_ps(four, four));
-    return {_mm_cvtss_f32(both), _mm_cvtss_f32(_mm_shuffle_ps(both, both, 1))};
-  }
+  else return joinedFour(_mm_add_ps(_mm256_castps256_ps128(x.r[0]), _mm256_extractf128_ps(x.r[0], 1)));
 }
 // All in one: the even sums, then the odd ones.
 template <class T, int L> ZORS_INLINE T folded(Vec<T, L> x) {
