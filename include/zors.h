@@ -591,6 +591,31 @@ ZorStatus zorsDotProd_16s32s32s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor3
 ZorStatus zorsDotProd_32s32sc_Sfs(const Zor32s* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
 ZorStatus zorsDotProd_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
 
+/* Deviation of a sample, and its mean: with n = len, S the sum and Q the sum of squares, the root of V / (n * (n - 1)), where
+   V = Q * n - S * S is not below 0. A len below 2 is zorStatusBadSize.
+   Numerics: binary64, element k to sum k mod 8, nothing fused. StdDev_32f narrows V and n * (n - 1) to binary32 before the
+   division and the root; its hint 1 sums blocks of 8,192 in binary32, 16 sums each. MeanStdDev_32f ignores its hint. No
+   dependence on alignment. */
+ZorStatus zorsStdDev_32f(const Zor32f* src, Zor32s len, Zor32f* stdDev, ZorHintAlgorithm hint);
+ZorStatus zorsStdDev_64f(const Zor64f* src, Zor32s len, Zor64f* stdDev);
+ZorStatus zorsMeanStdDev_32f(const Zor32f* src, Zor32s len, Zor32f* mean, Zor32f* stdDev, ZorHintAlgorithm);
+ZorStatus zorsMeanStdDev_64f(const Zor64f* src, Zor32s len, Zor64f* mean, Zor64f* stdDev);
+
+/* Of 16-bit integers: S and Q exact, the rest in binary64, times 2^-scaleFactor as in Sum, rounded in the current direction and
+   saturated to 32 bits; the 16s forms saturate that to 16 bits. */
+ZorStatus zorsStdDev_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* stdDev, Zor32s scaleFactor);
+ZorStatus zorsStdDev_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* stdDev, Zor32s scaleFactor);
+ZorStatus zorsMeanStdDev_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* mean, Zor32s* stdDev, Zor32s scaleFactor);
+ZorStatus zorsMeanStdDev_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor16s* stdDev, Zor32s scaleFactor);
+
+/* SumWindow: dst[i] = src[i] + ... + src[i + maskSize - 1]; src holds len + maskSize - 1 elements.
+   Checks: pointers, len, maskSize below 1 (zorStatusBadMaskSize).
+   Numerics: binary32. The first window is summed one by one, from 64 elements on in 16 sums, seeded by the elements before the
+   first 32-byte boundary; each next one is the one before plus what enters less what leaves, so roundings accumulate once
+   sums pass 2^24. */
+ZorStatus zorsSumWindow_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len, Zor32s maskSize);
+ZorStatus zorsSumWindow_16s32f(const Zor16s* src, Zor32f* dst, Zor32s len, Zor32s maskSize);
+
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 
 #define ZOR_FFT_DIVIDE_FORWARD 1   /* the forward result is divided by N */
