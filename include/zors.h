@@ -498,6 +498,129 @@ ZorStatus zorsMean_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor32s s
 ZorStatus zorsMean_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* mean, Zor32s scaleFactor);
 ZorStatus zorsMean_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* mean, Zor32s scaleFactor);
 
+/* Norms of floats. Inf: the greatest magnitude; L1: the sum of the magnitudes; L2: the root of the sum of squares. Complex forms
+   take the magnitude of each element.
+   Numerics: 32f and 32fc run in binary32, the sums of 32fc64f are widened only when complete. Elements go to 8 sums (64-bit
+   types: 4), element k to sum k mod 8, L2 of pairs its components to 16 (8); the sums are joined in halves, j with j + n / 2,
+   at last even ones and odd ones. Inf of pairs roots the greatest re^2 + im^2. A NaN counts in Inf only as the last element
+   of its lane k mod 8 (4). No dependence on alignment. */
+ZorStatus zorsNorm_Inf_32f(const Zor32f* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_Inf_64f(const Zor64f* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_Inf_32fc32f(const Zor32fc* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_Inf_64fc64f(const Zor64fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L1_32f(const Zor32f* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L1_64f(const Zor64f* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L1_32fc64f(const Zor32fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L1_64fc64f(const Zor64fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L2_32f(const Zor32f* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L2_64f(const Zor64f* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L2_32fc64f(const Zor32fc* src, Zor32s len, Zor64f* norm);
+ZorStatus zorsNorm_L2_64fc64f(const Zor64fc* src, Zor32s len, Zor64f* norm);
+
+/* Norms of src1 - src2, the difference rounded to the element type; otherwise as the norms of one vector. */
+ZorStatus zorsNormDiff_Inf_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_Inf_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_Inf_32fc32f(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_Inf_64fc64f(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L1_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L1_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L1_32fc64f(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L1_64fc64f(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L2_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L2_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L2_32fc64f(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor64f* norm);
+ZorStatus zorsNormDiff_L2_64fc64f(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64f* norm);
+
+/* Norms of 16-bit integers, exact; the result converted to a float, L2 after a root in binary64. */
+ZorStatus zorsNorm_Inf_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L1_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
+ZorStatus zorsNorm_L2_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
+
+/* Norms of 16-bit integers, exact, divided by 2^scaleFactor and saturated. Scaling down truncates; 64 and more give 0.
+   L2_16s32s: the root in binary64, divided (multiplied) by 2^(scaleFactor mod 32) held in a signed 32-bit integer, so that 31
+   gives a negative result and 32 divides by 1; then truncated. L2Sqr: the sum of squares. */
+ZorStatus zorsNorm_Inf_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L1_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L2_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L1_16s64s_Sfs(const Zor16s* src, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+ZorStatus zorsNorm_L2Sqr_16s64s_Sfs(const Zor16s* src, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+
+/* Norms of the exact differences src1 - src2, up to 65,535 each; otherwise as the norms of one vector. */
+ZorStatus zorsNormDiff_Inf_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L1_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_L2_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
+ZorStatus zorsNormDiff_Inf_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L1_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L2_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L1_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L2Sqr_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+
+/* Dot products of floats: the plain sum of src1[n] * src2[n]; no operand is conjugated. Products and sums round apart.
+   Numerics: 32f binary32 throughout: one sequence below 16 elements (and from 57 on where src2 is not aligned to 4 bytes), else
+   16 sums joined to 8, the rest in a group of 8, then one by one; from 57 on the elements before src2's 32-byte boundary first,
+   which seed sum 0. 64f: element k to sum k mod 8 where both sources are aligned to 16 bytes, else k mod 6. 32f64f: 8 sums.
+   Real by complex: 16 sums of components in binary32, 8 in binary64. Complex: the sums of re1 * src2 and of im1 * src2 apart,
+   in 4 lanes over 2 elements (binary64: 8 over 4). Forms with a wider result widen before they multiply. Only 32f and 64f
+   depend on alignment. */
+ZorStatus zorsDotProd_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* dotProd);
+ZorStatus zorsDotProd_32f64f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor64f* dotProd);
+ZorStatus zorsDotProd_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* dotProd);
+ZorStatus zorsDotProd_32f32fc(const Zor32f* src1, const Zor32fc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_32f32fc64fc(const Zor32f* src1, const Zor32fc* src2, Zor32s len, Zor64fc* dotProd);
+ZorStatus zorsDotProd_64f64fc(const Zor64f* src1, const Zor64fc* src2, Zor32s len, Zor64fc* dotProd);
+ZorStatus zorsDotProd_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_32fc64fc(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor64fc* dotProd);
+ZorStatus zorsDotProd_64fc(const Zor64fc* src1, const Zor64fc* src2, Zor32s len, Zor64fc* dotProd);
+
+/* Dot products of 16-bit integers: exact, stored as they are or converted to a float. */
+ZorStatus zorsDotProd_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* dotProd);
+ZorStatus zorsDotProd_16s64s(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* dotProd);
+ZorStatus zorsDotProd_16s16sc32fc(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_16s16sc64sc(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor64sc* dotProd);
+ZorStatus zorsDotProd_16sc32fc(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor32fc* dotProd);
+ZorStatus zorsDotProd_16sc64sc(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor64sc* dotProd);
+
+/* Scaled: exact, divided by 2^scaleFactor (at most 31; multiplied by at most 2^15 for 16-bit results, 2^31 for 32-bit ones) to
+   nearest, ties to even, saturated. */
+ZorStatus zorsDotProd_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor16s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s16sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s16sc32sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16sc32sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+
+/* Dot products with 32-bit integers: products and sums in binary64 (32s and 16s32s32s: 4 sums; else as complex floats), times
+   2^-scaleFactor, the factor limited to -31 and 93, rounded to nearest, ties to even, in every direction of the caller, saturated. */
+ZorStatus zorsDotProd_32s_Sfs(const Zor32s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s32s32s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_32s32sc_Sfs(const Zor32s* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+
+/* Deviation of a sample, and its mean: with n = len, S the sum and Q the sum of squares, the root of V / (n * (n - 1)), where
+   V = Q * n - S * S is not below 0. A len below 2 is zorStatusBadSize.
+   Numerics: binary64, element k to sum k mod 8, nothing fused. StdDev_32f narrows V and n * (n - 1) to binary32 before the
+   division and the root; its hint 1 sums blocks of 8,192 in binary32, 16 sums each. MeanStdDev_32f ignores its hint. No
+   dependence on alignment. */
+ZorStatus zorsStdDev_32f(const Zor32f* src, Zor32s len, Zor32f* stdDev, ZorHintAlgorithm hint);
+ZorStatus zorsStdDev_64f(const Zor64f* src, Zor32s len, Zor64f* stdDev);
+ZorStatus zorsMeanStdDev_32f(const Zor32f* src, Zor32s len, Zor32f* mean, Zor32f* stdDev, ZorHintAlgorithm);
+ZorStatus zorsMeanStdDev_64f(const Zor64f* src, Zor32s len, Zor64f* mean, Zor64f* stdDev);
+
+/* Of 16-bit integers: S and Q exact, the rest in binary64, times 2^-scaleFactor as in Sum, rounded in the current direction and
+   saturated to 32 bits; the 16s forms saturate that to 16 bits. */
+ZorStatus zorsStdDev_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* stdDev, Zor32s scaleFactor);
+ZorStatus zorsStdDev_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* stdDev, Zor32s scaleFactor);
+ZorStatus zorsMeanStdDev_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* mean, Zor32s* stdDev, Zor32s scaleFactor);
+ZorStatus zorsMeanStdDev_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor16s* stdDev, Zor32s scaleFactor);
+
+/* SumWindow: dst[i] = src[i] + ... + src[i + maskSize - 1]; src holds len + maskSize - 1 elements.
+   Checks: pointers, len, maskSize below 1 (zorStatusBadMaskSize).
+   Numerics: binary32. The first window is summed one by one, from 64 elements on in 16 sums, seeded by the elements before the
+   first 32-byte boundary; each next one is the one before plus what enters less what leaves, so roundings accumulate once
+   sums pass 2^24. */
+ZorStatus zorsSumWindow_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len, Zor32s maskSize);
+ZorStatus zorsSumWindow_16s32f(const Zor16s* src, Zor32f* dst, Zor32s len, Zor32s maskSize);
+
 /* ---- Fourier transforms -------------------------------------------------------------------------------------- */
 
 #define ZOR_FFT_DIVIDE_FORWARD 1   /* the forward result is divided by N */

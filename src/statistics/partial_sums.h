@@ -21,13 +21,11 @@ template <class T> ZORS_INLINE T at(const T* p) {
 }
 template <class T> ZORS_INLINE bool aligned(const T* p, unsigned boundary) { return reinterpret_cast<std::uintptr_t>(p) % boundary == 0; }
 
-// Binary32 widened, binary64 as it is.
-template <int L> ZORS_INLINE Vec<Zor64f, L> widened(Vec<Zor32f, L> x) {
-  return simd::build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    return _mm256_cvtps_pd(i % 2 == 0 ? _mm256_castps256_ps128(x.r[i / 2]) : _mm256_extractf128_ps(x.r[i / 2], 1));
-  });
+// In binary64: binary32 widened, exact integers too, binary64 as it is.
+template <class T, int L> ZORS_INLINE Vec<Zor64f, L> widened(Vec<T, L> x) {
+  if constexpr (std::is_same_v<T, Zor64f>) return x;
+  else return simd::toDouble(x);
 }
-template <int L> ZORS_INLINE Vec<Zor64f, L> widened(Vec<Zor64f, L> x) { return x; }
 // L lanes loaded and widened half a register at a time: a load converts as it goes.
 template <int L> ZORS_INLINE Vec<Zor64f, L> loadWide(const Zor32f* p) {
   return simd::build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtps_pd(_mm_loadu_ps(p + 4 * i)); });
@@ -51,13 +49,13 @@ template <int L> ZORS_INLINE Pair<Zor64f> joined(Vec<Zor64f, L> x) {
     return {_mm_cvtsd_f64(both), _mm_cvtsd_f64(_mm_unpackhi_pd(both, both))};
   }
 }
+ZORS_INLINE Pair<Zor32f> joinedFour(__m128 four) {
+  const __m128 both = _mm_add_ps(four, _mm_movehl_ps(four, four));
+  return {_mm_cvtss_f32(both), _mm_cvtss_f32(_mm_shuffle_ps(both, both, 1))};
+}
 template <int L> ZORS_INLINE Pair<Zor32f> joined(Vec<Zor32f, L> x) {
   if constexpr (L > 8) return joined(halved(x));
-  else {
-    const __m128 four = _mm_add_ps(_mm256_castps256_ps128(x.r[0]), _mm256_extractf128_ps(x.r[0], 1));
-    const __m128 both = _mm_add_ps(four, _mm_movehl_ps(four, four));
-    return {_mm_cvtss_f32(both), _mm_cvtss_f32(_mm_shuffle_ps(both, both, 1))};
-  }
+  else return joinedFour(_mm_add_ps(_mm256_castps256_ps128(x.r[0]), _mm256_extractf128_ps(x.r[0], 1)));
 }
 // All in one: the even sums, then the odd ones.
 template <class T, int L> ZORS_INLINE T folded(Vec<T, L> x) {

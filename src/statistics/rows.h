@@ -7,9 +7,10 @@ namespace zors {
 
 namespace detail {
 
-// -1 in the first count lanes, else 0.
+// -1 in the first count lanes, else 0; of 16-byte lanes the two halves.
 template <int bytes> ZORS_INLINE __m256i firstLanes(std::ptrdiff_t count) {
-  if constexpr (bytes == 8) return _mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3));
+  if constexpr (bytes == 16) return firstLanes<8>(2 * count);
+  else if constexpr (bytes == 8) return _mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3));
   else if constexpr (bytes == 4) return _mm256_cmpgt_epi32(_mm256_set1_epi32(int(count)), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
   else return _mm256_cmpgt_epi16(_mm256_set1_epi16(short(count)), _mm256_setr_epi16(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));
 }
@@ -18,18 +19,15 @@ template <int bytes> ZORS_INLINE __m256i firstLanes(std::ptrdiff_t count) {
 
 // The first count lanes from memory, from 1 to L, and zeros. Nothing beyond them is read.
 template <int L, class T> ZORS_INLINE simd::Vec<T, L> loadFirst(const T* p, std::ptrdiff_t count) {
-  using namespace simd;
+  using V = simd::Vec<T, L>;
+  constexpr int step = simd::lanesOf<T>;
+  const auto present = [&](auto i) ZORS_INLINE_LAMBDA { return detail::firstLanes<sizeof(T)>(count - i * step); };
   if constexpr (sizeof(T) == 2) {
-    static_assert(Vec<T, L>::registers == 1);
-    return both(loadPart<L>(p, int(count)), Vec<T, L>{{detail::firstLanes<2>(count)}});
+    const V x = simd::loadPart<L>(p, int(count));
+    return simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_and_si256(x.r[i], present(i)); });
   } else {
-    constexpr int step = lanesOf<T>;
-    return build<Vec<T, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-      const __m256i mask = detail::firstLanes<sizeof(T)>(count - i * step);
-      const T* const at = p + i * step;
-      if constexpr (std::is_same_v<T, Zor32f>) return _mm256_maskload_ps(at, mask);
-      else if constexpr (std::is_same_v<T, Zor64f>) return _mm256_maskload_pd(at, mask);
-      else return _mm256_maskload_epi32(reinterpret_cast<const int*>(at), mask);
+    return simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA {
+      return simd::fromBits<typename V::Register>(_mm256_maskload_epi32(reinterpret_cast<const int*>(p + i * step), present(i)));
     });
   }
 }
