@@ -39,13 +39,17 @@ ZORS_INLINE __m256i splatPair(const Zor16s* p) {
   return _mm256_set1_epi32(pair);
 }
 
+// One multiply-add of 16-bit pairs. The sum is held in its register: g++ would collect the products of all sums first.
+template <class V> ZORS_INLINE void accumulate(V& sum, auto r, __m256i pair, __m256i x) {
+  sum.r[r] = simd::held(Sums{{_mm256_add_epi32(sum.r[r], _mm256_madd_epi16(pair, x))}}).r[0];
+}
+
 // Real taps go in pairs. Outputs 0, 2, ... of 16 take their pairs of samples from an even place, outputs 1, 3, ... from an odd one.
 struct RealKernel {
   static constexpr int lanes = 16, widest = 4;
   template <int registers> ZORS_INLINE static simd::Vec<Zor16s, lanes * registers> outputs(const Zor16s* taps, std::ptrdiff_t tapsLen, const Zor16s* in, int shift) {
     using namespace simd;
     Vec<Zor32s, 8 * registers> even = splat<Vec<Zor32s, 8 * registers>>(0), odd = even;
-    const auto accumulate = [](auto& sum, auto r, __m256i pair, __m256i x) ZORS_INLINE_LAMBDA { sum.r[r] = _mm256_add_epi32(sum.r[r], _mm256_madd_epi16(pair, x)); };
     std::ptrdiff_t j = 0;
     // Pairs a vector of outputs apart, so that a vector of samples, once loaded, serves two.
     for (; j + 2 * lanes <= tapsLen; j += 2 * lanes)
@@ -79,16 +83,16 @@ struct RealKernel {
 
 // A complex tap is stored as (re, -im), (im, re): one multiply-add each for the two parts of a product.
 struct ComplexKernel {
-  static constexpr int lanes = 8, widest = 6;
+  static constexpr int lanes = 8, widest = 4;
   template <int registers> ZORS_INLINE static simd::Vec<Zor16sc, lanes * registers> outputs(const Zor16sc* taps, std::ptrdiff_t tapsLen, const Zor16sc* in, int shift) {
     using namespace simd;
     Vec<Zor32s, 8 * registers> re = splat<Vec<Zor32s, 8 * registers>>(0), im = re;
     for (std::ptrdiff_t j = 0; j < tapsLen; ++j) {
       const __m256i forRe = splatPair(&taps[2 * j].re), forIm = splatPair(&taps[2 * j + 1].re);
       unrolled<registers>([&](auto r) ZORS_INLINE_LAMBDA {
-        const __m256i x = loadSamples(in + j + lanes * r);
-        re.r[r] = _mm256_add_epi32(re.r[r], _mm256_madd_epi16(forRe, x));
-        im.r[r] = _mm256_add_epi32(im.r[r], _mm256_madd_epi16(forIm, x));
+        const __m256i x = held(Sums{{loadSamples(in + j + lanes * r)}}).r[0];
+        accumulate(re, r, forRe, x);
+        accumulate(im, r, forIm, x);
       });
     }
     return build<Vec<Zor16sc, lanes * registers>>([&](auto r) ZORS_INLINE_LAMBDA {
