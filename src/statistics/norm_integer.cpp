@@ -73,11 +73,7 @@ Zor32s scaled32(Zor64s norm, Zor32s scaleFactor) {
 Zor64s scaled64(Zor64s norm, Zor32s scaleFactor) {
   if (scaleFactor >= 0) return scaleFactor > 63 ? 0 : norm >> scaleFactor;
   const int shift = scaleFactor < -63 ? 63 : -scaleFactor;
-<<<<<<< HEAD
-  return static_cast<int>(std::bit_width(Zor64u(norm))) + shift >= 64 ? INT64_MAX : norm << shift;
-=======
   return int(std::bit_width(Zor64u(norm))) + shift >= 64 ? INT64_MAX : norm << shift;
->>>>>>> frame
 }
 // Deviation, kept: the divisor is a 32-bit 1 shifted by the factor modulo 32, so 31 turns the sign and 32 does nothing.
 Zor32s scaledRoot32(Zor64s norm, Zor32s scaleFactor) {
