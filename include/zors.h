@@ -729,6 +729,58 @@ ZorStatus zorsFFTInv_PermToR_64f_I(Zor64f* srcDst, const ZorsFFTSpec_R_64f* spec
 ZorStatus zorsFFTInv_CCSToR_64f(const Zor64f* src, Zor64f* dst, const ZorsFFTSpec_R_64f* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CCSToR_64f_I(Zor64f* srcDst, const ZorsFFTSpec_R_64f* spec, Zor8u* buffer);
 
+/* Integer transforms through floating point: values are converted, transformed as by the float kinds, and converted back:
+   divided by 2^scaleFactor, rounded to nearest, ties to even, saturated. C_32sc and C_32s complex data, orders 0 to 27, and R_32s
+   real data, orders 0 to 28, in binary64; R_16s32s 16-bit real data and 32-bit spectra, orders 0 to 29, in binary32.
+   Specifications as those of the float kinds; every order needs a work buffer. Init tests orders only against 30 before the block
+   has been cleared. */
+typedef struct ZorsFFTSpec_C_32sc ZorsFFTSpec_C_32sc;
+typedef struct ZorsFFTSpec_C_32s ZorsFFTSpec_C_32s;
+typedef struct ZorsFFTSpec_R_32s ZorsFFTSpec_R_32s;
+typedef struct ZorsFFTSpec_R_16s32s ZorsFFTSpec_R_16s32s;
+ZorStatus zorsFFTGetSize_C_32sc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
+ZorStatus zorsFFTGetSize_C_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
+ZorStatus zorsFFTGetSize_R_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
+ZorStatus zorsFFTGetSize_R_16s32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
+ZorStatus zorsFFTInit_C_32sc(ZorsFFTSpec_C_32sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_C_32s(ZorsFFTSpec_C_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_R_32s(ZorsFFTSpec_R_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_R_16s32s(ZorsFFTSpec_R_16s32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInitAlloc_C_32sc(ZorsFFTSpec_C_32sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
+ZorStatus zorsFFTInitAlloc_C_32s(ZorsFFTSpec_C_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
+ZorStatus zorsFFTInitAlloc_R_32s(ZorsFFTSpec_R_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
+ZorStatus zorsFFTInitAlloc_R_16s32s(ZorsFFTSpec_R_16s32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
+ZorStatus zorsFFTFree_C_32sc(ZorsFFTSpec_C_32sc* spec);
+ZorStatus zorsFFTFree_C_32s(ZorsFFTSpec_C_32s* spec);
+ZorStatus zorsFFTFree_R_32s(ZorsFFTSpec_R_32s* spec);
+ZorStatus zorsFFTFree_R_16s32s(ZorsFFTSpec_R_16s32s* spec);
+ZorStatus zorsFFTGetBufSize_C_32sc(const ZorsFFTSpec_C_32sc* spec, Zor32s* size);
+ZorStatus zorsFFTGetBufSize_C_32s(const ZorsFFTSpec_C_32s* spec, Zor32s* size);
+ZorStatus zorsFFTGetBufSize_R_32s(const ZorsFFTSpec_R_32s* spec, Zor32s* size);
+ZorStatus zorsFFTGetBufSize_R_16s32s(const ZorsFFTSpec_R_16s32s* spec, Zor32s* size);
+ZorStatus zorsFFTFwd_CToC_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_32sc_ISfs(Zor32sc* srcDst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_32s_Sfs(const Zor32s* srcRe, const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_32s_ISfs(Zor32s* srcDstRe, Zor32s* srcDstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32sc_ISfs(Zor32sc* srcDst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32s_Sfs(const Zor32s* srcRe, const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32s_ISfs(Zor32s* srcDstRe, Zor32s* srcDstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPack_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPack_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPerm_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPerm_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToCCS_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToCCS_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PackToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PackToR_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PermToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PermToR_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CCSToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CCSToR_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToCCS_16s32s_Sfs(const Zor16s* src, Zor32s* dst, const ZorsFFTSpec_R_16s32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CCSToR_32s16s_Sfs(const Zor32s* src, Zor16s* dst, const ZorsFFTSpec_R_16s32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+
 /* Products of packed spectra of len values, even or odd. Real terms by one product; pairs, with a = src1 and b = src2
    (src and srcDst in place): re = fma(a.re, b.re, -round(a.im * b.im)), im = fma(b.im, a.re, round(a.im * b.re)).
    MulPackConj: srcDst = src * conj(srcDst): the operand that is overwritten is the one conjugated; s = src, d = srcDst:

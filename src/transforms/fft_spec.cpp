@@ -169,30 +169,7 @@ template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Z
   Zor32s specSize = 0, initSize = 0, workSize = 0;
   if (specOut == nullptr) return zorStatusNullPointer;
   if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk) return status;
-  Zor8u* const block = zors::zorsMalloc_8u(specSize);
-  if (block == nullptr) return zorStatusNoMemory;
-  const Scratch initBuffer(static_cast<std::size_t>(initSize));
-  if (!initBuffer) {
-    zors::zorsFree(block);
-    return zorStatusNoMemory;
-  }
-  const ZorStatus status = init(specOut, order, flag, hint, block, initBuffer.data());
-  (*specOut)->ownsBlock = 1;
-  (*specOut)->block = block;
-  return status;
-}
-
-template <class S> ZorStatus release(S* spec) {
-  return check().pointers(spec).state(spec, S::kind).then([&] {
-    spec->tag = 0;
-    if (spec->ownsBlock == 1) zors::zorsFree(spec->block);
-  });
-}
-
-template <class S> ZorStatus getBufSize(const S* spec, Zor32s* size) {
-  return check().pointers(spec, size).state(spec, S::kind).then([&] {
-    *size = static_cast<Zor32s>(bufferBytes(static_cast<std::size_t>(spec->workSize)));
-  });
+  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) { return init(specOut, order, flag, hint, block, initBuffer); });
 }
 
 }  // namespace

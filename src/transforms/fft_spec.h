@@ -85,6 +85,37 @@ template <Tag tag, class T, Field dataField> struct Kind : Spec<T> {
   static constexpr int largestOrder = largestComplexOrder<T> + (dataField == Field::real ? 1 : 0);
 };
 
+// ---- Lifecycles, of float and integer kinds alike ---------------------------------------------------------------------
+
+// Bytes to report: with room for aligning, where any are needed.
+constexpr Zor64s withSlack(Zor64s bytes) { return bytes >= 1 ? bytes + 64 : 0; }
+
+// A specification in memory of its own: init(block, initBuffer) builds it.
+template <class S, class Init> ZorStatus allocated(S** specOut, Zor32s specSize, Zor32s initSize, Init init) {
+  Zor8u* const block = zors::zorsMalloc_8u(specSize);
+  if (block == nullptr) return zorStatusNoMemory;
+  const Scratch initBuffer(static_cast<std::size_t>(initSize));
+  const ZorStatus status = initBuffer ? init(block, initBuffer.data()) : zorStatusNoMemory;
+  if (status != zorStatusOk) {
+    zors::zorsFree(block);
+    return status;
+  }
+  (*specOut)->ownsBlock = 1;
+  (*specOut)->block = block;
+  return zorStatusOk;
+}
+
+template <class S> ZorStatus release(S* spec) {
+  return check().pointers(spec).state(spec, S::kind).then([&] {
+    spec->tag = 0;
+    if (spec->ownsBlock == 1) zors::zorsFree(spec->block);
+  });
+}
+
+template <class S> ZorStatus getBufSize(const S* spec, Zor32s* size) {
+  return check().pointers(spec, size).state(spec, S::kind).then([&] { *size = static_cast<Zor32s>(withSlack(spec->workSize)); });
+}
+
 // ---- Checks ---------------------------------------------------------------------------------------------------------
 
 // spec, its kind, data pointers, work memory; then run(work).
