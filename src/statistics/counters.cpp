@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "frame/check.h"
-#include "frame/simd.h"
+#include "statistics/rows.h"
 
 namespace zors {
 namespace {

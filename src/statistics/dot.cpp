@@ -11,7 +11,7 @@ using namespace sums;
 Zor32f dot(const Zor32f* src1, const Zor32f* src2, std::ptrdiff_t n) {
   Zor32f total = 0;
   const auto addSingly = [&](std::ptrdiff_t count) ZORS_INLINE_LAMBDA {
-    for (std::ptrdiff_t i = 0; i < count; ++i) total += at(src1 + i) * at(src2 + i);
+    for (std::ptrdiff_t i = 0; i < count; ++i) total += readAt(src1 + i) * readAt(src2 + i);
     src1 += count, src2 += count, n -= count;
   };
   const bool isLong = n >= 57;
@@ -40,7 +40,7 @@ Zor64f dotOfSix(const Zor64f* src1, const Zor64f* src2, std::ptrdiff_t n) {
     simd::unrolled<3>([&](auto j) ZORS_INLINE_LAMBDA { addTo(j, _mm_loadu_pd(src1 + 2 * j), _mm_loadu_pd(src2 + 2 * j)); });
   int j = 0;
   for (; n >= 2; src1 += 2, src2 += 2, n -= 2) addTo(j++, _mm_loadu_pd(src1), _mm_loadu_pd(src2));
-  if (n > 0) addTo(j, _mm_set_sd(at(src1)), _mm_set_sd(at(src2)));
+  if (n > 0) addTo(j, _mm_set_sd(readAt(src1)), _mm_set_sd(readAt(src2)));
   const __m128d both = _mm_add_pd(_mm_add_pd(sums[0], sums[1]), sums[2]);
   return _mm_cvtsd_f64(both) + _mm_cvtsd_f64(_mm_unpackhi_pd(both, both));
 }

@@ -13,6 +13,7 @@
 #include <tuple>
 
 #include "frame/map.h"
+#include "statistics/rows.h"
 
 namespace zors::extremes {
 
@@ -111,7 +112,7 @@ template <class Read, class T> std::ptrdiff_t firstEqual(const T* src, std::ptrd
     constexpr int bitsPerElement = std::floating_point<T> ? 1 : int{sizeof(T)};
     if (found != 0) return i + std::countr_zero(found) / bitsPerElement;
   }
-  while (i < len - 1 && Read{}(src[i]) != val) ++i;
+  while (i < len - 1 && Read{}(readAt(src + i)) != val) ++i;
   return i;
 }
 
@@ -124,7 +125,7 @@ template <class T> struct Place {
 // The extremes of all sides in one pass. A block in which a side improves is remembered and searched afterwards.
 template <class Read, class... Side, class T> [[gnu::flatten]] auto places(const T* src, std::ptrdiff_t len) {
   constexpr std::ptrdiff_t block = 4096 / sizeof(T);
-  const T first = Read{}(src[0]);
+  const T first = Read{}(readAt(src));
   std::tuple<Running<Side, T>...> running{Running<Side, T>(first)...};
   std::array<Place<T>, sizeof...(Side)> found;
   found.fill({first, 0});
@@ -144,13 +145,13 @@ template <class Read, class... Side, class T> [[gnu::flatten]] auto places(const
 
 // The extremes alone. Of zeros the first is looked for, as they may differ in sign.
 template <class Read, class... Side, class T> [[gnu::flatten]] std::array<T, sizeof...(Side)> values(const T* src, std::ptrdiff_t len) {
-  const T first = Read{}(src[0]);
+  const T first = Read{}(readAt(src));
   std::tuple<Running<Side, T>...> running{Running<Side, T>(first)...};
   return std::apply([&](auto&... side) ZORS_INLINE_LAMBDA {
     show<Read>(src, len, side...);
     const auto value = [&](T best) {
       if constexpr (std::floating_point<T>) {
-        if (best == 0) [[unlikely]] return src[firstEqual<Read>(src, len, best)];
+        if (best == 0) [[unlikely]] return readAt(src + firstEqual<Read>(src, len, best));
       }
       return best;
     };

@@ -15,7 +15,7 @@ template <class Side, class Read = AsIs, class T> ZorStatus indexed(const T* src
   if (index == nullptr) return extreme<Side, Read>(src, len, val);
   return check().pointers(src, val).size(len).then([&] {
     const auto place = places<Read, Side>(src, len)[0];
-    *val = Read{}(src[place.index]);
+    *val = Read{}(readAt(src + place.index));
     *index = Zor32s(place.index);
   });
 }

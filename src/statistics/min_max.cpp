@@ -16,8 +16,8 @@ template <class T> ZorStatus minMax(const T* src, Zor32s len, T* min, T* max) {
 template <class T> ZorStatus minMaxIndex(const T* src, Zor32s len, T* min, Zor32s* minIndex, T* max, Zor32s* maxIndex) {
   return check().pointers(src, min, minIndex, max, maxIndex).size(len).then([&] {
     const auto found = places<AsIs, Min, Max>(src, len);
-    *min = src[found[0].index], *minIndex = Zor32s(found[0].index);
-    *max = src[found[1].index], *maxIndex = Zor32s(found[1].index);
+    *min = readAt(src + found[0].index), *minIndex = Zor32s(found[0].index);
+    *max = readAt(src + found[1].index), *maxIndex = Zor32s(found[1].index);
   });
 }
 

@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "frame/check.h"
+#include "statistics/extremes.h"
 #include "statistics/partial_sums.h"
 
 namespace zors {
@@ -81,7 +82,8 @@ template <class Lanes, class T, class... S> [[gnu::flatten]] T greatestOf(std::p
     nan = either(nan, unordered(lanes, lanes));
   }, n - i, src + i, more + i...);
   if (const __m256i bits = simd::bits(nan.r[0]); !_mm256_testz_si256(bits, bits)) [[unlikely]] return greatestWithNans<Lanes>(len, src, more...);
-  return greatest(max(max(best[0], best[1]), max(best[2], best[3])));
+  const auto later = [](V next, V sofar) ZORS_INLINE_LAMBDA { return max(next, sofar); };
+  return extremes::foldLanes<T>(max(max(best[0], best[1]), max(best[2], best[3])), later);
 }
 
 // One register of sums of f(lanes), in the order of the elements.

@@ -2,8 +2,6 @@
 // fused. Unless a family says otherwise element k belongs to sum k mod n, the rest that fills no row of n included.
 #pragma once
 
-#include <cstring>
-
 #include "statistics/rows.h"
 
 namespace zors::sums {
@@ -12,12 +10,6 @@ using simd::Vec;
 
 template <class T> ZORS_INLINE std::ptrdiff_t elementsToBoundary(const T* p, unsigned boundary) {
   return std::ptrdiff_t((boundary - reinterpret_cast<std::uintptr_t>(p) % boundary) % boundary / sizeof(T));
-}
-// An element at any address.
-template <class T> ZORS_INLINE T at(const T* p) {
-  T x;
-  std::memcpy(&x, p, sizeof x);
-  return x;
 }
 template <class T> ZORS_INLINE bool aligned(const T* p, unsigned boundary) { return reinterpret_cast<std::uintptr_t>(p) % boundary == 0; }
 

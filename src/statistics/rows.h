@@ -1,9 +1,18 @@
 // The loop of the reductions: vectors go to a kernel in rows of L elements, the rest as a row whose other lanes are zero.
 #pragma once
 
+#include <cstring>
+
 #include "frame/part.h"
 
 namespace zors {
+
+// An element at any address.
+template <class T> ZORS_INLINE T readAt(const T* p) {
+  T x;
+  std::memcpy(&x, p, sizeof x);
+  return x;
+}
 
 namespace detail {
 

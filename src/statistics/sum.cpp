@@ -19,8 +19,8 @@ template <int parts, class T> std::ptrdiff_t prefixOf(const T* p, std::ptrdiff_t
 // Adds count components one by one and advances.
 template <int parts, class Sum, class T> ZORS_INLINE void addSingly(Pair<Sum>& total, const T*& p, std::ptrdiff_t& n, std::ptrdiff_t count) {
   for (std::ptrdiff_t i = 0; i < count; i += parts) {
-    total.even += at(p + i);
-    if constexpr (parts == 2) total.odd += at(p + i + 1);
+    total.even += readAt(p + i);
+    if constexpr (parts == 2) total.odd += readAt(p + i + 1);
   }
   p += count, n -= count;
 }
