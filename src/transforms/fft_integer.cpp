@@ -5,59 +5,42 @@
 #include "transforms/fft_spec.h"
 
 namespace zors::fft {
-namespace {
 
-// Whole float kinds by their operations.
-struct Complex64 {
-  using Spec = ZorsFFTSpec_C_64fc;
-  static constexpr auto getSize = zors::zorsFFTGetSize_C_64fc;
-  static constexpr auto init = zors::zorsFFTInit_C_64fc;
+// A float kind by its operations.
+template <class S, decltype(&zors::zorsFFTGetSize_C_64fc) sizes, ZorStatus (*build)(S**, Zor32s, Zor32s, ZorHintAlgorithm, Zor8u*, Zor8u*)> struct FloatKind {
+  using Spec = S;
+  static constexpr auto getSize = sizes;
+  static constexpr auto init = build;
 };
-struct SplitComplex64 {
-  using Spec = ZorsFFTSpec_C_64f;
-  static constexpr auto getSize = zors::zorsFFTGetSize_C_64f;
-  static constexpr auto init = zors::zorsFFTInit_C_64f;
-};
-struct Real64 {
-  using Spec = ZorsFFTSpec_R_64f;
-  static constexpr auto getSize = zors::zorsFFTGetSize_R_64f;
-  static constexpr auto init = zors::zorsFFTInit_R_64f;
-};
-struct Real32 {
-  using Spec = ZorsFFTSpec_R_32f;
-  static constexpr auto getSize = zors::zorsFFTGetSize_R_32f;
-  static constexpr auto init = zors::zorsFFTInit_R_32f;
-};
-
-}  // namespace
+using Complex64 = FloatKind<ZorsFFTSpec_C_64fc, zors::zorsFFTGetSize_C_64fc, zors::zorsFFTInit_C_64fc>;
+using SplitComplex64 = FloatKind<ZorsFFTSpec_C_64f, zors::zorsFFTGetSize_C_64f, zors::zorsFFTInit_C_64f>;
+using Real64 = FloatKind<ZorsFFTSpec_R_64f, zors::zorsFFTGetSize_R_64f, zors::zorsFFTInit_R_64f>;
+using Real32 = FloatKind<ZorsFFTSpec_R_32f, zors::zorsFFTGetSize_R_32f, zors::zorsFFTInit_R_32f>;
 
 // An integer kind stands before the float specification that does its work. headBytes is the room of the converted data.
-template <class FloatKind> struct Wrapper {
+template <class Float> struct Wrapper {
+  using Inner = Float;
   Zor32u tag;
   Zor32s order, hint, workSize, ownsBlock;
   void* block;
-  typename FloatKind::Spec* inner;
+  typename Float::Spec* inner;
 };
 
 }  // namespace zors::fft
 
 struct ZorsFFTSpec_C_32sc : zors::fft::Wrapper<zors::fft::Complex64> {
-  using Inner = zors::fft::Complex64;
   static constexpr zors::Tag kind = zors::tag("CMAL");
   static constexpr Zor64s headBytes(Zor64s n) { return 16 * n; }
 };
 struct ZorsFFTSpec_C_32s : zors::fft::Wrapper<zors::fft::SplitComplex64> {
-  using Inner = zors::fft::SplitComplex64;
   static constexpr zors::Tag kind = zors::tag("CMAM");
   static constexpr Zor64s headBytes(Zor64s n) { return 16 * n; }
 };
 struct ZorsFFTSpec_R_32s : zors::fft::Wrapper<zors::fft::Real64> {
-  using Inner = zors::fft::Real64;
   static constexpr zors::Tag kind = zors::tag("CMAN");
   static constexpr Zor64s headBytes(Zor64s n) { return 8 * n + 16; }
 };
 struct ZorsFFTSpec_R_16s32s : zors::fft::Wrapper<zors::fft::Real32> {
-  using Inner = zors::fft::Real32;
   static constexpr zors::Tag kind = zors::tag("CMAO");
   static constexpr Zor64s headBytes(Zor64s n) { return 4 * n + 8; }
 };

@@ -3,9 +3,7 @@
 
 namespace {
 
-using kinds::Built;
-using kinds::scale;
-using kinds::scales;
+using namespace kinds;
 
 template <class T> using Pair = std::conditional_t<sizeof(T) == 4, Zor32fc, Zor64fc>;
 
@@ -78,18 +76,6 @@ template <class T> void complexCase(int order, int flag, bool inverse, const mod
     ASSERT_TRUE(src.intact() && dst.intact() && both.intact() && built.intact()) << what << ": wrote outside";
     ASSERT_TRUE(srcRe.intact() && srcIm.intact() && dstRe.intact() && dstIm.intact() && splitBuilt.intact()) << what << ": wrote outside";
   }
-}
-
-enum Format { perm, pack, ccs };
-template <class T> std::vector<T> packed(const std::vector<T>& spectrum, Format format) {  // from Perm
-  const std::size_t n = spectrum.size();
-  std::vector<T> out = {spectrum[0]};
-  if (format == ccs) out.push_back(0);
-  if (format == perm && n > 1) out.push_back(spectrum[1]);
-  for (std::size_t i = 2; i < n; ++i) out.push_back(spectrum[i]);
-  if (format != perm && n > 1) out.push_back(spectrum[1]);
-  if (format == ccs && n > 1) out.push_back(0);
-  return out;
 }
 
 template <class T> void realCase(int order, int flag, const model::Twiddles<T>& twiddles) {

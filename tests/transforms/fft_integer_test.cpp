@@ -4,8 +4,9 @@
 
 namespace {
 
-using kinds::scale;
-using kinds::scales;
+using kinds::ccs, kinds::pack, kinds::perm;
+using kinds::Format, kinds::packed;
+using kinds::scale, kinds::scales;
 
 // x / 2^scaleFactor to nearest, ties to even, saturated; the division by a power of two rounds in T.
 template <class D, class T> D rounded(T x, int scaleFactor) {
@@ -151,17 +152,6 @@ TEST(FFTInteger, ComplexTransformsAreTheFloatOnesRounded) {
         }
 }
 
-enum Format { perm, pack, ccs };
-template <class T> std::vector<T> packed(const std::vector<T>& spectrum, Format format) {  // from Perm
-  const std::size_t n = spectrum.size();
-  std::vector<T> out = {spectrum[0]};
-  if (format == ccs) out.push_back(0);
-  if (format == perm && n > 1) out.push_back(spectrum[1]);
-  out.insert(out.end(), spectrum.begin() + static_cast<std::ptrdiff_t>(std::min<std::size_t>(n, 2)), spectrum.end());
-  if (format != perm && n > 1) out.push_back(spectrum[1]);
-  if (format == ccs && n > 1) out.push_back(0);
-  return out;
-}
 template <class D, class T> std::vector<D> rounded(const std::vector<T>& x, int scaleFactor) {
   std::vector<D> out;
   for (T value : x) out.push_back(rounded<D>(value, scaleFactor));

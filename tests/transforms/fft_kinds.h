@@ -44,6 +44,19 @@ template <class F> void forEachKind(F f) {
   f(c32fc), f(c32f), f(r32f), f(c64fc), f(c64f), f(r64f);
 }
 
+// A spectrum in one of the packed formats, from Perm.
+enum Format { perm, pack, ccs };
+template <class T> std::vector<T> packed(const std::vector<T>& spectrum, Format format) {
+  const std::size_t n = spectrum.size();
+  std::vector<T> out = {spectrum[0]};
+  if (format == ccs) out.push_back(0);
+  if (format == perm && n > 1) out.push_back(spectrum[1]);
+  for (std::size_t i = 2; i < n; ++i) out.push_back(spectrum[i]);
+  if (format != perm && n > 1) out.push_back(spectrum[1]);
+  if (format == ccs && n > 1) out.push_back(0);
+  return out;
+}
+
 // A specification in memory of exactly the reported sizes, at unreadable pages, `off` bytes from alignment; and its work buffer.
 template <class S, class T> class Built {
  public:
