@@ -153,7 +153,12 @@ int main(int argc, char** argv) {
   const Sound in(sf_open(from.c_str(), SFM_READ, &info));
   if (in == nullptr) fail(from + ": " + sf_strerror(nullptr));
   if (info.frames == 0) fail(from + ": holds no sound");
-  SF_INFO outInfo{.frames = 0, .samplerate = info.samplerate, .channels = info.channels, .format = SF_FORMAT_WAV | SF_FORMAT_PCM_16, .sections = 0, .seekable = 0};
+  SF_INFO outInfo{.frames = 0,
+                  .samplerate = info.samplerate,
+                  .channels = info.channels,
+                  .format = SF_FORMAT_WAV | SF_FORMAT_PCM_16,
+                  .sections = 0,
+                  .seekable = 0};
   const Sound out(sf_open(to.c_str(), SFM_WRITE, &outInfo));
   if (out == nullptr) fail(to + ": " + sf_strerror(nullptr));
 
@@ -187,7 +192,8 @@ int main(int argc, char** argv) {
   after.finish();
 
   const double seconds = double(total) / sampleRate, busy = std::chrono::duration<double>(spent).count();
-  std::printf("%s: %.2f s, %d channel%s at %d Hz\n\n", from.c_str(), seconds, info.channels, info.channels == 1 ? "" : "s", info.samplerate);
+  std::printf("%s: %.2f s, %d channel%s at %d Hz\n\n", from.c_str(), seconds, info.channels,
+              info.channels == 1 ? "" : "s", info.samplerate);
   std::printf("  band            before     after\n");
   const double edges[] = {0, lowCut, highCut, 8000, sampleRate / 2 + 1};
   for (int band = 0; band < 4; ++band) {
@@ -197,7 +203,8 @@ int main(int argc, char** argv) {
                 before.bandPower(edges[band], top, sampleRate), after.bandPower(edges[band], top, sampleRate));
   }
   const double samples = double(total) * double(channels);
-  std::printf("\n  %.0f million samples a second, %.0f times real time, on one core\n", samples / busy / 1e6, seconds / busy);
+  std::printf("\n  %.0f million samples a second, %.0f times real time, on one core\n", samples / busy / 1e6,
+              seconds / busy);
   const std::string picture = to.substr(0, to.rfind('.')) + ".png";
   draw(before, after, sampleRate, picture);
   std::printf("  sound: %s, spectra: %s\n", to.c_str(), picture.c_str());

@@ -18,6 +18,7 @@
  *   Environment  the caller's floating-point control word holds, unless a family says that it sets a direction for the
  *                call; then the word is as before on return. Sticky flags may be set.
  */
+/* clang-format off: a prototype is one line */
 #ifndef ZORS_H
 #define ZORS_H
 
@@ -41,69 +42,81 @@ typedef uint16_t Zor16f; /* IEEE binary16 in a 16-bit word */
 typedef float Zor32f;
 typedef double Zor64f;
 
-typedef struct { Zor8s re, im; } Zor8sc;
-typedef struct { Zor16s re, im; } Zor16sc;
-typedef struct { Zor32s re, im; } Zor32sc;
-typedef struct { Zor64s re, im; } Zor64sc;
-typedef struct { Zor32f re, im; } Zor32fc;
-typedef struct { Zor64f re, im; } Zor64fc;
+typedef struct {
+  Zor8s re, im;
+} Zor8sc;
+typedef struct {
+  Zor16s re, im;
+} Zor16sc;
+typedef struct {
+  Zor32s re, im;
+} Zor32sc;
+typedef struct {
+  Zor64s re, im;
+} Zor64sc;
+typedef struct {
+  Zor32f re, im;
+} Zor32fc;
+typedef struct {
+  Zor64f re, im;
+} Zor64fc;
 
 /* Further forms, addressed through Zor8u pointers: 24u, 24s three bytes an element, least significant first, no gaps;
    1u a bit string, a pointer and a bit offset. */
 
 typedef int32_t ZorStatus;
 enum {
-  zorStatusOk = 0,                          /* success */
-  zorStatusBadArgument = -5,                /* a selector is out of range */
-  zorStatusBadSize = -6,                    /* a length or count is below 1 */
-  zorStatusBadModeOption = -7,              /* ZeroCrossing: unknown mode */
-  zorStatusNullPointer = -8,                /* a required pointer is null */
-  zorStatusNoMemory = -9,                   /* memory is exhausted */
-  zorStatusDivideByZero = -10,              /* the constant divisor is zero */
-  zorStatusBadCauchyConstant = -11,         /* Cauchy: the constant is out of range */
-  zorStatusBadDataType = -12,               /* unsupported element type code */
-  zorStatusNegativeTapShift = -13,          /* 16-bit IIR: the shift count among the taps is negative */
-  zorStatusBadOrder = -15,                  /* the FFT order is out of range */
-  zorStatusBadFlag = -16,                   /* the normalisation flag is not one of the allowed */
-  zorStatusBadContext = -17,                /* the state or specification is not of the kind expected */
-  zorStatusThresholdLevelsCrossed = -18,    /* the lower level is above the upper one */
-  zorStatusNegativeThresholdLevel = -19,    /* the level is negative */
-  zorStatusBadDelayIndex = -24,             /* the delay line index is out of range */
-  zorStatusBadFilterOrder = -25,            /* the filter order is out of range */
-  zorStatusBadTapsLength = -26,             /* the tap count is below 1 */
-  zorStatusBadRelativeFrequency = -27,      /* Goertzel: the relative frequency is out of range */
-  zorStatusBadMultiRatePhase = -28,         /* a phase is outside 0 to factor - 1 */
-  zorStatusBadMultiRateFactor = -29,        /* a rate factor is below 1 */
-  zorStatusBadSampleFactor = -30,           /* SampleUp, SampleDown: the factor is below 1 */
-  zorStatusBadPhase = -31,                  /* SampleUp, SampleDown: the phase is out of range */
-  zorStatusBadShift = -32,                  /* the shift count is negative */
-  zorStatusBadMaskSize = -33,               /* the window is not shorter than the vector */
-  zorStatusBadWaveletFilter = -35,          /* a wavelet filter length or offset is out of range */
-  zorStatusBadMagnitude = -38,              /* VectorJaehne: the magnitude is negative */
-  zorStatusBadAlpha = -39,                  /* WinKaiser: alpha is out of range */
-  zorStatusBadTriangleAsym = -40,           /* the asymmetry is outside [-pi, pi) */
-  zorStatusBadTrianglePhase = -41,          /* the phase is outside [0, 2 pi) */
-  zorStatusBadTriangleFrequency = -42,      /* the relative frequency is outside [0, 0.5) */
-  zorStatusBadTriangleMagnitude = -43,      /* the magnitude is not positive */
-  zorStatusBadTonePhase = -44,              /* the phase is outside [0, 2 pi) */
-  zorStatusBadToneFrequency = -45,          /* the relative frequency is outside [0, 0.5) */
-  zorStatusBadToneMagnitude = -46,          /* the magnitude is not positive */
-  zorStatusBadChannelCountScaled = -47,     /* IIR64f_32s_P: the channel count is below 1 */
-  zorStatusBadChannelCountFloat = -53,      /* IIR_32f_P: the channel count is below 1 */
-  zorStatusBadSparsePositions = -194,       /* the tap positions are negative or do not increase */
-  zorStatusBadIirGenOrder = -206,           /* IIRGen: the order is outside 1 to 12 */
-  zorStatusBadIirGenFrequency = -208,       /* IIRGen: the cut-off is outside (0, 0.5) */
-  zorStatusBadIirGenRipple = -209,          /* IIRGen: the ripple is outside (0, 29] */
-  zorStatusBadRoundMode = -213,             /* the rounding mode is not accepted */
-  zorStatusBadAlgorithmType = -228,         /* the algorithm type is not accepted */
-  zorWarningSqrtOfNegative = 3,             /* an argument of a square root is negative */
-  zorWarningInverseOfZero = 4,              /* a zero was inverted */
-  zorStatusEvenMedianMaskSize = 5,          /* an even mask was reduced by one */
-  zorWarningDivideByZero = 6,               /* a divisor is zero */
-  zorWarningLogOfZero = 7,                  /* an argument of a logarithm is zero */
-  zorWarningLogOfNegative = 8,              /* an argument of a logarithm is negative */
-  zorWarningNotANumber = 9,                 /* the input holds a NaN */
-  zorWarningBitWidthClamped = 27,           /* a bit width outside 0 to 32 was clamped */
+  zorStatusOk = 0,                       /* success */
+  zorStatusBadArgument = -5,             /* a selector is out of range */
+  zorStatusBadSize = -6,                 /* a length or count is below 1 */
+  zorStatusBadModeOption = -7,           /* ZeroCrossing: unknown mode */
+  zorStatusNullPointer = -8,             /* a required pointer is null */
+  zorStatusNoMemory = -9,                /* memory is exhausted */
+  zorStatusDivideByZero = -10,           /* the constant divisor is zero */
+  zorStatusBadCauchyConstant = -11,      /* Cauchy: the constant is out of range */
+  zorStatusBadDataType = -12,            /* unsupported element type code */
+  zorStatusNegativeTapShift = -13,       /* 16-bit IIR: the shift count among the taps is negative */
+  zorStatusBadOrder = -15,               /* the FFT order is out of range */
+  zorStatusBadFlag = -16,                /* the normalisation flag is not one of the allowed */
+  zorStatusBadContext = -17,             /* the state or specification is not of the kind expected */
+  zorStatusThresholdLevelsCrossed = -18, /* the lower level is above the upper one */
+  zorStatusNegativeThresholdLevel = -19, /* the level is negative */
+  zorStatusBadDelayIndex = -24,          /* the delay line index is out of range */
+  zorStatusBadFilterOrder = -25,         /* the filter order is out of range */
+  zorStatusBadTapsLength = -26,          /* the tap count is below 1 */
+  zorStatusBadRelativeFrequency = -27,   /* Goertzel: the relative frequency is out of range */
+  zorStatusBadMultiRatePhase = -28,      /* a phase is outside 0 to factor - 1 */
+  zorStatusBadMultiRateFactor = -29,     /* a rate factor is below 1 */
+  zorStatusBadSampleFactor = -30,        /* SampleUp, SampleDown: the factor is below 1 */
+  zorStatusBadPhase = -31,               /* SampleUp, SampleDown: the phase is out of range */
+  zorStatusBadShift = -32,               /* the shift count is negative */
+  zorStatusBadMaskSize = -33,            /* the window is not shorter than the vector */
+  zorStatusBadWaveletFilter = -35,       /* a wavelet filter length or offset is out of range */
+  zorStatusBadMagnitude = -38,           /* VectorJaehne: the magnitude is negative */
+  zorStatusBadAlpha = -39,               /* WinKaiser: alpha is out of range */
+  zorStatusBadTriangleAsym = -40,        /* the asymmetry is outside [-pi, pi) */
+  zorStatusBadTrianglePhase = -41,       /* the phase is outside [0, 2 pi) */
+  zorStatusBadTriangleFrequency = -42,   /* the relative frequency is outside [0, 0.5) */
+  zorStatusBadTriangleMagnitude = -43,   /* the magnitude is not positive */
+  zorStatusBadTonePhase = -44,           /* the phase is outside [0, 2 pi) */
+  zorStatusBadToneFrequency = -45,       /* the relative frequency is outside [0, 0.5) */
+  zorStatusBadToneMagnitude = -46,       /* the magnitude is not positive */
+  zorStatusBadChannelCountScaled = -47,  /* IIR64f_32s_P: the channel count is below 1 */
+  zorStatusBadChannelCountFloat = -53,   /* IIR_32f_P: the channel count is below 1 */
+  zorStatusBadSparsePositions = -194,    /* the tap positions are negative or do not increase */
+  zorStatusBadIirGenOrder = -206,        /* IIRGen: the order is outside 1 to 12 */
+  zorStatusBadIirGenFrequency = -208,    /* IIRGen: the cut-off is outside (0, 0.5) */
+  zorStatusBadIirGenRipple = -209,       /* IIRGen: the ripple is outside (0, 29] */
+  zorStatusBadRoundMode = -213,          /* the rounding mode is not accepted */
+  zorStatusBadAlgorithmType = -228,      /* the algorithm type is not accepted */
+  zorWarningSqrtOfNegative = 3,          /* an argument of a square root is negative */
+  zorWarningInverseOfZero = 4,           /* a zero was inverted */
+  zorStatusEvenMedianMaskSize = 5,       /* an even mask was reduced by one */
+  zorWarningDivideByZero = 6,            /* a divisor is zero */
+  zorWarningLogOfZero = 7,               /* an argument of a logarithm is zero */
+  zorWarningLogOfNegative = 8,           /* an argument of a logarithm is negative */
+  zorWarningNotANumber = 9,              /* the input holds a NaN */
+  zorWarningBitWidthClamped = 27,        /* a bit width outside 0 to 32 was clamped */
 };
 
 typedef int32_t ZorRoundMode;
@@ -244,8 +257,8 @@ ZorStatus zorsCopyBE_1u(const Zor8u* src, Zor32s srcBitOffset, Zor8u* dst, Zor32
 /* ---- Element-wise arithmetic --------------------------------------------------------------------------------- */
 
 /* Mul: dst[i] = src1[i] * src2[i]; in place srcDst[i] *= src[i].
-   Numerics: one multiplication an element in the current rounding direction. Complex, with a = src1, b = src2 (src, srcDst in
-   place): re = fma(b.re, a.re, -round(b.im * a.im)), im = fma(b.re, a.im, round(b.im * a.re)). */
+   Numerics: one multiplication an element in the current rounding direction. Complex, with a = src1, b = src2 (src,
+   srcDst in place): re = fma(b.re, a.re, -round(b.im * a.im)), im = fma(b.re, a.im, round(b.im * a.re)). */
 ZorStatus zorsMul_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len);
 ZorStatus zorsMul_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* dst, Zor32s len);
 ZorStatus zorsMul_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
@@ -264,9 +277,9 @@ ZorStatus zorsMulC_64f_I(Zor64f val, Zor64f* srcDst, Zor32s len);
 
 /* ---- Conversion ---------------------------------------------------------------------------------------------- */
 
-/* Convert to wider types and between float types: dst[i] = src[i]. 24s and 24u elements have three bytes, least significant
-   first. All exact but 32s32f, 64f32f and 64s64f, which round in the current direction, and 32s16s, which saturates.
-   64s64f takes an unsigned len: only 0 is zorStatusBadSize. */
+/* Convert to wider types and between float types: dst[i] = src[i]. 24s and 24u elements have three bytes, least
+   significant first. All exact but 32s32f, 64f32f and 64s64f, which round in the current direction, and 32s16s, which
+   saturates. 64s64f takes an unsigned len: only 0 is zorStatusBadSize. */
 ZorStatus zorsConvert_8s16s(const Zor8s* src, Zor16s* dst, Zor32s len);
 ZorStatus zorsConvert_16s32s(const Zor16s* src, Zor32s* dst, Zor32s len);
 ZorStatus zorsConvert_8s32f(const Zor8s* src, Zor32f* dst, Zor32s len);
@@ -285,20 +298,19 @@ ZorStatus zorsConvert_24s32f(const Zor8u* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsConvert_24u32f(const Zor8u* src, Zor32f* dst, Zor32s len);
 
 /* Convert, integer to float, scaled: dst[i] = src[i] * 2^-scaleFactor.
-   Numerics: the integer to the float type, then one product, both in the current direction. Scale factors are limited to
-   -112..126 (16s32f), -96..126 (32s32f), -1008..1022 (16s64f), -992..1022 (32s64f). */
+   Numerics: the integer to the float type, then one product, both in the current direction. Scale factors are limited
+   to -112..126 (16s32f), -96..126 (32s32f), -1008..1022 (16s64f), -992..1022 (32s64f). */
 ZorStatus zorsConvert_16s32f_Sfs(const Zor16s* src, Zor32f* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsConvert_32s32f_Sfs(const Zor32s* src, Zor32f* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsConvert_16s64f_Sfs(const Zor16s* src, Zor64f* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsConvert_32s64f_Sfs(const Zor32s* src, Zor64f* dst, Zor32s len, Zor32s scaleFactor);
 
 /* Convert, float to integer: dst[i] = src[i] * 2^-scaleFactor, rounded by rnd and saturated.
-   rnd: zorRoundTowardZero, zorRoundNearestEven, any other value nearest with ties away from zero; the 24-bit members round to
-   nearest even. None depends on the current direction.
-   Numerics: from 32f the factor is the binary32 with the bits 0x3F800000 - (scaleFactor << 23) in 32 bits, which wrap outside
-   an exponent's range; 32f8s takes 2^-scaleFactor down to 0 and up to infinity; 24-bit members limit scaleFactor to
-   -127..127, 64f16s and 64f32s to -1008..1022.
-   NaN gives the lower bound, of 32f8u and 32f16u 0; of 32f32s the bound of its sign. 64f64s takes an unsigned len. */
+   rnd: zorRoundTowardZero, zorRoundNearestEven, any other value nearest with ties away from zero; the 24-bit members
+   round to nearest even. None depends on the current direction. Numerics: from 32f the factor is the binary32 with the
+   bits 0x3F800000 - (scaleFactor << 23) in 32 bits, which wrap outside an exponent's range; 32f8s takes 2^-scaleFactor
+   down to 0 and up to infinity; 24-bit members limit scaleFactor to -127..127, 64f16s and 64f32s to -1008..1022. NaN
+   gives the lower bound, of 32f8u and 32f16u 0; of 32f32s the bound of its sign. 64f64s takes an unsigned len. */
 ZorStatus zorsConvert_32f8s_Sfs(const Zor32f* src, Zor8s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f8u_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f16s_Sfs(const Zor32f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
@@ -310,8 +322,9 @@ ZorStatus zorsConvert_64f64s_Sfs(const Zor64f* src, Zor64s* dst, Zor32u len, Zor
 ZorStatus zorsConvert_32f24s_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f24u_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
 
-/* Convert, integer to narrower integer, scaled and saturated. 16s8s and 64s32s round by rnd as above, the others by the scale
-   rule. Scale factors are limited to -15..31 (32s16s), -30..31 (24-bit), -30..63 (64s32s). 16s8s takes an unsigned len. */
+/* Convert, integer to narrower integer, scaled and saturated. 16s8s and 64s32s round by rnd as above, the others by the
+   scale rule. Scale factors are limited to -15..31 (32s16s), -30..31 (24-bit), -30..63 (64s32s). 16s8s takes an
+   unsigned len. */
 ZorStatus zorsConvert_16s8s_Sfs(const Zor16s* src, Zor8s* dst, Zor32u len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsConvert_64s32s_Sfs(const Zor64s* src, Zor32s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
@@ -325,8 +338,8 @@ ZorStatus zorsConvert_32f16f(const Zor32f* src, Zor16f* dst, Zor32s len, ZorRoun
 ZorStatus zorsConvert_16s16f(const Zor16s* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
 ZorStatus zorsConvert_16f16s_Sfs(const Zor16f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 
-/* Real, Imag, CplxToReal: the parts of complex vectors; RealToCplx: the way back, where either source may be null and the
-   part is zero then. Checks of RealToCplx: dst, both sources null, len. Plain moves. */
+/* Real, Imag, CplxToReal: the parts of complex vectors; RealToCplx: the way back, where either source may be null and
+   the part is zero then. Checks of RealToCplx: dst, both sources null, len. Plain moves. */
 ZorStatus zorsReal_16sc(const Zor16sc* src, Zor16s* dstRe, Zor32s len);
 ZorStatus zorsReal_32fc(const Zor32fc* src, Zor32f* dstRe, Zor32s len);
 ZorStatus zorsReal_64fc(const Zor64fc* src, Zor64f* dstRe, Zor32s len);
@@ -353,20 +366,23 @@ ZorStatus zorsConjFlip_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len);
 ZorStatus zorsConjFlip_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len);
 
 /* Normalize: dst[i] = (src[i] - vSub) / vDiv.
-   Numerics: floats one subtraction, then one product with the reciprocal, which is formed once. Integers: the difference is
-   exact, goes to binary32, is multiplied by the binary32 reciprocal, then by 2^-scaleFactor with the exponent modulo 128,
-   rounded to nearest even and saturated, all whatever the current direction.
-   Checks: pointers, len, then zorStatusDivideByZero: a float vDiv below the least normal magnitude, an integer 0. */
+   Numerics: floats one subtraction, then one product with the reciprocal, which is formed once. Integers: the
+   difference is exact, goes to binary32, is multiplied by the binary32 reciprocal, then by 2^-scaleFactor with the
+   exponent modulo 128, rounded to nearest even and saturated, all whatever the current direction. Checks: pointers,
+   len, then zorStatusDivideByZero: a float vDiv below the least normal magnitude, an integer 0. */
 ZorStatus zorsNormalize_32f(const Zor32f* src, Zor32f* dst, Zor32s len, Zor32f vSub, Zor32f vDiv);
 ZorStatus zorsNormalize_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, Zor32fc vSub, Zor32f vDiv);
 ZorStatus zorsNormalize_64f(const Zor64f* src, Zor64f* dst, Zor32s len, Zor64f vSub, Zor64f vDiv);
 ZorStatus zorsNormalize_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len, Zor64fc vSub, Zor64f vDiv);
-ZorStatus zorsNormalize_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, Zor16s vSub, Zor32s vDiv, Zor32s scaleFactor);
-ZorStatus zorsNormalize_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor16sc vSub, Zor32s vDiv, Zor32s scaleFactor);
+ZorStatus zorsNormalize_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, Zor16s vSub, Zor32s vDiv,
+                                Zor32s scaleFactor);
+ZorStatus zorsNormalize_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor16sc vSub, Zor32s vDiv,
+                                 Zor32s scaleFactor);
 
-/* JoinScaled: nChannels float vectors of chanLen elements to interleaved samples, sample i of channel c at i * nChannels + c;
-   SplitScaled: the way back. -1 and 1 are the lowest and the highest sample; x * 32767.5 - 0.5 (16s, in binary32), or
-   x * 8388607.5 - 0.5 (24s, in binary64, three bytes a sample), each operation rounded, then to nearest even; x is limited to
+/* JoinScaled: nChannels float vectors of chanLen elements to interleaved samples, sample i of channel c at i *
+   nChannels + c; SplitScaled: the way back. -1 and 1 are the lowest and the highest sample; x * 32767.5 - 0.5 (16s, in
+   binary32), or x * 8388607.5 - 0.5 (24s, in binary64, three bytes a sample), each operation rounded, then to nearest
+   even; x is limited to
    [-1, 1] first, NaN is -1. Back: x * (1 / 32767.5) + 0.5 / 32767.5 likewise.
    Checks: dst (src), nChannels and chanLen, src (dst), each channel's pointer. */
 ZorStatus zorsJoinScaled_32f16s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor16s* dst);
@@ -374,18 +390,19 @@ ZorStatus zorsJoinScaled_32f24s_D2L(const Zor32f* const* src, Zor32s nChannels, 
 ZorStatus zorsSplitScaled_16s32f_D2L(const Zor16s* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen);
 ZorStatus zorsSplitScaled_24s32f_D2L(const Zor8u* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen);
 
-/* PackBits: the low widths[i] bits of each src[i], most significant first, without gaps, from bit dstBitOffset & 7 of dst on,
-   counted from the 0x80 bit. All other bits stay. A width outside 0 to 32 is limited, and the result then is
+/* PackBits: the low widths[i] bits of each src[i], most significant first, without gaps, from bit dstBitOffset & 7 of
+   dst on, counted from the 0x80 bit. All other bits stay. A width outside 0 to 32 is limited, and the result then is
    zorWarningBitWidthClamped. dstBitLen receives the number of bits written. Checks: pointers; then len below 1 or
    dstBitOffset below 0, zorStatusBadSize. */
-ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len, Zor8u* dst, Zor32s dstBitOffset, Zor32s* dstBitLen);
+ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len, Zor8u* dst, Zor32s dstBitOffset,
+                             Zor32s* dstBitLen);
 
 /* ---- Statistics ---------------------------------------------------------------------------------------------- */
 
-/* Max, Min: the greatest, the smallest element. MaxIndx, MinIndx: and the index of the first one; a null index asks for the
-   extreme alone. MaxAbs, MinAbs: of the magnitudes, that of the lowest integer taken as the highest one.
-   NaN: the running extreme starts at src[0] and is replaced by what compares greater (less): NaNs count only as src[0],
-   which then is the result. Of zeros of both signs the first is found. No dependence on alignment. */
+/* Max, Min: the greatest, the smallest element. MaxIndx, MinIndx: and the index of the first one; a null index asks for
+   the extreme alone. MaxAbs, MinAbs: of the magnitudes, that of the lowest integer taken as the highest one. NaN: the
+   running extreme starts at src[0] and is replaced by what compares greater (less): NaNs count only as src[0], which
+   then is the result. Of zeros of both signs the first is found. No dependence on alignment. */
 ZorStatus zorsMax_16s(const Zor16s* src, Zor32s len, Zor16s* max);
 ZorStatus zorsMax_32s(const Zor32s* src, Zor32s len, Zor32s* max);
 ZorStatus zorsMax_32f(const Zor32f* src, Zor32s len, Zor32f* max);
@@ -420,15 +437,21 @@ ZorStatus zorsMinMax_32s(const Zor32s* src, Zor32s len, Zor32s* min, Zor32s* max
 ZorStatus zorsMinMax_32f(const Zor32f* src, Zor32s len, Zor32f* min, Zor32f* max);
 ZorStatus zorsMinMax_64f(const Zor64f* src, Zor32s len, Zor64f* min, Zor64f* max);
 ZorStatus zorsMinMaxIndx_8u(const Zor8u* src, Zor32s len, Zor8u* min, Zor32s* minIndex, Zor8u* max, Zor32s* maxIndex);
-ZorStatus zorsMinMaxIndx_16u(const Zor16u* src, Zor32s len, Zor16u* min, Zor32s* minIndex, Zor16u* max, Zor32s* maxIndex);
-ZorStatus zorsMinMaxIndx_16s(const Zor16s* src, Zor32s len, Zor16s* min, Zor32s* minIndex, Zor16s* max, Zor32s* maxIndex);
-ZorStatus zorsMinMaxIndx_32u(const Zor32u* src, Zor32s len, Zor32u* min, Zor32s* minIndex, Zor32u* max, Zor32s* maxIndex);
-ZorStatus zorsMinMaxIndx_32s(const Zor32s* src, Zor32s len, Zor32s* min, Zor32s* minIndex, Zor32s* max, Zor32s* maxIndex);
-ZorStatus zorsMinMaxIndx_32f(const Zor32f* src, Zor32s len, Zor32f* min, Zor32s* minIndex, Zor32f* max, Zor32s* maxIndex);
-ZorStatus zorsMinMaxIndx_64f(const Zor64f* src, Zor32s len, Zor64f* min, Zor32s* minIndex, Zor64f* max, Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_16u(const Zor16u* src, Zor32s len, Zor16u* min, Zor32s* minIndex, Zor16u* max,
+                             Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_16s(const Zor16s* src, Zor32s len, Zor16s* min, Zor32s* minIndex, Zor16s* max,
+                             Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_32u(const Zor32u* src, Zor32s len, Zor32u* min, Zor32s* minIndex, Zor32u* max,
+                             Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_32s(const Zor32s* src, Zor32s len, Zor32s* min, Zor32s* minIndex, Zor32s* max,
+                             Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_32f(const Zor32f* src, Zor32s len, Zor32f* min, Zor32s* minIndex, Zor32f* max,
+                             Zor32s* maxIndex);
+ZorStatus zorsMinMaxIndx_64f(const Zor64f* src, Zor32s len, Zor64f* min, Zor32s* minIndex, Zor64f* max,
+                             Zor32s* maxIndex);
 
-/* MaxEvery, MinEvery: dst[i] is the greater (smaller) of src1[i] and src2[i], in place of src[i] and srcDst[i]. Floats: the
-   second operand where the two compare equal or one is NaN. */
+/* MaxEvery, MinEvery: dst[i] is the greater (smaller) of src1[i] and src2[i], in place of src[i] and srcDst[i]. Floats:
+   the second operand where the two compare equal or one is NaN. */
 ZorStatus zorsMaxEvery_8u(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len);
 ZorStatus zorsMaxEvery_16u(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len);
 ZorStatus zorsMaxEvery_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len);
@@ -450,60 +473,62 @@ ZorStatus zorsMinEvery_32s_I(const Zor32s* src, Zor32s* srcDst, Zor32s len);
 ZorStatus zorsMinEvery_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
 ZorStatus zorsMinEvery_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
 
-/* FindNearest: the entry of an ascending table nearest to a value, and its index; the lower of two entries equally near.
-   Checks: pointers, len, tableLen below 1 (zorStatusBadSize). */
+/* FindNearest: the entry of an ascending table nearest to a value, and its index; the lower of two entries equally
+   near. Checks: pointers, len, tableLen below 1 (zorStatusBadSize). */
 ZorStatus zorsFindNearestOne_16u(Zor16u val, Zor16u* nearest, Zor32s* index, const Zor16u* table, Zor32s tableLen);
-ZorStatus zorsFindNearest_16u(const Zor16u* src, Zor16u* dst, Zor32s* dstIndex, Zor32s len, const Zor16u* table, Zor32s tableLen);
+ZorStatus zorsFindNearest_16u(const Zor16u* src, Zor16u* dst, Zor32s* dstIndex, Zor32s len, const Zor16u* table,
+                              Zor32s tableLen);
 
 /* CountInRange: how many elements are above lowerBound and below upperBound; neither bound counts. */
 ZorStatus zorsCountInRange_32s(const Zor32s* src, Zor32s len, Zor32s* count, Zor32s lowerBound, Zor32s upperBound);
 
-/* ZeroCrossing, over neighbouring pairs. mode 0: pairs whose product is negative; 1: pairs whose sign bits differ; 2: half the
-   sum of the distances of their signs -1, 0, 1 (of integers rounded down).
-   Checks: pointers; len of 0 (zorStatusBadSize; a negative one has no pairs); another mode (zorStatusBadModeOption). */
+/* ZeroCrossing, over neighbouring pairs. mode 0: pairs whose product is negative; 1: pairs whose sign bits differ; 2:
+   half the sum of the distances of their signs -1, 0, 1 (of integers rounded down). Checks: pointers; len of 0
+   (zorStatusBadSize; a negative one has no pairs); another mode (zorStatusBadModeOption). */
 ZorStatus zorsZeroCrossing_16s32f(const Zor16s* src, Zor32s len, Zor32f* result, Zor32s mode);
 ZorStatus zorsZeroCrossing_32f(const Zor32f* src, Zor32s len, Zor32f* result, Zor32s mode);
 
-/* Sum of floats; complex components apart. hint 1 selects the fast sums of 32f and 32fc, every other value the accurate ones.
-   Results depend on src's alignment: elements before the first 32-byte boundary are added first, one by one, and seed sum 0.
-   Numerics, 32f: accurate sums are binary64, one sequence below 32 elements (and from 57 on where src is not aligned to 4
-   bytes), else eight sums, joined as ((p0 + p4) + (p2 + p6)) + ((p1 + p5) + (p3 + p7)), the rest in four sums, then one by one;
-   the prefix is taken from 57 elements on. Fast sums run in binary32 within blocks of 8,192, 32 sums each, and binary64
-   across. 32fc: the same over interleaved components. 64f: 16 sums; one sequence where src is not aligned to 8 bytes. */
+/* Sum of floats; complex components apart. hint 1 selects the fast sums of 32f and 32fc, every other value the accurate
+   ones. Results depend on src's alignment: elements before the first 32-byte boundary are added first, one by one, and
+   seed sum 0. Numerics, 32f: accurate sums are binary64, one sequence below 32 elements (and from 57 on where src is
+   not aligned to 4 bytes), else eight sums, joined as ((p0 + p4) + (p2 + p6)) + ((p1 + p5) + (p3 + p7)), the rest in
+   four sums, then one by one; the prefix is taken from 57 elements on. Fast sums run in binary32 within blocks of
+   8,192, 32 sums each, and binary64 across. 32fc: the same over interleaved components. 64f: 16 sums; one sequence
+   where src is not aligned to 8 bytes. */
 ZorStatus zorsSum_32f(const Zor32f* src, Zor32s len, Zor32f* sum, ZorHintAlgorithm hint);
 ZorStatus zorsSum_32fc(const Zor32fc* src, Zor32s len, Zor32fc* sum, ZorHintAlgorithm hint);
 ZorStatus zorsSum_64f(const Zor64f* src, Zor32s len, Zor64f* sum);
 ZorStatus zorsSum_64fc(const Zor64fc* src, Zor32s len, Zor64fc* sum);
 
-/* Sum of integers: exact, divided by 2^scaleFactor. 16s and 16sc: as a binary64 product, rounded in the current direction and
-   saturated; the exponent is limited to what binary64 has (a scale of 0 from 1,023 on, of infinity from -1,024 down, with
-   which a sum of 0 gives the lowest value). 32s: to nearest, ties to even. */
+/* Sum of integers: exact, divided by 2^scaleFactor. 16s and 16sc: as a binary64 product, rounded in the current
+   direction and saturated; the exponent is limited to what binary64 has (a scale of 0 from 1,023 on, of infinity from
+   -1,024 down, with which a sum of 0 gives the lowest value). 32s: to nearest, ties to even. */
 ZorStatus zorsSum_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* sum, Zor32s scaleFactor);
 ZorStatus zorsSum_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* sum, Zor32s scaleFactor);
 ZorStatus zorsSum_16sc32sc_Sfs(const Zor16sc* src, Zor32s len, Zor32sc* sum, Zor32s scaleFactor);
 ZorStatus zorsSum_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* sum, Zor32s scaleFactor);
 ZorStatus zorsSum_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* sum, Zor32s scaleFactor);
 
-/* Mean of floats: the sum divided by len in binary64. 32f divides the sum as narrowed to 32 bits; 32fc does not narrow before;
-   64fc multiplies by 1 / len. */
+/* Mean of floats: the sum divided by len in binary64. 32f divides the sum as narrowed to 32 bits; 32fc does not narrow
+   before; 64fc multiplies by 1 / len. */
 ZorStatus zorsMean_32f(const Zor32f* src, Zor32s len, Zor32f* mean, ZorHintAlgorithm hint);
 ZorStatus zorsMean_32fc(const Zor32fc* src, Zor32s len, Zor32fc* mean, ZorHintAlgorithm hint);
 ZorStatus zorsMean_64f(const Zor64f* src, Zor32s len, Zor64f* mean);
 ZorStatus zorsMean_64fc(const Zor64fc* src, Zor32s len, Zor64fc* mean);
 
-/* Mean of integers. 16s, 16sc: (sum / len) * 2^-scaleFactor in binary64, rounded in the current direction and saturated. 32s:
-   the exact sum divided to nearest, ties to even; scaling down rounds a second time, halves away from zero; scaling up
-   multiplies the sum where it fits 32 bits, else the quotient, and saturates. */
+/* Mean of integers. 16s, 16sc: (sum / len) * 2^-scaleFactor in binary64, rounded in the current direction and
+   saturated. 32s: the exact sum divided to nearest, ties to even; scaling down rounds a second time, halves away from
+   zero; scaling up multiplies the sum where it fits 32 bits, else the quotient, and saturates. */
 ZorStatus zorsMean_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor32s scaleFactor);
 ZorStatus zorsMean_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* mean, Zor32s scaleFactor);
 ZorStatus zorsMean_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* mean, Zor32s scaleFactor);
 
-/* Norms of floats. Inf: the greatest magnitude; L1: the sum of the magnitudes; L2: the root of the sum of squares. Complex forms
-   take the magnitude of each element.
-   Numerics: 32f and 32fc run in binary32, the sums of 32fc64f are widened only when complete. Elements go to 8 sums (64-bit
-   types: 4), element k to sum k mod 8, L2 of pairs its components to 16 (8); the sums are joined in halves, j with j + n / 2,
-   at last even ones and odd ones. Inf of pairs roots the greatest re^2 + im^2. A NaN counts in Inf only as the last element
-   of its lane k mod 8 (4). No dependence on alignment. */
+/* Norms of floats. Inf: the greatest magnitude; L1: the sum of the magnitudes; L2: the root of the sum of squares.
+   Complex forms take the magnitude of each element. Numerics: 32f and 32fc run in binary32, the sums of 32fc64f are
+   widened only when complete. Elements go to 8 sums (64-bit types: 4), element k to sum k mod 8, L2 of pairs its
+   components to 16 (8); the sums are joined in halves, j with j + n / 2, at last even ones and odd ones. Inf of pairs
+   roots the greatest re^2 + im^2. A NaN counts in Inf only as the last element of its lane k mod 8 (4). No dependence
+   on alignment. */
 ZorStatus zorsNorm_Inf_32f(const Zor32f* src, Zor32s len, Zor32f* norm);
 ZorStatus zorsNorm_Inf_64f(const Zor64f* src, Zor32s len, Zor64f* norm);
 ZorStatus zorsNorm_Inf_32fc32f(const Zor32fc* src, Zor32s len, Zor32f* norm);
@@ -537,8 +562,8 @@ ZorStatus zorsNorm_L1_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
 ZorStatus zorsNorm_L2_16s32f(const Zor16s* src, Zor32s len, Zor32f* norm);
 
 /* Norms of 16-bit integers, exact, divided by 2^scaleFactor and saturated. Scaling down truncates; 64 and more give 0.
-   L2_16s32s: the root in binary64, divided (multiplied) by 2^(scaleFactor mod 32) held in a signed 32-bit integer, so that 31
-   gives a negative result and 32 divides by 1; then truncated. L2Sqr: the sum of squares. */
+   L2_16s32s: the root in binary64, divided (multiplied) by 2^(scaleFactor mod 32) held in a signed 32-bit integer, so
+   that 31 gives a negative result and 32 divides by 1; then truncated. L2Sqr: the sum of squares. */
 ZorStatus zorsNorm_Inf_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
 ZorStatus zorsNorm_L1_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
 ZorStatus zorsNorm_L2_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
@@ -549,19 +574,24 @@ ZorStatus zorsNorm_L2Sqr_16s64s_Sfs(const Zor16s* src, Zor32s len, Zor64s* norm,
 ZorStatus zorsNormDiff_Inf_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
 ZorStatus zorsNormDiff_L1_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
 ZorStatus zorsNormDiff_L2_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32f* norm);
-ZorStatus zorsNormDiff_Inf_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
-ZorStatus zorsNormDiff_L1_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
-ZorStatus zorsNormDiff_L2_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm, Zor32s scaleFactor);
-ZorStatus zorsNormDiff_L1_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
-ZorStatus zorsNormDiff_L2Sqr_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm, Zor32s scaleFactor);
+ZorStatus zorsNormDiff_Inf_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm,
+                                      Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L1_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm,
+                                     Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L2_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* norm,
+                                     Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L1_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm,
+                                     Zor32s scaleFactor);
+ZorStatus zorsNormDiff_L2Sqr_16s64s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor64s* norm,
+                                        Zor32s scaleFactor);
 
 /* Dot products of floats: the plain sum of src1[n] * src2[n]; no operand is conjugated. Products and sums round apart.
-   Numerics: 32f binary32 throughout: one sequence below 16 elements (and from 57 on where src2 is not aligned to 4 bytes), else
-   16 sums joined to 8, the rest in a group of 8, then one by one; from 57 on the elements before src2's 32-byte boundary first,
-   which seed sum 0. 64f: element k to sum k mod 8 where both sources are aligned to 16 bytes, else k mod 6. 32f64f: 8 sums.
-   Real by complex: 16 sums of components in binary32, 8 in binary64. Complex: the sums of re1 * src2 and of im1 * src2 apart,
-   in 4 lanes over 2 elements (binary64: 8 over 4). Forms with a wider result widen before they multiply. Only 32f and 64f
-   depend on alignment. */
+   Numerics: 32f binary32 throughout: one sequence below 16 elements (and from 57 on where src2 is not aligned to 4
+   bytes), else 16 sums joined to 8, the rest in a group of 8, then one by one; from 57 on the elements before src2's
+   32-byte boundary first, which seed sum 0. 64f: element k to sum k mod 8 where both sources are aligned to 16 bytes,
+   else k mod 6. 32f64f: 8 sums. Real by complex: 16 sums of components in binary32, 8 in binary64. Complex: the sums of
+   re1 * src2 and of im1 * src2 apart, in 4 lanes over 2 elements (binary64: 8 over 4). Forms with a wider result widen
+   before they multiply. Only 32f and 64f depend on alignment. */
 ZorStatus zorsDotProd_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* dotProd);
 ZorStatus zorsDotProd_32f64f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor64f* dotProd);
 ZorStatus zorsDotProd_64f(const Zor64f* src1, const Zor64f* src2, Zor32s len, Zor64f* dotProd);
@@ -580,34 +610,42 @@ ZorStatus zorsDotProd_16s16sc64sc(const Zor16s* src1, const Zor16sc* src2, Zor32
 ZorStatus zorsDotProd_16sc32fc(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor32fc* dotProd);
 ZorStatus zorsDotProd_16sc64sc(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor64sc* dotProd);
 
-/* Scaled: exact, divided by 2^scaleFactor (at most 31; multiplied by at most 2^15 for 16-bit results, 2^31 for 32-bit ones) to
-   nearest, ties to even, saturated. */
+/* Scaled: exact, divided by 2^scaleFactor (at most 31; multiplied by at most 2^15 for 16-bit results, 2^31 for 32-bit
+   ones) to nearest, ties to even, saturated. */
 ZorStatus zorsDotProd_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor16s* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_16s16sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_16s16sc32sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_16sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_16sc32sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s32s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor32s len, Zor32s* dotProd,
+                                 Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s16sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd,
+                                  Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s16sc32sc_Sfs(const Zor16s* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd,
+                                      Zor32s scaleFactor);
+ZorStatus zorsDotProd_16sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor16sc* dotProd,
+                               Zor32s scaleFactor);
+ZorStatus zorsDotProd_16sc32sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor32s len, Zor32sc* dotProd,
+                                   Zor32s scaleFactor);
 
-/* Dot products with 32-bit integers: products and sums in binary64 (32s and 16s32s32s: 4 sums; else as complex floats), times
-   2^-scaleFactor, the factor limited to -31 and 93, rounded to nearest, ties to even, in every direction of the caller, saturated. */
+/* Dot products with 32-bit integers: products and sums in binary64 (32s and 16s32s32s: 4 sums; else as complex floats),
+   times 2^-scaleFactor, the factor limited to -31 and 93, rounded to nearest, ties to even, in every direction of the
+   caller, saturated. */
 ZorStatus zorsDotProd_32s_Sfs(const Zor32s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_16s32s32s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_32s32sc_Sfs(const Zor32s* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
-ZorStatus zorsDotProd_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor);
+ZorStatus zorsDotProd_16s32s32s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd,
+                                    Zor32s scaleFactor);
+ZorStatus zorsDotProd_32s32sc_Sfs(const Zor32s* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd,
+                                  Zor32s scaleFactor);
+ZorStatus zorsDotProd_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd,
+                               Zor32s scaleFactor);
 
-/* Deviation of a sample, and its mean: with n = len, S the sum and Q the sum of squares, the root of V / (n * (n - 1)), where
-   V = Q * n - S * S is not below 0. A len below 2 is zorStatusBadSize.
-   Numerics: binary64, element k to sum k mod 8, nothing fused. StdDev_32f narrows V and n * (n - 1) to binary32 before the
-   division and the root; its hint 1 sums blocks of 8,192 in binary32, 16 sums each. MeanStdDev_32f ignores its hint. No
-   dependence on alignment. */
+/* Deviation of a sample, and its mean: with n = len, S the sum and Q the sum of squares, the root of V / (n * (n - 1)),
+   where V = Q * n - S * S is not below 0. A len below 2 is zorStatusBadSize. Numerics: binary64, element k to sum k mod
+   8, nothing fused. StdDev_32f narrows V and n * (n - 1) to binary32 before the division and the root; its hint 1 sums
+   blocks of 8,192 in binary32, 16 sums each. MeanStdDev_32f ignores its hint. No dependence on alignment. */
 ZorStatus zorsStdDev_32f(const Zor32f* src, Zor32s len, Zor32f* stdDev, ZorHintAlgorithm hint);
 ZorStatus zorsStdDev_64f(const Zor64f* src, Zor32s len, Zor64f* stdDev);
 ZorStatus zorsMeanStdDev_32f(const Zor32f* src, Zor32s len, Zor32f* mean, Zor32f* stdDev, ZorHintAlgorithm);
 ZorStatus zorsMeanStdDev_64f(const Zor64f* src, Zor32s len, Zor64f* mean, Zor64f* stdDev);
 
-/* Of 16-bit integers: S and Q exact, the rest in binary64, times 2^-scaleFactor as in Sum, rounded in the current direction and
-   saturated to 32 bits; the 16s forms saturate that to 16 bits. */
+/* Of 16-bit integers: S and Q exact, the rest in binary64, times 2^-scaleFactor as in Sum, rounded in the current
+   direction and saturated to 32 bits; the 16s forms saturate that to 16 bits. */
 ZorStatus zorsStdDev_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* stdDev, Zor32s scaleFactor);
 ZorStatus zorsStdDev_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* stdDev, Zor32s scaleFactor);
 ZorStatus zorsMeanStdDev_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* mean, Zor32s* stdDev, Zor32s scaleFactor);
@@ -615,9 +653,9 @@ ZorStatus zorsMeanStdDev_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zo
 
 /* SumWindow: dst[i] = src[i] + ... + src[i + maskSize - 1]; src holds len + maskSize - 1 elements.
    Checks: pointers, len, maskSize below 1 (zorStatusBadMaskSize).
-   Numerics: binary32. The first window is summed one by one, from 64 elements on in 16 sums, seeded by the elements before the
-   first 32-byte boundary; each next one is the one before plus what enters less what leaves, so roundings accumulate once
-   sums pass 2^24. */
+   Numerics: binary32. The first window is summed one by one, from 64 elements on in 16 sums, seeded by the elements
+   before the first 32-byte boundary; each next one is the one before plus what enters less what leaves, so roundings
+   accumulate once sums pass 2^24. */
 ZorStatus zorsSumWindow_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len, Zor32s maskSize);
 ZorStatus zorsSumWindow_16s32f(const Zor16s* src, Zor32f* dst, Zor32s len, Zor32s maskSize);
 
@@ -641,23 +679,35 @@ typedef struct ZorsFFTSpec_R_64f ZorsFFTSpec_R_64f;
              that a transform needs. Checks: an order outside 0 to 30; pointers; flag (zorStatusBadFlag); the kind's
              largest order (zorStatusBadOrder).
    Init      builds the specification inside specBlock (any alignment), writes its address to specOut and never
-             allocates. initBuffer may be null where its size was 0. Checks: specOut, order, specBlock, flag, initBuffer;
-             from the flag on the block has been cleared. hint is stored and has no effect on float kinds.
-   InitAlloc allocates and builds. Free releases what InitAlloc allocated and invalidates the specification.
-   GetBufSize writes the bytes of the work buffer, 64 for aligning it included; 0 where none is needed.
-   Numerics: twiddles come from one quarter-wave sine table, each entry evaluated directly. */
-ZorStatus zorsFFTGetSize_C_32fc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_C_32f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_R_32f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_C_64fc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_C_64f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_R_64f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTInit_C_32fc(ZorsFFTSpec_C_32fc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_C_32f(ZorsFFTSpec_C_32f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_R_32f(ZorsFFTSpec_R_32f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_C_64fc(ZorsFFTSpec_C_64fc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_C_64f(ZorsFFTSpec_C_64f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_R_64f(ZorsFFTSpec_R_64f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+             allocates. initBuffer may be null where its size was 0. Checks: specOut, order, specBlock, flag,
+   initBuffer; from the flag on the block has been cleared. hint is stored and has no effect on float kinds. InitAlloc
+   allocates and builds. Free releases what InitAlloc allocated and invalidates the specification. GetBufSize writes the
+   bytes of the work buffer, 64 for aligning it included; 0 where none is needed. Numerics: twiddles come from one
+   quarter-wave sine table, each entry evaluated directly. */
+ZorStatus zorsFFTGetSize_C_32fc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                                Zor32s* workSize);
+ZorStatus zorsFFTGetSize_C_32f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                               Zor32s* workSize);
+ZorStatus zorsFFTGetSize_R_32f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                               Zor32s* workSize);
+ZorStatus zorsFFTGetSize_C_64fc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                                Zor32s* workSize);
+ZorStatus zorsFFTGetSize_C_64f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                               Zor32s* workSize);
+ZorStatus zorsFFTGetSize_R_64f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                               Zor32s* workSize);
+ZorStatus zorsFFTInit_C_32fc(ZorsFFTSpec_C_32fc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                             Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_C_32f(ZorsFFTSpec_C_32f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                            Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_R_32f(ZorsFFTSpec_R_32f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                            Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_C_64fc(ZorsFFTSpec_C_64fc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                             Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_C_64f(ZorsFFTSpec_C_64f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                            Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_R_64f(ZorsFFTSpec_R_64f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                            Zor8u* specBlock, Zor8u* initBuffer);
 ZorStatus zorsFFTInitAlloc_C_32fc(ZorsFFTSpec_C_32fc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
 ZorStatus zorsFFTInitAlloc_C_32f(ZorsFFTSpec_C_32f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
 ZorStatus zorsFFTInitAlloc_R_32f(ZorsFFTSpec_R_32f** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
@@ -685,25 +735,28 @@ ZorStatus zorsFFTFwd_CToC_32fc(const Zor32fc* src, Zor32fc* dst, const ZorsFFTSp
 ZorStatus zorsFFTFwd_CToC_32fc_I(Zor32fc* srcDst, const ZorsFFTSpec_C_32fc* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_CToC_64fc(const Zor64fc* src, Zor64fc* dst, const ZorsFFTSpec_C_64fc* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_CToC_64fc_I(Zor64fc* srcDst, const ZorsFFTSpec_C_64fc* spec, Zor8u* buffer);
-ZorStatus zorsFFTFwd_CToC_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dstRe, Zor32f* dstIm, const ZorsFFTSpec_C_32f* spec, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dstRe, Zor32f* dstIm,
+                              const ZorsFFTSpec_C_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_CToC_32f_I(Zor32f* srcDstRe, Zor32f* srcDstIm, const ZorsFFTSpec_C_32f* spec, Zor8u* buffer);
-ZorStatus zorsFFTFwd_CToC_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dstRe, Zor64f* dstIm, const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dstRe, Zor64f* dstIm,
+                              const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_CToC_64f_I(Zor64f* srcDstRe, Zor64f* srcDstIm, const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_32fc(const Zor32fc* src, Zor32fc* dst, const ZorsFFTSpec_C_32fc* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_32fc_I(Zor32fc* srcDst, const ZorsFFTSpec_C_32fc* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_64fc(const Zor64fc* src, Zor64fc* dst, const ZorsFFTSpec_C_64fc* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_64fc_I(Zor64fc* srcDst, const ZorsFFTSpec_C_64fc* spec, Zor8u* buffer);
-ZorStatus zorsFFTInv_CToC_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dstRe, Zor32f* dstIm, const ZorsFFTSpec_C_32f* spec, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dstRe, Zor32f* dstIm,
+                              const ZorsFFTSpec_C_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_32f_I(Zor32f* srcDstRe, Zor32f* srcDstIm, const ZorsFFTSpec_C_32f* spec, Zor8u* buffer);
-ZorStatus zorsFFTInv_CToC_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dstRe, Zor64f* dstIm, const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dstRe, Zor64f* dstIm,
+                              const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_64f_I(Zor64f* srcDstRe, Zor64f* srcDstIm, const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
 
-/* Real transforms. The spectrum X[k] = R[k] + i I[k] of N real values is conjugate-symmetric; its first half is stored as
-     Pack  R[0]  R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2]               N values
-     Perm  R[0] R[N/2]  R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]               N values
-     CCS   R[0] 0  R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2] 0          N + 2 values
-   For odd N the R[N/2] term is absent and Perm is Pack; N = 1: R[0], and R[0] 0 in CCS.
-   Checks and buffer as for complex transforms. */
+/* Real transforms. The spectrum X[k] = R[k] + i I[k] of N real values is conjugate-symmetric; its first half is stored
+   as Pack  R[0]  R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2]               N values Perm  R[0] R[N/2]  R[1]
+   I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]               N values CCS   R[0] 0  R[1] I[1]  R[2] I[2]  ...  R[N/2-1]
+   I[N/2-1]  R[N/2] 0          N + 2 values For odd N the R[N/2] term is absent and Perm is Pack; N = 1: R[0], and R[0]
+   0 in CCS. Checks and buffer as for complex transforms. */
 ZorStatus zorsFFTFwd_RToPack_32f(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPack_32f_I(Zor32f* srcDst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPerm_32f(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
@@ -729,23 +782,31 @@ ZorStatus zorsFFTInv_PermToR_64f_I(Zor64f* srcDst, const ZorsFFTSpec_R_64f* spec
 ZorStatus zorsFFTInv_CCSToR_64f(const Zor64f* src, Zor64f* dst, const ZorsFFTSpec_R_64f* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CCSToR_64f_I(Zor64f* srcDst, const ZorsFFTSpec_R_64f* spec, Zor8u* buffer);
 
-/* Integer transforms through floating point: values are converted, transformed as by the float kinds, and converted back:
-   divided by 2^scaleFactor, rounded to nearest, ties to even, saturated. C_32sc and C_32s complex data, orders 0 to 27, and R_32s
-   real data, orders 0 to 28, in binary64; R_16s32s 16-bit real data and 32-bit spectra, orders 0 to 29, in binary32.
-   Specifications as those of the float kinds; every order needs a work buffer. Init tests orders only against 30 before the block
-   has been cleared. */
+/* Integer transforms through floating point: values are converted, transformed as by the float kinds, and converted
+   back: divided by 2^scaleFactor, rounded to nearest, ties to even, saturated. C_32sc and C_32s complex data, orders 0
+   to 27, and R_32s real data, orders 0 to 28, in binary64; R_16s32s 16-bit real data and 32-bit spectra, orders 0 to
+   29, in binary32. Specifications as those of the float kinds; every order needs a work buffer. Init tests orders only
+   against 30 before the block has been cleared. */
 typedef struct ZorsFFTSpec_C_32sc ZorsFFTSpec_C_32sc;
 typedef struct ZorsFFTSpec_C_32s ZorsFFTSpec_C_32s;
 typedef struct ZorsFFTSpec_R_32s ZorsFFTSpec_R_32s;
 typedef struct ZorsFFTSpec_R_16s32s ZorsFFTSpec_R_16s32s;
-ZorStatus zorsFFTGetSize_C_32sc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_C_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_R_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTGetSize_R_16s32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
-ZorStatus zorsFFTInit_C_32sc(ZorsFFTSpec_C_32sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_C_32s(ZorsFFTSpec_C_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_R_32s(ZorsFFTSpec_R_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
-ZorStatus zorsFFTInit_R_16s32s(ZorsFFTSpec_R_16s32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTGetSize_C_32sc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                                Zor32s* workSize);
+ZorStatus zorsFFTGetSize_C_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                               Zor32s* workSize);
+ZorStatus zorsFFTGetSize_R_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                               Zor32s* workSize);
+ZorStatus zorsFFTGetSize_R_16s32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
+                                  Zor32s* workSize);
+ZorStatus zorsFFTInit_C_32sc(ZorsFFTSpec_C_32sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                             Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_C_32s(ZorsFFTSpec_C_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                            Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_R_32s(ZorsFFTSpec_R_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                            Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_R_16s32s(ZorsFFTSpec_R_16s32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint,
+                               Zor8u* specBlock, Zor8u* initBuffer);
 ZorStatus zorsFFTInitAlloc_C_32sc(ZorsFFTSpec_C_32sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
 ZorStatus zorsFFTInitAlloc_C_32s(ZorsFFTSpec_C_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
 ZorStatus zorsFFTInitAlloc_R_32s(ZorsFFTSpec_R_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
@@ -758,28 +819,42 @@ ZorStatus zorsFFTGetBufSize_C_32sc(const ZorsFFTSpec_C_32sc* spec, Zor32s* size)
 ZorStatus zorsFFTGetBufSize_C_32s(const ZorsFFTSpec_C_32s* spec, Zor32s* size);
 ZorStatus zorsFFTGetBufSize_R_32s(const ZorsFFTSpec_R_32s* spec, Zor32s* size);
 ZorStatus zorsFFTGetBufSize_R_16s32s(const ZorsFFTSpec_R_16s32s* spec, Zor32s* size);
-ZorStatus zorsFFTFwd_CToC_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor,
+                                   Zor8u* buffer);
 ZorStatus zorsFFTFwd_CToC_32sc_ISfs(Zor32sc* srcDst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTFwd_CToC_32s_Sfs(const Zor32s* srcRe, const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTFwd_CToC_32s_ISfs(Zor32s* srcDstRe, Zor32s* srcDstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTInv_CToC_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_32s_Sfs(const Zor32s* srcRe, const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm,
+                                  const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_32s_ISfs(Zor32s* srcDstRe, Zor32s* srcDstIm, const ZorsFFTSpec_C_32s* spec,
+                                   Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor,
+                                   Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_32sc_ISfs(Zor32sc* srcDst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTInv_CToC_32s_Sfs(const Zor32s* srcRe, const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTInv_CToC_32s_ISfs(Zor32s* srcDstRe, Zor32s* srcDstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTFwd_RToPack_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32s_Sfs(const Zor32s* srcRe, const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm,
+                                  const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_32s_ISfs(Zor32s* srcDstRe, Zor32s* srcDstIm, const ZorsFFTSpec_C_32s* spec,
+                                   Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPack_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                                     Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPack_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTFwd_RToPerm_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPerm_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                                     Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPerm_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTFwd_RToCCS_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToCCS_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                                    Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToCCS_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTInv_PackToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PackToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                                     Zor8u* buffer);
 ZorStatus zorsFFTInv_PackToR_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTInv_PermToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PermToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                                     Zor8u* buffer);
 ZorStatus zorsFFTInv_PermToR_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTInv_CCSToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CCSToR_32s_Sfs(const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                                    Zor8u* buffer);
 ZorStatus zorsFFTInv_CCSToR_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTFwd_RToCCS_16s32s_Sfs(const Zor16s* src, Zor32s* dst, const ZorsFFTSpec_R_16s32s* spec, Zor32s scaleFactor, Zor8u* buffer);
-ZorStatus zorsFFTInv_CCSToR_32s16s_Sfs(const Zor32s* src, Zor16s* dst, const ZorsFFTSpec_R_16s32s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToCCS_16s32s_Sfs(const Zor16s* src, Zor32s* dst, const ZorsFFTSpec_R_16s32s* spec,
+                                       Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CCSToR_32s16s_Sfs(const Zor32s* src, Zor16s* dst, const ZorsFFTSpec_R_16s32s* spec,
+                                       Zor32s scaleFactor, Zor8u* buffer);
 
 /* Products of packed spectra of len values, even or odd. Real terms by one product; pairs, with a = src1 and b = src2
    (src and srcDst in place): re = fma(a.re, b.re, -round(a.im * b.im)), im = fma(b.im, a.re, round(a.im * b.re)).
@@ -796,10 +871,10 @@ ZorStatus zorsMulPerm_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
 ZorStatus zorsMulPackConj_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
 ZorStatus zorsMulPackConj_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
 
-/* Conj: a packed spectrum of len values' transform, even or odd len, to all len terms: X[len - k] = conj X[k]. The first term
-   and, for even len, the middle one get zero imaginary parts; ConjCcs copies what its source has there. In place the packed
-   values stand at the begin of srcDst, which has room for len pairs. src may be dst.
-   Numerics: no rounding; 16sc negates with saturation. Checks: pointers, len. */
+/* Conj: a packed spectrum of len values' transform, even or odd len, to all len terms: X[len - k] = conj X[k]. The
+   first term and, for even len, the middle one get zero imaginary parts; ConjCcs copies what its source has there. In
+   place the packed values stand at the begin of srcDst, which has room for len pairs. src may be dst. Numerics: no
+   rounding; 16sc negates with saturation. Checks: pointers, len. */
 ZorStatus zorsConjPack_16sc(const Zor16s* src, Zor16sc* dst, Zor32s len);
 ZorStatus zorsConjPack_16sc_I(Zor16sc* srcDst, Zor32s len);
 ZorStatus zorsConjPack_32fc(const Zor32f* src, Zor32fc* dst, Zor32s len);
@@ -824,20 +899,19 @@ ZorStatus zorsConjCcs_64fc_I(Zor64fc* srcDst, Zor32s len);
 typedef struct ZorFIRState ZorFIRState;
 
 /* State of a FIR filter y[i] = sum over k of taps[k] * x[i-k], k from 0 to tapsLen - 1.
-   Names: zorsFIR<taps>_<samples>; one type where they agree. 32f_16s, 32fc_16sc compute in binary32, 64f_* and 64fc_* in
-   binary64; 16s, 32s_16s and 32sc_16sc in 16-bit taps and samples with 32-bit sums that wrap, the result times 2^tapsFactor;
-   32s_16s32f and 32sc_16sc32fc are the same state built from float taps. 32s is a 64f_32s state with integer taps.
-   GetStateSize writes the bytes of the state. Init builds it inside buffer (any alignment) and writes its address to state;
-   InitAlloc allocates it; Free releases what InitAlloc allocated.
-   dly holds the last tapsLen inputs, the newest first; null: zeros. GetDlyLine and SetDlyLine have the same order; integers
-   from a float delay line are cut toward zero. SetTaps replaces the taps, their number stays.
-   Integer taps are normalised to 16 bits: 16s taps with a -32768 among them are halved, 32s taps shifted right until the largest
-   magnitude is at most 32,766, and tapsFactor grows by the shift; float taps are scaled so that the largest ends in 16,384 to
-   32,767. GetTaps returns what is stored, and the factor; as floats, the products of both.
-   SetTaps32f_16s keeps a deviation: it writes the taps in the layout of 32f over the state's own, history included; build a
-   new state instead.
-   Checks: pointers; then tapsLen below 1, zorStatusBadTapsLength, or the state's tag. InitAlloc: zorStatusNoMemory leaves *state
-   alone; where only the FFT cannot be had, the filter is a direct one (32s: the failure is returned). */
+   Names: zorsFIR<taps>_<samples>; one type where they agree. 32f_16s, 32fc_16sc compute in binary32, 64f_* and 64fc_*
+   in binary64; 16s, 32s_16s and 32sc_16sc in 16-bit taps and samples with 32-bit sums that wrap, the result times
+   2^tapsFactor; 32s_16s32f and 32sc_16sc32fc are the same state built from float taps. 32s is a 64f_32s state with
+   integer taps. GetStateSize writes the bytes of the state. Init builds it inside buffer (any alignment) and writes its
+   address to state; InitAlloc allocates it; Free releases what InitAlloc allocated. dly holds the last tapsLen inputs,
+   the newest first; null: zeros. GetDlyLine and SetDlyLine have the same order; integers from a float delay line are
+   cut toward zero. SetTaps replaces the taps, their number stays. Integer taps are normalised to 16 bits: 16s taps with
+   a -32768 among them are halved, 32s taps shifted right until the largest magnitude is at most 32,766, and tapsFactor
+   grows by the shift; float taps are scaled so that the largest ends in 16,384 to 32,767. GetTaps returns what is
+   stored, and the factor; as floats, the products of both. SetTaps32f_16s keeps a deviation: it writes the taps in the
+   layout of 32f over the state's own, history included; build a new state instead. Checks: pointers; then tapsLen below
+   1, zorStatusBadTapsLength, or the state's tag. InitAlloc: zorStatusNoMemory leaves *state alone; where only the FFT
+   cannot be had, the filter is a direct one (32s: the failure is returned). */
 ZorStatus zorsFIRGetStateSize_32f(Zor32s tapsLen, Zor32s* size);
 ZorStatus zorsFIRGetStateSize_32fc(Zor32s tapsLen, Zor32s* size);
 ZorStatus zorsFIRGetStateSize_64f(Zor32s tapsLen, Zor32s* size);
@@ -862,18 +936,27 @@ ZorStatus zorsFIRInit_64f(ZorFIRState** state, const Zor64f* taps, Zor32s tapsLe
 ZorStatus zorsFIRInit_64fc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor64fc* dly, Zor8u* buffer);
 ZorStatus zorsFIRInit_32s(ZorFIRState** state, const Zor32s* taps, Zor32s tapsLen, const Zor32s* dly, Zor8u* buffer);
 ZorStatus zorsFIRInit32f_16s(ZorFIRState** state, const Zor32f* taps, Zor32s tapsLen, const Zor16s* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit32fc_16sc(ZorFIRState** state, const Zor32fc* taps, Zor32s tapsLen, const Zor16sc* dly, Zor8u* buffer);
+ZorStatus zorsFIRInit32fc_16sc(ZorFIRState** state, const Zor32fc* taps, Zor32s tapsLen, const Zor16sc* dly,
+                               Zor8u* buffer);
 ZorStatus zorsFIRInit64f_16s(ZorFIRState** state, const Zor64f* taps, Zor32s tapsLen, const Zor16s* dly, Zor8u* buffer);
 ZorStatus zorsFIRInit64f_32f(ZorFIRState** state, const Zor64f* taps, Zor32s tapsLen, const Zor32f* dly, Zor8u* buffer);
 ZorStatus zorsFIRInit64f_32s(ZorFIRState** state, const Zor64f* taps, Zor32s tapsLen, const Zor32s* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit64fc_16sc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor16sc* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit64fc_32fc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor32fc* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit64fc_32sc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor32sc* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit_16s(ZorFIRState** state, const Zor16s* taps, Zor32s tapsLen, Zor32s tapsFactor, const Zor16s* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit32s_16s(ZorFIRState** state, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor, const Zor16s* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit32sc_16sc(ZorFIRState** state, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor, const Zor16sc* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit32s_16s32f(ZorFIRState** state, const Zor32f* taps, Zor32s tapsLen, const Zor16s* dly, Zor8u* buffer);
-ZorStatus zorsFIRInit32sc_16sc32fc(ZorFIRState** state, const Zor32fc* taps, Zor32s tapsLen, const Zor16sc* dly, Zor8u* buffer);
+ZorStatus zorsFIRInit64fc_16sc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor16sc* dly,
+                               Zor8u* buffer);
+ZorStatus zorsFIRInit64fc_32fc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor32fc* dly,
+                               Zor8u* buffer);
+ZorStatus zorsFIRInit64fc_32sc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor32sc* dly,
+                               Zor8u* buffer);
+ZorStatus zorsFIRInit_16s(ZorFIRState** state, const Zor16s* taps, Zor32s tapsLen, Zor32s tapsFactor, const Zor16s* dly,
+                          Zor8u* buffer);
+ZorStatus zorsFIRInit32s_16s(ZorFIRState** state, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                             const Zor16s* dly, Zor8u* buffer);
+ZorStatus zorsFIRInit32sc_16sc(ZorFIRState** state, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                               const Zor16sc* dly, Zor8u* buffer);
+ZorStatus zorsFIRInit32s_16s32f(ZorFIRState** state, const Zor32f* taps, Zor32s tapsLen, const Zor16s* dly,
+                                Zor8u* buffer);
+ZorStatus zorsFIRInit32sc_16sc32fc(ZorFIRState** state, const Zor32fc* taps, Zor32s tapsLen, const Zor16sc* dly,
+                                   Zor8u* buffer);
 ZorStatus zorsFIRInitAlloc_32f(ZorFIRState** state, const Zor32f* taps, Zor32s tapsLen, const Zor32f* dly);
 ZorStatus zorsFIRInitAlloc_32fc(ZorFIRState** state, const Zor32fc* taps, Zor32s tapsLen, const Zor32fc* dly);
 ZorStatus zorsFIRInitAlloc_64f(ZorFIRState** state, const Zor64f* taps, Zor32s tapsLen, const Zor64f* dly);
@@ -887,9 +970,12 @@ ZorStatus zorsFIRInitAlloc64f_32s(ZorFIRState** state, const Zor64f* taps, Zor32
 ZorStatus zorsFIRInitAlloc64fc_16sc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor16sc* dly);
 ZorStatus zorsFIRInitAlloc64fc_32fc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor32fc* dly);
 ZorStatus zorsFIRInitAlloc64fc_32sc(ZorFIRState** state, const Zor64fc* taps, Zor32s tapsLen, const Zor32sc* dly);
-ZorStatus zorsFIRInitAlloc_16s(ZorFIRState** state, const Zor16s* taps, Zor32s tapsLen, Zor32s tapsFactor, const Zor16s* dly);
-ZorStatus zorsFIRInitAlloc32s_16s(ZorFIRState** state, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor, const Zor16s* dly);
-ZorStatus zorsFIRInitAlloc32sc_16sc(ZorFIRState** state, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor, const Zor16sc* dly);
+ZorStatus zorsFIRInitAlloc_16s(ZorFIRState** state, const Zor16s* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                               const Zor16s* dly);
+ZorStatus zorsFIRInitAlloc32s_16s(ZorFIRState** state, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                                  const Zor16s* dly);
+ZorStatus zorsFIRInitAlloc32sc_16sc(ZorFIRState** state, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                                    const Zor16sc* dly);
 ZorStatus zorsFIRInitAlloc32s_16s32f(ZorFIRState** state, const Zor32f* taps, Zor32s tapsLen, const Zor16s* dly);
 ZorStatus zorsFIRInitAlloc32sc_16sc32fc(ZorFIRState** state, const Zor32fc* taps, Zor32s tapsLen, const Zor16sc* dly);
 ZorStatus zorsFIRFree_32f(ZorFIRState* state);
@@ -975,13 +1061,13 @@ ZorStatus zorsFIRSetDlyLine_16s(ZorFIRState* state, const Zor16s* dly);
 ZorStatus zorsFIRSetDlyLine32s_16s(ZorFIRState* state, const Zor16s* dly);
 ZorStatus zorsFIRSetDlyLine32sc_16sc(ZorFIRState* state, const Zor16sc* dly);
 
-/* FIR filtering with a state. A call continues where the last one ended, whatever the lengths of the calls, and never allocates.
-   Long blocks of many taps go through the FFT: from 512 real or 256 complex samples on, where the filter has at least 64 taps
-   (32fc: 16, 64fc: 32); in place and without conversion by chunks of 4,224 samples, of which those with that many left behind
-   them do. Integer arithmetic is always direct. One: a single sample.
-   Numerics: docs/numerics.md has the sums. Scaled results are rounded to nearest even and saturated; integer sums are shifted by
-   tapsFactor - scaleFactor, limited to -31..31, to the right with ties to even, and saturated. Blocks round to nearest whatever
-   the current direction. Checks: pointers, len, the state's tag (single-rate). */
+/* FIR filtering with a state. A call continues where the last one ended, whatever the lengths of the calls, and never
+   allocates. Long blocks of many taps go through the FFT: from 512 real or 256 complex samples on, where the filter has
+   at least 64 taps (32fc: 16, 64fc: 32); in place and without conversion by chunks of 4,224 samples, of which those
+   with that many left behind them do. Integer arithmetic is always direct. One: a single sample. Numerics:
+   docs/numerics.md has the sums. Scaled results are rounded to nearest even and saturated; integer sums are shifted by
+   tapsFactor - scaleFactor, limited to -31..31, to the right with ties to even, and saturated. Blocks round to nearest
+   whatever the current direction. Checks: pointers, len, the state's tag (single-rate). */
 ZorStatus zorsFIR_32f(const Zor32f* src, Zor32f* dst, Zor32s len, ZorFIRState* state);
 ZorStatus zorsFIR_32f_I(Zor32f* srcDst, Zor32s len, ZorFIRState* state);
 ZorStatus zorsFIR_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, ZorFIRState* state);
@@ -1031,78 +1117,134 @@ ZorStatus zorsFIROne_16s_Sfs(Zor16s val, Zor16s* dst, ZorFIRState* state, Zor32s
 ZorStatus zorsFIROne32s_16s_Sfs(Zor16s val, Zor16s* dst, ZorFIRState* state, Zor32s scaleFactor);
 ZorStatus zorsFIROne32sc_16sc_Sfs(Zor16sc val, Zor16sc* dst, ZorFIRState* state, Zor32s scaleFactor);
 
-/* FIR filtering with the caller's delay line dly of 2 * tapsLen samples and *dlyIndex, 0 at first: a doubled ring, each input at
-   dly[*dlyIndex] and dly[*dlyIndex + tapsLen]. One: a single sample.
-   Numerics: products in the taps' type. FIR_Direct_32f sums them in binary64, FIROne_Direct_32f in binary32, the others in the
-   taps' type. Results of float sums for integer samples are multiplied by 2^-scaleFactor, limited, and rounded with ties away
-   from zero. 32s and 32sc taps: 32-bit sums that wrap, shifted by tapsFactor - scaleFactor as above; 16s taps have 15 fractional
-   bits, a tapsFactor of -15.
-   FIR_Direct_32fc, _64f, _64fc run long filters (32, 32, 16 taps), and their _I forms all, through a state made for the call
-   (zorStatusNoMemory); *dlyIndex stays then, and tapsLen samples from it on are the history.
-   FIR_Direct_16s works through a state too: it reads the history from dly[*dlyIndex] on, newest first, leaves it so at dly[0] and
-   sets *dlyIndex to 0; FIROne_Direct_16s works on the ring. The two do not mix.
-   Checks: src, dst, len, taps, tapsLen, dly, dlyIndex; One: dst, taps, tapsLen, dly, dlyIndex; of 16s at last *dlyIndex outside 0 to
-   tapsLen - 1, zorStatusBadDelayIndex. */
-ZorStatus zorsFIR_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR_Direct_32f(const Zor32f* src, Zor32f* dst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR_Direct_32f_I(Zor32f* srcDst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR_Direct_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR_Direct_32fc_I(Zor32fc* srcDst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR_Direct_64f(const Zor64f* src, Zor64f* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR_Direct_64f_I(Zor64f* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR_Direct_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR_Direct_64fc_I(Zor64fc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR32f_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR32f_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR32fc_Direct_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR32fc_Direct_16sc_ISfs(Zor16sc* srcDst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR32s_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR32s_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR32sc_Direct_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR32sc_Direct_16sc_ISfs(Zor16sc* srcDst, Zor32s len, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64f_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64f_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64f_Direct_32f(const Zor32f* src, Zor32f* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR64f_Direct_32f_I(Zor32f* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR64f_Direct_32s_Sfs(const Zor32s* src, Zor32s* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor32s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64f_Direct_32s_ISfs(Zor32s* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor32s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64fc_Direct_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64fc_Direct_16sc_ISfs(Zor16sc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64fc_Direct_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR64fc_Direct_32fc_I(Zor32fc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIR64fc_Direct_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor32sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIR64fc_Direct_32sc_ISfs(Zor32sc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor32sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne_Direct_16s_ISfs(Zor16s* srcDst, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne_Direct_32f(Zor32f val, Zor32f* dst, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
+/* FIR filtering with the caller's delay line dly of 2 * tapsLen samples and *dlyIndex, 0 at first: a doubled ring, each
+   input at dly[*dlyIndex] and dly[*dlyIndex + tapsLen]. One: a single sample. Numerics: products in the taps' type.
+   FIR_Direct_32f sums them in binary64, FIROne_Direct_32f in binary32, the others in the taps' type. Results of float
+   sums for integer samples are multiplied by 2^-scaleFactor, limited, and rounded with ties away from zero. 32s and
+   32sc taps: 32-bit sums that wrap, shifted by tapsFactor - scaleFactor as above; 16s taps have 15 fractional bits, a
+   tapsFactor of -15. FIR_Direct_32fc, _64f, _64fc run long filters (32, 32, 16 taps), and their _I forms all, through a
+   state made for the call (zorStatusNoMemory); *dlyIndex stays then, and tapsLen samples from it on are the history.
+   FIR_Direct_16s works through a state too: it reads the history from dly[*dlyIndex] on, newest first, leaves it so at
+   dly[0] and sets *dlyIndex to 0; FIROne_Direct_16s works on the ring. The two do not mix. Checks: src, dst, len, taps,
+   tapsLen, dly, dlyIndex; One: dst, taps, tapsLen, dly, dlyIndex; of 16s at last *dlyIndex outside 0 to tapsLen - 1,
+   zorStatusBadDelayIndex. */
+ZorStatus zorsFIR_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s tapsLen,
+                                 Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly,
+                                  Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR_Direct_32f(const Zor32f* src, Zor32f* dst, Zor32s len, const Zor32f* taps, Zor32s tapsLen,
+                             Zor32f* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIR_Direct_32f_I(Zor32f* srcDst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly,
+                               Zor32s* dlyIndex);
+ZorStatus zorsFIR_Direct_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen,
+                              Zor32fc* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIR_Direct_32fc_I(Zor32fc* srcDst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly,
+                                Zor32s* dlyIndex);
+ZorStatus zorsFIR_Direct_64f(const Zor64f* src, Zor64f* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen,
+                             Zor64f* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIR_Direct_64f_I(Zor64f* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly,
+                               Zor32s* dlyIndex);
+ZorStatus zorsFIR_Direct_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen,
+                              Zor64fc* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIR_Direct_64fc_I(Zor64fc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly,
+                                Zor32s* dlyIndex);
+ZorStatus zorsFIR32f_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor32f* taps, Zor32s tapsLen,
+                                    Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR32f_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor16s* dly,
+                                     Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR32fc_Direct_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen,
+                                      Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR32fc_Direct_16sc_ISfs(Zor16sc* srcDst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor16sc* dly,
+                                       Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR32s_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor32s* taps, Zor32s tapsLen,
+                                    Zor32s tapsFactor, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR32s_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                                     Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR32sc_Direct_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, const Zor32sc* taps, Zor32s tapsLen,
+                                      Zor32s tapsFactor, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR32sc_Direct_16sc_ISfs(Zor16sc* srcDst, Zor32s len, const Zor32sc* taps, Zor32s tapsLen,
+                                       Zor32s tapsFactor, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64f_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen,
+                                    Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64f_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor16s* dly,
+                                     Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64f_Direct_32f(const Zor32f* src, Zor32f* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen,
+                                Zor32f* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIR64f_Direct_32f_I(Zor32f* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor32f* dly,
+                                  Zor32s* dlyIndex);
+ZorStatus zorsFIR64f_Direct_32s_Sfs(const Zor32s* src, Zor32s* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen,
+                                    Zor32s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64f_Direct_32s_ISfs(Zor32s* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor32s* dly,
+                                     Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64fc_Direct_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen,
+                                      Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64fc_Direct_16sc_ISfs(Zor16sc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor16sc* dly,
+                                       Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64fc_Direct_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen,
+                                  Zor32fc* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIR64fc_Direct_32fc_I(Zor32fc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor32fc* dly,
+                                    Zor32s* dlyIndex);
+ZorStatus zorsFIR64fc_Direct_32sc_Sfs(const Zor32sc* src, Zor32sc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen,
+                                      Zor32sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIR64fc_Direct_32sc_ISfs(Zor32sc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor32sc* dly,
+                                       Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly,
+                                    Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne_Direct_16s_ISfs(Zor16s* srcDst, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex,
+                                     Zor32s scaleFactor);
+ZorStatus zorsFIROne_Direct_32f(Zor32f val, Zor32f* dst, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly,
+                                Zor32s* dlyIndex);
 ZorStatus zorsFIROne_Direct_32f_I(Zor32f* srcDst, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne_Direct_32fc(Zor32fc val, Zor32fc* dst, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne_Direct_32fc_I(Zor32fc* srcDst, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne_Direct_64f(Zor64f val, Zor64f* dst, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIROne_Direct_32fc(Zor32fc val, Zor32fc* dst, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly,
+                                 Zor32s* dlyIndex);
+ZorStatus zorsFIROne_Direct_32fc_I(Zor32fc* srcDst, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly,
+                                   Zor32s* dlyIndex);
+ZorStatus zorsFIROne_Direct_64f(Zor64f val, Zor64f* dst, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly,
+                                Zor32s* dlyIndex);
 ZorStatus zorsFIROne_Direct_64f_I(Zor64f* srcDst, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne_Direct_64fc(Zor64fc val, Zor64fc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne_Direct_64fc_I(Zor64fc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne32f_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor32f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne32f_Direct_16s_ISfs(Zor16s* srcDst, const Zor32f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne32fc_Direct_16sc_Sfs(Zor16sc val, Zor16sc* dst, const Zor32fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne32fc_Direct_16sc_ISfs(Zor16sc* srcDst, const Zor32fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne32s_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne32s_Direct_16s_ISfs(Zor16s* srcDst, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne32sc_Direct_16sc_Sfs(Zor16sc val, Zor16sc* dst, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne32sc_Direct_16sc_ISfs(Zor16sc* srcDst, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64f_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor64f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64f_Direct_16s_ISfs(Zor16s* srcDst, const Zor64f* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64f_Direct_32f(Zor32f val, Zor32f* dst, const Zor64f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
+ZorStatus zorsFIROne_Direct_64fc(Zor64fc val, Zor64fc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly,
+                                 Zor32s* dlyIndex);
+ZorStatus zorsFIROne_Direct_64fc_I(Zor64fc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly,
+                                   Zor32s* dlyIndex);
+ZorStatus zorsFIROne32f_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor32f* taps, Zor32s tapsLen, Zor16s* dly,
+                                       Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne32f_Direct_16s_ISfs(Zor16s* srcDst, const Zor32f* taps, Zor32s tapsLen, Zor16s* dly,
+                                        Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne32fc_Direct_16sc_Sfs(Zor16sc val, Zor16sc* dst, const Zor32fc* taps, Zor32s tapsLen, Zor16sc* dly,
+                                         Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne32fc_Direct_16sc_ISfs(Zor16sc* srcDst, const Zor32fc* taps, Zor32s tapsLen, Zor16sc* dly,
+                                          Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne32s_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                                       Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne32s_Direct_16s_ISfs(Zor16s* srcDst, const Zor32s* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                                        Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne32sc_Direct_16sc_Sfs(Zor16sc val, Zor16sc* dst, const Zor32sc* taps, Zor32s tapsLen,
+                                         Zor32s tapsFactor, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne32sc_Direct_16sc_ISfs(Zor16sc* srcDst, const Zor32sc* taps, Zor32s tapsLen, Zor32s tapsFactor,
+                                          Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64f_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor64f* taps, Zor32s tapsLen, Zor16s* dly,
+                                       Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64f_Direct_16s_ISfs(Zor16s* srcDst, const Zor64f* taps, Zor32s tapsLen, Zor16s* dly,
+                                        Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64f_Direct_32f(Zor32f val, Zor32f* dst, const Zor64f* taps, Zor32s tapsLen, Zor32f* dly,
+                                   Zor32s* dlyIndex);
 ZorStatus zorsFIROne64f_Direct_32f_I(Zor32f* srcDst, const Zor64f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne64f_Direct_32s_Sfs(Zor32s val, Zor32s* dst, const Zor64f* taps, Zor32s tapsLen, Zor32s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64f_Direct_32s_ISfs(Zor32s* srcDst, const Zor64f* taps, Zor32s tapsLen, Zor32s* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64fc_Direct_16sc_Sfs(Zor16sc val, Zor16sc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64fc_Direct_16sc_ISfs(Zor16sc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor16sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64fc_Direct_32fc(Zor32fc val, Zor32fc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne64fc_Direct_32fc_I(Zor32fc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex);
-ZorStatus zorsFIROne64fc_Direct_32sc_Sfs(Zor32sc val, Zor32sc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor32sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
-ZorStatus zorsFIROne64fc_Direct_32sc_ISfs(Zor32sc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor32sc* dly, Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64f_Direct_32s_Sfs(Zor32s val, Zor32s* dst, const Zor64f* taps, Zor32s tapsLen, Zor32s* dly,
+                                       Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64f_Direct_32s_ISfs(Zor32s* srcDst, const Zor64f* taps, Zor32s tapsLen, Zor32s* dly,
+                                        Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64fc_Direct_16sc_Sfs(Zor16sc val, Zor16sc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor16sc* dly,
+                                         Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64fc_Direct_16sc_ISfs(Zor16sc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor16sc* dly,
+                                          Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64fc_Direct_32fc(Zor32fc val, Zor32fc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor32fc* dly,
+                                     Zor32s* dlyIndex);
+ZorStatus zorsFIROne64fc_Direct_32fc_I(Zor32fc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor32fc* dly,
+                                       Zor32s* dlyIndex);
+ZorStatus zorsFIROne64fc_Direct_32sc_Sfs(Zor32sc val, Zor32sc* dst, const Zor64fc* taps, Zor32s tapsLen, Zor32sc* dly,
+                                         Zor32s* dlyIndex, Zor32s scaleFactor);
+ZorStatus zorsFIROne64fc_Direct_32sc_ISfs(Zor32sc* srcDst, const Zor64fc* taps, Zor32s tapsLen, Zor32sc* dly,
+                                          Zor32s* dlyIndex, Zor32s scaleFactor);
 #ifdef __cplusplus
 }
 #endif

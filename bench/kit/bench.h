@@ -13,12 +13,14 @@
 
 namespace bench {
 
-// The bound of a one-pass operation: so many bytes read and written an element, in full vectors, with nothing in between.
+// The bound of a one-pass operation: so many bytes read and written an element, in full vectors, with nothing in
+// between.
 struct Streams {
   int readBytes, writtenBytes;
 };
 inline Streams streams(int readBytes, int writtenBytes) { return {readBytes, writtenBytes}; }
-// The bound of arithmetic: so many fused multiply-adds in 256-bit vectors of 8 (or 4) lanes an element, at the machine's peak.
+// The bound of arithmetic: so many fused multiply-adds in 256-bit vectors of 8 (or 4) lanes an element, at the
+// machine's peak.
 struct Fmas {
   double vectorsPerElement;
 };
@@ -59,8 +61,10 @@ void* arrayBytes(std::size_t bytes);
 template <class T> T* array(long size) {
   T* data = static_cast<T*>(arrayBytes(std::size_t(size) * sizeof(T)));
   for (long i = 0; i < size; ++i) {
-    if constexpr (requires { data[i].re; }) data[i] = {1, 1};
-    else data[i] = T(1);
+    if constexpr (requires { data[i].re; })
+      data[i] = {1, 1};
+    else
+      data[i] = T(1);
   }
   return data;
 }

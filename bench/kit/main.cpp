@@ -23,7 +23,8 @@ std::vector<void (*)()>& registrations() {
   return all;
 }
 
-// Reads R and writes W vectors a step, through buffers of the workload's size, so that they live in the same level of memory.
+// Reads R and writes W vectors a step, through buffers of the workload's size, so that they live in the same level of
+// memory.
 template <int R, int W> [[gnu::noinline]] void runStreams(const char* from, char* to, long steps) {
   __m256i sums[4] = {};
   const auto read = [](const char* p) { return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(p)); };
@@ -72,7 +73,8 @@ class Table : public benchmark::BenchmarkReporter {
     }
   }
   void Finalize() override {
-    std::printf("| name | size | ns | ns/element | zors / best peer | peer | zors / bound |\n|---|---|---|---|---|---|---|\n");
+    std::printf(
+        "| name | size | ns | ns/element | zors / best peer | peer | zors / bound |\n|---|---|---|---|---|---|---|\n");
     for (const std::string& row : rowOrder()) {
       const auto& times = rows_[row];
       const auto cut = row.rfind('/');
@@ -82,8 +84,10 @@ class Table : public benchmark::BenchmarkReporter {
       std::string peer = "-", peerRatio = "-", boundRatio = "-";
       double best = 0;
       for (const auto& [who, time] : times) {
-        if (who == "bound") boundRatio = fixed(zors->second / time);
-        else if (who != "zors" && (best == 0 || time < best)) best = time, peer = who;
+        if (who == "bound")
+          boundRatio = fixed(zors->second / time);
+        else if (who != "zors" && (best == 0 || time < best))
+          best = time, peer = who;
       }
       if (best > 0) peerRatio = fixed(zors->second / best);
       std::printf("| `%s` | %ld | %.1f | %.4f | %s | %s | %s |\n", row.substr(0, cut).c_str(), size, zors->second,
@@ -104,7 +108,8 @@ class Table : public benchmark::BenchmarkReporter {
 
 Registration::Registration(void (*define)()) { registrations().push_back(define); }
 
-Workload::Workload(std::string name, long size) : prefix_(std::move(name) + "/" + std::to_string(size) + "/"), size_(size) {
+Workload::Workload(std::string name, long size)
+    : prefix_(std::move(name) + "/" + std::to_string(size) + "/"), size_(size) {
   rowOrder().push_back(prefix_.substr(0, prefix_.size() - 1));
 }
 
@@ -123,7 +128,8 @@ Workload& Workload::bound(Streams s) {
   auto* to = static_cast<char*>(arrayBytes(std::size_t(size * s.writtenBytes + 512)));
   std::memset(from, 1, std::size_t(size * s.readBytes + 512));
   std::memset(to, 1, std::size_t(size * s.writtenBytes + 512));
-  static constexpr auto runners = streamRunners(std::make_integer_sequence<int, (mostStreams + 1) * (mostStreams + 1)>{});
+  static constexpr auto runners =
+      streamRunners(std::make_integer_sequence<int, (mostStreams + 1) * (mostStreams + 1)>{});
   const int common = std::gcd(s.readBytes, s.writtenBytes), r = s.readBytes / common, w = s.writtenBytes / common;
   if (r > mostStreams || w > mostStreams) std::abort();
   const StreamRunner run = runners[std::size_t(r * (mostStreams + 1) + w)];

@@ -37,7 +37,8 @@ template <class T> [[gnu::noinline]] long maxIndexLoop(const T* a, long len) {
 }
 
 template <class T>
-void rows(const char* type, ZorStatus (*max)(const T*, Zor32s, T*), ZorStatus (*maxIndex)(const T*, Zor32s, T*, Zor32s*), ZorStatus (*minMax)(const T*, Zor32s, T*, T*),
+void rows(const char* type, ZorStatus (*max)(const T*, Zor32s, T*),
+          ZorStatus (*maxIndex)(const T*, Zor32s, T*, Zor32s*), ZorStatus (*minMax)(const T*, Zor32s, T*, T*),
           ZorStatus (*minMaxIndex)(const T*, Zor32s, T*, Zor32s*, T*, Zor32s*)) {
   static T low, high;
   static Zor32s lowAt, highAt;
@@ -47,15 +48,26 @@ void rows(const char* type, ZorStatus (*max)(const T*, Zor32s, T*), ZorStatus (*
     const auto name = [&](const char* operation) { return std::string(operation) + type; };
     constexpr int bytes = sizeof(T);
     auto row = workload(name("zorsMax_"), size);
-    row.zors([=] { max(a, len, &high); }).peer("loop", [=] { benchmark::DoNotOptimize(maxLoop(a, size)); }).bound(streams(bytes, 0));
+    row.zors([=] { max(a, len, &high); })
+        .peer("loop", [=] { benchmark::DoNotOptimize(maxLoop(a, size)); })
+        .bound(streams(bytes, 0));
     auto indexed = workload(name("zorsMaxIndx_"), size);
-    indexed.zors([=] { maxIndex(a, len, &high, &highAt); }).peer("loop", [=] { benchmark::DoNotOptimize(maxIndexLoop(a, size)); }).bound([=] { max(a, len, &high); });
+    indexed.zors([=] { maxIndex(a, len, &high, &highAt); })
+        .peer("loop", [=] { benchmark::DoNotOptimize(maxIndexLoop(a, size)); })
+        .bound([=] { max(a, len, &high); });
 #ifdef HAVE_VOLK
-    if constexpr (std::is_same_v<T, float>) indexed.peer("VOLK", [=] { volk_32f_index_max_32u(reinterpret_cast<uint32_t*>(&highAt), const_cast<float*>(a), uint32_t(len)); });
+    if constexpr (std::is_same_v<T, float>)
+      indexed.peer("VOLK", [=] {
+        volk_32f_index_max_32u(reinterpret_cast<uint32_t*>(&highAt), const_cast<float*>(a), uint32_t(len));
+      });
 #endif
-    workload(name("zorsMinMax_"), size).zors([=] { minMax(a, len, &low, &high); })
-        .peer("minmax_element", [=] { benchmark::DoNotOptimize(std::minmax_element(a, a + size)); }).bound(streams(bytes, 0));
-    workload(name("zorsMinMaxIndx_"), size).zors([=] { minMaxIndex(a, len, &low, &lowAt, &high, &highAt); }).bound([=] { minMax(a, len, &low, &high); });
+    workload(name("zorsMinMax_"), size)
+        .zors([=] { minMax(a, len, &low, &high); })
+        .peer("minmax_element", [=] { benchmark::DoNotOptimize(std::minmax_element(a, a + size)); })
+        .bound(streams(bytes, 0));
+    workload(name("zorsMinMaxIndx_"), size).zors([=] { minMaxIndex(a, len, &low, &lowAt, &high, &highAt); }).bound([=] {
+      minMax(a, len, &low, &high);
+    });
   }
 }
 
@@ -66,13 +78,14 @@ void extremes() {
   rows<Zor64f>("64f", zorsMax_64f, zorsMaxIndx_64f, zorsMinMax_64f, zorsMinMaxIndx_64f);
   for (long size : sizes) {
     const int len = int(size);
-    auto *a = randomArray<Zor16s>(size);
+    auto* a = randomArray<Zor16s>(size);
     static Zor16s val;
     static Zor32s at;
     workload("zorsMaxAbs_16s", size).zors([=] { zorsMaxAbs_16s(a, len, &val); }).bound(streams(2, 0));
     workload("zorsMinAbsIndx_16s", size).zors([=] { zorsMinAbsIndx_16s(a, len, &val, &at); });
     auto *x = bench::array<Zor32f>(size), *y = bench::array<Zor32f>(size), *d = bench::array<Zor32f>(size);
-    workload("zorsMaxEvery_32f", size).zors([=] { zorsMaxEvery_32f(x, y, d, len); })
+    workload("zorsMaxEvery_32f", size)
+        .zors([=] { zorsMaxEvery_32f(x, y, d, len); })
 #ifdef HAVE_VOLK
         .peer("VOLK", [=] { volk_32f_x2_max_32f(d, x, y, unsigned(len)); })
 #endif
@@ -85,21 +98,31 @@ void counters() {
   static Zor32f crossings;
   for (long size : sizes) {
     const int len = int(size);
-    auto *a = randomArray<Zor32s>(size);
-    auto *s = randomArray<Zor16s>(size);
-    auto *f = randomArray<Zor32f>(size);
-    workload("zorsCountInRange_32s", size).zors([=] { zorsCountInRange_32s(a, len, &count, -100, 5000); })
-        .peer("count_if", [=] { benchmark::DoNotOptimize(std::count_if(a, a + size, [](int x) { return x > -100 && x < 5000; })); }).bound(streams(4, 0));
+    auto* a = randomArray<Zor32s>(size);
+    auto* s = randomArray<Zor16s>(size);
+    auto* f = randomArray<Zor32f>(size);
+    workload("zorsCountInRange_32s", size)
+        .zors([=] { zorsCountInRange_32s(a, len, &count, -100, 5000); })
+        .peer("count_if",
+              [=] { benchmark::DoNotOptimize(std::count_if(a, a + size, [](int x) { return x > -100 && x < 5000; })); })
+        .bound(streams(4, 0));
     for (int mode : {0, 1, 2}) {
-      workload("zorsZeroCrossing_16s32f mode " + std::to_string(mode), size).zors([=] { zorsZeroCrossing_16s32f(s, len, &crossings, mode); });
-      workload("zorsZeroCrossing_32f mode " + std::to_string(mode), size).zors([=] { zorsZeroCrossing_32f(f, len, &crossings, mode); });
+      workload("zorsZeroCrossing_16s32f mode " + std::to_string(mode), size).zors([=] {
+        zorsZeroCrossing_16s32f(s, len, &crossings, mode);
+      });
+      workload("zorsZeroCrossing_32f mode " + std::to_string(mode), size).zors([=] {
+        zorsZeroCrossing_32f(f, len, &crossings, mode);
+      });
     }
   }
   auto *table = bench::array<Zor16u>(256), *src = randomArray<Zor16u>(10'000), *dst = bench::array<Zor16u>(10'000);
   auto* index = bench::array<Zor32s>(10'000);
   for (int i = 0; i < 256; ++i) table[i] = Zor16u(i * 100);
-  workload("zorsFindNearest_16u", 10'000).zors([=] { zorsFindNearest_16u(src, dst, index, 10'000, table, 256); })
-      .peer("lower_bound", [=] { for (int i = 0; i < 10'000; ++i) index[i] = int(std::lower_bound(table, table + 256, src[i]) - table); });
+  workload("zorsFindNearest_16u", 10'000)
+      .zors([=] { zorsFindNearest_16u(src, dst, index, 10'000, table, 256); })
+      .peer("lower_bound", [=] {
+        for (int i = 0; i < 10'000; ++i) index[i] = int(std::lower_bound(table, table + 256, src[i]) - table);
+      });
 }
 
 const bench::Registration registrations[] = {bench::Registration(extremes), bench::Registration(counters)};

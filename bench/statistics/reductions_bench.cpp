@@ -74,9 +74,16 @@ void sums() {
         .peer("loop", loop(i, size, 0L, [](long a, int b) { return a + b; }))
         .bound(streams(4, 0));
     workload("zorsMean_32f hint 1", size).zors([=] { zorsMean_32f(f, len, &result<Zor32f>, 1); }).bound(streams(4, 0));
-    for (int hint : {0, 1}) workload("zorsStdDev_32f hint " + std::to_string(hint), size).zors([=] { zorsStdDev_32f(f, len, &result<Zor32f>, hint); }).bound(streams(4, 0));
-    workload("zorsMeanStdDev_64f", size).zors([=] { zorsMeanStdDev_64f(d, len, &result<Zor64f>, &result<Zor64f>); }).bound(streams(8, 0));
-    workload("zorsStdDev_16s32s_Sfs", size).zors([=] { zorsStdDev_16s32s_Sfs(s, len, &result<Zor32s>, 0); }).bound(streams(2, 0));
+    for (int hint : {0, 1})
+      workload("zorsStdDev_32f hint " + std::to_string(hint), size)
+          .zors([=] { zorsStdDev_32f(f, len, &result<Zor32f>, hint); })
+          .bound(streams(4, 0));
+    workload("zorsMeanStdDev_64f", size)
+        .zors([=] { zorsMeanStdDev_64f(d, len, &result<Zor64f>, &result<Zor64f>); })
+        .bound(streams(8, 0));
+    workload("zorsStdDev_16s32s_Sfs", size)
+        .zors([=] { zorsStdDev_16s32s_Sfs(s, len, &result<Zor32s>, 0); })
+        .bound(streams(2, 0));
   }
 }
 
@@ -117,10 +124,18 @@ void norms() {
 #endif
         .bound(streams(4, 0));
     workload("zorsNorm_L2_64f", size).zors([=] { zorsNorm_L2_64f(d, len, &result<Zor64f>); }).bound(streams(8, 0));
-    workload("zorsNorm_L1_32fc64f", size).zors([=] { zorsNorm_L1_32fc64f(c, len, &result<Zor64f>); }).bound(streams(8, 0));
-    workload("zorsNorm_Inf_32fc32f", size).zors([=] { zorsNorm_Inf_32fc32f(c, len, &result<Zor32f>); }).bound(streams(8, 0));
-    workload("zorsNormDiff_L2_32f", size).zors([=] { zorsNormDiff_L2_32f(f, g, len, &result<Zor32f>); }).bound(streams(8, 0));
-    workload("zorsNorm_Inf_16s32s_Sfs", size).zors([=] { zorsNorm_Inf_16s32s_Sfs(s, len, &result<Zor32s>, 0); }).bound(streams(2, 0));
+    workload("zorsNorm_L1_32fc64f", size)
+        .zors([=] { zorsNorm_L1_32fc64f(c, len, &result<Zor64f>); })
+        .bound(streams(8, 0));
+    workload("zorsNorm_Inf_32fc32f", size)
+        .zors([=] { zorsNorm_Inf_32fc32f(c, len, &result<Zor32f>); })
+        .bound(streams(8, 0));
+    workload("zorsNormDiff_L2_32f", size)
+        .zors([=] { zorsNormDiff_L2_32f(f, g, len, &result<Zor32f>); })
+        .bound(streams(8, 0));
+    workload("zorsNorm_Inf_16s32s_Sfs", size)
+        .zors([=] { zorsNorm_Inf_16s32s_Sfs(s, len, &result<Zor32s>, 0); })
+        .bound(streams(2, 0));
     workload("zorsNorm_L1_16s32s_Sfs", size)
         .zors([=] { zorsNorm_L1_16s32s_Sfs(s, len, &result<Zor32s>, 0); })
         .peer("loop", loop(s, size, 0L, [](long a, short b) { return a + std::abs(int{b}); }))
@@ -129,8 +144,12 @@ void norms() {
         .zors([=] { zorsNorm_L2_16s32f(s, len, &result<Zor32f>); })
         .peer("loop", loop(s, size, 0L, [](long a, short b) { return a + b * b; }))
         .bound(streams(2, 0));
-    workload("zorsNormDiff_L1_16s64s_Sfs", size).zors([=] { zorsNormDiff_L1_16s64s_Sfs(s, t, len, &result<Zor64s>, 0); }).bound(streams(4, 0));
-    workload("zorsNormDiff_L2Sqr_16s64s_Sfs", size).zors([=] { zorsNormDiff_L2Sqr_16s64s_Sfs(s, t, len, &result<Zor64s>, 0); }).bound(streams(4, 0));
+    workload("zorsNormDiff_L1_16s64s_Sfs", size)
+        .zors([=] { zorsNormDiff_L1_16s64s_Sfs(s, t, len, &result<Zor64s>, 0); })
+        .bound(streams(4, 0));
+    workload("zorsNormDiff_L2Sqr_16s64s_Sfs", size)
+        .zors([=] { zorsNormDiff_L2Sqr_16s64s_Sfs(s, t, len, &result<Zor64s>, 0); })
+        .bound(streams(4, 0));
   }
 }
 
@@ -160,15 +179,26 @@ void dotProducts() {
 #ifdef HAVE_OPENBLAS
         .peer("OpenBLAS", [=] { result<Zor64f> = cblas_ddot(len, d, 1, e, 1); })
 #endif
-        .bound([=] { result<Zor64f> = fold(d, 0, 0.0, [](double a, double) { return a; }), zorsMax_64f(d, len, &result<Zor64f>), zorsMax_64f(e, len, &result<Zor64f>); });
-    workload("zorsDotProd_32f64f", size).zors([=] { zorsDotProd_32f64f(f, g, len, &result<Zor64f>); }).bound(streams(8, 0));
+        .bound([=] {
+          result<Zor64f> = fold(d, 0, 0.0, [](double a, double) { return a; }), zorsMax_64f(d, len, &result<Zor64f>),
+          zorsMax_64f(e, len, &result<Zor64f>);
+        });
+    workload("zorsDotProd_32f64f", size)
+        .zors([=] { zorsDotProd_32f64f(f, g, len, &result<Zor64f>); })
+        .bound(streams(8, 0));
     workload("zorsDotProd_32fc", size)
         .zors([=] { zorsDotProd_32fc(c, k, len, &result<Zor32fc>); })
 #ifdef HAVE_VOLK
-        .peer("VOLK", [=] { volk_32fc_x2_dot_prod_32fc(reinterpret_cast<lv_32fc_t*>(&result<Zor32fc>), reinterpret_cast<const lv_32fc_t*>(c), reinterpret_cast<const lv_32fc_t*>(k), unsigned(len)); })
+        .peer("VOLK",
+              [=] {
+                volk_32fc_x2_dot_prod_32fc(reinterpret_cast<lv_32fc_t*>(&result<Zor32fc>),
+                                           reinterpret_cast<const lv_32fc_t*>(c), reinterpret_cast<const lv_32fc_t*>(k),
+                                           unsigned(len));
+              })
 #endif
 #ifdef HAVE_OPENBLAS
-        .peer("OpenBLAS", [=] { cblas_cdotu_sub(len, c, 1, k, 1, reinterpret_cast<openblas_complex_float*>(&result<Zor32fc>)); })
+        .peer("OpenBLAS",
+              [=] { cblas_cdotu_sub(len, c, 1, k, 1, reinterpret_cast<openblas_complex_float*>(&result<Zor32fc>)); })
 #endif
         ;
     workload("zorsDotProd_32fc64fc", size).zors([=] { zorsDotProd_32fc64fc(c, k, len, &result<Zor64fc>); });
@@ -176,9 +206,15 @@ void dotProducts() {
     workload("zorsDotProd_16s64s", size)
         .zors([=] { zorsDotProd_16s64s(s, t, len, &result<Zor64s>); })
         .bound(streams(4, 0));
-    workload("zorsDotProd_16sc_Sfs", size).zors([=] { zorsDotProd_16sc_Sfs(z, y, len, &result<Zor16sc>, 3); }).bound(streams(8, 0));
-    workload("zorsDotProd_16s16sc_Sfs", size).zors([=] { zorsDotProd_16s16sc_Sfs(s, y, len, &result<Zor16sc>, 3); }).bound(streams(6, 0));
-    workload("zorsDotProd_32s_Sfs", size).zors([=] { zorsDotProd_32s_Sfs(i, j, len, &result<Zor32s>, 3); }).bound(streams(8, 0));
+    workload("zorsDotProd_16sc_Sfs", size)
+        .zors([=] { zorsDotProd_16sc_Sfs(z, y, len, &result<Zor16sc>, 3); })
+        .bound(streams(8, 0));
+    workload("zorsDotProd_16s16sc_Sfs", size)
+        .zors([=] { zorsDotProd_16s16sc_Sfs(s, y, len, &result<Zor16sc>, 3); })
+        .bound(streams(6, 0));
+    workload("zorsDotProd_32s_Sfs", size)
+        .zors([=] { zorsDotProd_32s_Sfs(i, j, len, &result<Zor32s>, 3); })
+        .bound(streams(8, 0));
   }
 }
 
@@ -198,6 +234,7 @@ void windows() {
   }
 }
 
-const bench::Registration registrations[] = {bench::Registration(sums), bench::Registration(norms), bench::Registration(dotProducts), bench::Registration(windows)};
+const bench::Registration registrations[] = {bench::Registration(sums), bench::Registration(norms),
+                                             bench::Registration(dotProducts), bench::Registration(windows)};
 
 }  // namespace

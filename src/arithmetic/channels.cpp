@@ -18,7 +18,9 @@ constexpr Zor32s blockLen = 512;  // samples of a channel between conversion and
 // No channel of the list may be null.
 Checks channelsGiven(Checks checks, const auto* const* channels, Zor32s nChannels) {
   if (checks.then([] {}) != zorStatusOk) return checks;
-  return checks.require(std::all_of(channels, channels + nChannels, [](const auto* channel) { return channel != nullptr; }), zorStatusNullPointer);
+  return checks.require(
+      std::all_of(channels, channels + nChannels, [](const auto* channel) { return channel != nullptr; }),
+      zorStatusNullPointer);
 }
 
 // A sample of `size` bytes is the low bytes of a word.
@@ -29,39 +31,45 @@ template <int size, class Word> void interleave(const Word* words, Zor8u* dst, s
 // convert(channel + i, words, count) makes the words of a block.
 template <int size, class Word, class Convert>
 ZorStatus join(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, void* dst, Convert convert) {
-  return channelsGiven(check().pointers(dst).require(nChannels >= 1 && chanLen >= 1, zorStatusBadSize).pointers(src), src, nChannels).then([&] {
-    const RoundingScope scope(RoundingScope::nearest);
-    const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
-    Word words[blockLen];
-    for (Zor32s i = 0; i < chanLen; i += blockLen)
-      for (Zor32s c = 0; c < nChannels; ++c) {
-        const Zor32s count = std::min(blockLen, chanLen - i);
-        convert(src[c] + i, words, count);
-        interleave<size>(words, static_cast<Zor8u*>(dst) + i * stride + c * size, stride, count);
-      }
-  });
+  return channelsGiven(check().pointers(dst).require(nChannels >= 1 && chanLen >= 1, zorStatusBadSize).pointers(src),
+                       src, nChannels)
+      .then([&] {
+        const RoundingScope scope(RoundingScope::nearest);
+        const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
+        Word words[blockLen];
+        for (Zor32s i = 0; i < chanLen; i += blockLen)
+          for (Zor32s c = 0; c < nChannels; ++c) {
+            const Zor32s count = std::min(blockLen, chanLen - i);
+            convert(src[c] + i, words, count);
+            interleave<size>(words, static_cast<Zor8u*>(dst) + i * stride + c * size, stride, count);
+          }
+      });
 }
 
 // load(sample) gives its integer.
 template <int size, class Load, class Convert>
 ZorStatus split(const void* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen, Load load, Convert convert) {
-  return channelsGiven(check().pointers(src).require(nChannels >= 1 && chanLen >= 1, zorStatusBadSize).pointers(dst), dst, nChannels).then([&] {
-    const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
-    Zor32s words[blockLen];
-    for (Zor32s i = 0; i < chanLen; i += blockLen)
-      for (Zor32s c = 0; c < nChannels; ++c) {
-        const Zor32s count = std::min(blockLen, chanLen - i);
-        const Zor8u* sample = static_cast<const Zor8u*>(src) + i * stride + c * size;
-        for (Zor32s k = 0; k < count; ++k, sample += stride) words[k] = load(sample);
-        convert(words, dst[c] + i, count);
-      }
-  });
+  return channelsGiven(check().pointers(src).require(nChannels >= 1 && chanLen >= 1, zorStatusBadSize).pointers(dst),
+                       dst, nChannels)
+      .then([&] {
+        const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
+        Zor32s words[blockLen];
+        for (Zor32s i = 0; i < chanLen; i += blockLen)
+          for (Zor32s c = 0; c < nChannels; ++c) {
+            const Zor32s count = std::min(blockLen, chanLen - i);
+            const Zor8u* sample = static_cast<const Zor8u*>(src) + i * stride + c * size;
+            for (Zor32s k = 0; k < count; ++k, sample += stride) words[k] = load(sample);
+            convert(words, dst[c] + i, count);
+          }
+      });
 }
 
 // x * scale - 0.5 for x limited to [-1, 1]; NaN becomes -1.
 template <class F> struct ToSteps {
   F scale;
-  template <class V> ZORS_INLINE auto operator()(V x) const { return toIntegerCurrent(sub(mul(x, same(x, scale)), same(x, F(0.5)))); }
+  template <class V> ZORS_INLINE auto operator()(V x) const {
+    return toIntegerCurrent(sub(mul(x, same(x, scale)), same(x, F(0.5))));
+  }
 };
 template <class V> ZORS_INLINE V limitToOne(V x) { return limitNanToLow(x, -1, 1); }
 
@@ -69,13 +77,16 @@ template <class V> ZORS_INLINE V limitToOne(V x) { return limitNanToLow(x, -1, 1
 
 ZorStatus zorsJoinScaled_32f16s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor16s* dst) {
   return join<2, Zor16s>(src, nChannels, chanLen, dst, [](const Zor32f* x, Zor16s* words, Zor32s count) {
-    map<block<Zor16s>>([](auto v) ZORS_INLINE_LAMBDA { return saturate<Zor16s>(ToSteps<Zor32f>{32767.5f}(limitToOne(v))); }, count, words, x);
+    map<block<Zor16s>>([](auto v)
+                           ZORS_INLINE_LAMBDA { return saturate<Zor16s>(ToSteps<Zor32f>{32767.5f}(limitToOne(v))); },
+                       count, words, x);
   });
 }
 
 ZorStatus zorsJoinScaled_32f24s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor8u* dst) {
   return join<3, Zor32s>(src, nChannels, chanLen, dst, [](const Zor32f* x, Zor32s* words, Zor32s count) {
-    map<block<Zor32s>>([](auto v) ZORS_INLINE_LAMBDA { return ToSteps<Zor64f>{8388607.5}(toDouble(limitToOne(v))); }, count, words, x);
+    map<block<Zor32s>>([](auto v) ZORS_INLINE_LAMBDA { return ToSteps<Zor64f>{8388607.5}(toDouble(limitToOne(v))); },
+                       count, words, x);
   });
 }
 
@@ -86,20 +97,26 @@ ZorStatus zorsSplitScaled_16s32f_D2L(const Zor16s* src, Zor32f* const* dst, Zor3
     return Zor32s{x};
   };
   return split<2>(src, dst, nChannels, chanLen, load, [](const Zor32s* words, Zor32f* y, Zor32s count) {
-    map<block<Zor32f>>([](auto x) ZORS_INLINE_LAMBDA {
-      const auto f = toFloat(x);
-      return add(mul(f, same(f, step16)), same(f, step16 / 2));
-    }, count, y, words);
+    map<block<Zor32f>>(
+        [](auto x) ZORS_INLINE_LAMBDA {
+          const auto f = toFloat(x);
+          return add(mul(f, same(f, step16)), same(f, step16 / 2));
+        },
+        count, y, words);
   });
 }
 
 ZorStatus zorsSplitScaled_24s32f_D2L(const Zor8u* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen) {
-  const auto load = [](const Zor8u* sample) { return static_cast<Zor32s>(Zor32u{sample[0]} << 8 | Zor32u{sample[1]} << 16 | Zor32u{sample[2]} << 24) >> 8; };
+  const auto load = [](const Zor8u* sample) {
+    return static_cast<Zor32s>(Zor32u{sample[0]} << 8 | Zor32u{sample[1]} << 16 | Zor32u{sample[2]} << 24) >> 8;
+  };
   return split<3>(src, dst, nChannels, chanLen, load, [](const Zor32s* words, Zor32f* y, Zor32s count) {
-    map<block<Zor32f>>([](auto x) ZORS_INLINE_LAMBDA {
-      const auto f = toDouble(x);
-      return toFloat(add(mul(f, same(f, step24)), same(f, step24 / 2)));
-    }, count, y, words);
+    map<block<Zor32f>>(
+        [](auto x) ZORS_INLINE_LAMBDA {
+          const auto f = toDouble(x);
+          return toFloat(add(mul(f, same(f, step24)), same(f, step24 / 2)));
+        },
+        count, y, words);
   });
 }
 

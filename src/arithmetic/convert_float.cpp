@@ -22,47 +22,66 @@ template <class D> struct Narrow;
 
 template <> struct Narrow<Zor8s> {  // NaN converts to 0x80000000 and packs low
   static Zor32f factor(Zor32s scaleFactor) { return powerOfTwo<Zor32f>(scaleFactor); }
-  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return saturate<Zor8s>(toInteger<r>(limitAboveKeepNan(x, 127.0f))); }
+  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
+    return saturate<Zor8s>(toInteger<r>(limitAboveKeepNan(x, 127.0f)));
+  }
 };
 template <> struct Narrow<Zor8u> {
   static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
-  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return saturate<Zor8u>(toInteger<r>(limitAboveKeepNan(x, 255.0f))); }
+  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
+    return saturate<Zor8u>(toInteger<r>(limitAboveKeepNan(x, 255.0f)));
+  }
 };
 template <> struct Narrow<Zor16s> {
   static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
-  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return saturate<Zor16s>(toInteger<r>(limitAboveKeepNan(x, 32767.0f))); }
+  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
+    return saturate<Zor16s>(toInteger<r>(limitAboveKeepNan(x, 32767.0f)));
+  }
 };
 template <> struct Narrow<Zor16u> {  // NaN goes to the lower bound
   static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
-  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return saturate<Zor16u>(toInteger<r>(limitNanToLow(x, 0.0f, 65535.0f))); }
+  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
+    return saturate<Zor16u>(toInteger<r>(limitNanToLow(x, 0.0f, 65535.0f)));
+  }
 };
 template <> struct Narrow<Zor32s> {
   static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
-  // No limit before: 0x80000000 is turned to 0x7FFFFFFF where the bits, read as an integer, are those of 2^31 or more, of
-  // positive infinity or a positive NaN.
+  // No limit before: 0x80000000 is turned to 0x7FFFFFFF where the bits, read as an integer, are those of 2^31 or more,
+  // of positive infinity or a positive NaN.
   template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
     const auto positiveOverflow = above(as<Zor32s>(x), same(as<Zor32s>(x), 0x4EFFFFFF));
     return differing(toInteger<r>(x), positiveOverflow);
   }
 };
 struct NarrowDouble {
-  static Zor64f factor(Zor32s scaleFactor) { return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - std::clamp(scaleFactor, -1008, 1022)) << 52); }
+  static Zor64f factor(Zor32s scaleFactor) {
+    return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - std::clamp(scaleFactor, -1008, 1022)) << 52);
+  }
 };
 struct Double16s : NarrowDouble {
-  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return saturate<Zor16s>(toInteger<r>(limitNanToLow(x, -32768.0, 32767.0))); }
+  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
+    return saturate<Zor16s>(toInteger<r>(limitNanToLow(x, -32768.0, 32767.0)));
+  }
 };
 struct Double32s : NarrowDouble {
-  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return toInteger<r>(limitNanToLow(x, -2147483648.0, 2147483647.0)); }
+  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
+    return toInteger<r>(limitNanToLow(x, -2147483648.0, 2147483647.0));
+  }
 };
 
-template <class Narrowing, class D, class S> ZorStatus convert(const S* src, D* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor) {
+template <class Narrowing, class D, class S>
+ZorStatus convert(const S* src, D* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     withRounding(rnd, [&]<Rounding rounding>() {
       if (scaleFactor == 0) {
-        map<block<D, S>>([](auto x) ZORS_INLINE_LAMBDA { return Narrowing::template convert<rounding>(x); }, len, dst, src);
+        map<block<D, S>>([](auto x) ZORS_INLINE_LAMBDA { return Narrowing::template convert<rounding>(x); }, len, dst,
+                         src);
       } else {
         const S factor = Narrowing::factor(scaleFactor);
-        map<block<D, S>>([factor](auto x) ZORS_INLINE_LAMBDA { return Narrowing::template convert<rounding>(mul(x, same(x, factor))); }, len, dst, src);
+        map<block<D, S>>(
+            [factor](auto x)
+                ZORS_INLINE_LAMBDA { return Narrowing::template convert<rounding>(mul(x, same(x, factor))); },
+            len, dst, src);
       }
     });
   });

@@ -29,8 +29,10 @@ struct ByInstruction {
   template <Rounding rounding> ZORS_INLINE static Halves toHalf(Floats x) {
     __m128i half[2];
     for (int i = 0; i < 2; ++i) {
-      if constexpr (rounding == Rounding::nearestEven) __asm__("vcvtps2ph $0, %1, %0" : "=x"(half[i]) : "x"(x.r[i]));
-      else __asm__("vcvtps2ph $3, %1, %0" : "=x"(half[i]) : "x"(x.r[i]));
+      if constexpr (rounding == Rounding::nearestEven)
+        __asm__("vcvtps2ph $0, %1, %0" : "=x"(half[i]) : "x"(x.r[i]));
+      else
+        __asm__("vcvtps2ph $3, %1, %0" : "=x"(half[i]) : "x"(x.r[i]));
     }
     return {{_mm256_set_m128i(half[1], half[0])}};
   }
@@ -70,7 +72,8 @@ struct ByIntegers {
       small = shiftRightEach(add(significand, add(belowHalf, both(small, one))), shift);
     }
     half = select(above(same(bits, 0x38800000), a), half, small);
-    const Bits special = same(bits, 0x7C00), quiet = either(same(bits, 0x7E00), both(shiftRight(a, 13), same(bits, 0x3FF)));
+    const Bits special = same(bits, 0x7C00),
+               quiet = either(same(bits, 0x7E00), both(shiftRight(a, 13), same(bits, 0x3FF)));
     half = select(above(a, same(bits, 0x7F7FFFFF)), half, special);
     half = select(above(a, same(bits, 0x7F800000)), half, quiet);
     return saturate<Zor16u>(either(half, both(shiftRight(bits, 16), same(bits, 0x8000))));
@@ -86,21 +89,29 @@ struct ByIntegers {
 };
 
 template <class Run> void withConversion(Run&& run) {
-  if (ownGetFeature(ZOR_CPU_F16C) != 0) run(ByInstruction{});
-  else run(ByIntegers{});
+  if (ownGetFeature(ZOR_CPU_F16C) != 0)
+    run(ByInstruction{});
+  else
+    run(ByIntegers{});
 }
 
 template <class S> ZorStatus toHalf(const S* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd) {
   return check().pointers(src, dst).size(len).require(rnd != zorRoundHalfAway, zorStatusBadRoundMode).then([&] {
     withConversion([&]<class Conversion>(Conversion) {
       const auto run = [&]<Rounding rounding>() {
-        map<lanes>([](auto x) ZORS_INLINE_LAMBDA {
-          if constexpr (std::is_same_v<S, Zor16s>) return Conversion::template toHalf<rounding>(simd::toFloat(x));
-          else return Conversion::template toHalf<rounding>(x);
-        }, len, dst, src);
+        map<lanes>(
+            [](auto x) ZORS_INLINE_LAMBDA {
+              if constexpr (std::is_same_v<S, Zor16s>)
+                return Conversion::template toHalf<rounding>(simd::toFloat(x));
+              else
+                return Conversion::template toHalf<rounding>(x);
+            },
+            len, dst, src);
       };
-      if (rnd == zorRoundNearestEven) run.template operator()<Rounding::nearestEven>();
-      else run.template operator()<Rounding::towardZero>();
+      if (rnd == zorRoundNearestEven)
+        run.template operator()<Rounding::nearestEven>();
+      else
+        run.template operator()<Rounding::towardZero>();
     });
   });
 }
@@ -115,20 +126,27 @@ ZorStatus zorsConvert_16f32f(const Zor16f* src, Zor32f* dst, Zor32s len) {
   });
 }
 
-ZorStatus zorsConvert_32f16f(const Zor32f* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd) { return toHalf(src, dst, len, rnd); }
-ZorStatus zorsConvert_16s16f(const Zor16s* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd) { return toHalf(src, dst, len, rnd); }
+ZorStatus zorsConvert_32f16f(const Zor32f* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd) {
+  return toHalf(src, dst, len, rnd);
+}
+ZorStatus zorsConvert_16s16f(const Zor16s* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd) {
+  return toHalf(src, dst, len, rnd);
+}
 
-// NaN gives 0, an infinity the bound of its sign. Beyond the clamp every value but 0 saturates, or every value rounds to 0.
+// NaN gives 0, an infinity the bound of its sign. Beyond the clamp every value but 0 saturates, or every value rounds
+// to 0.
 ZorStatus zorsConvert_16f16s_Sfs(const Zor16f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).require(rnd != zorRoundHalfAway, zorStatusBadRoundMode).then([&] {
     const auto factor = std::bit_cast<Zor32f>(static_cast<Zor32u>(127 - std::clamp(scaleFactor, -60, 60)) << 23);
     withConversion([&]<class Conversion>(Conversion) {
       const auto run = [&]<Rounding rounding>() {
-        map<lanes>([factor](auto x) ZORS_INLINE_LAMBDA {
-          Floats y = Conversion::toFloat(x);
-          y = both(y, ordered(y));
-          return saturate<Zor16s>(toInteger<rounding>(limitAboveKeepNan(mul(y, same(y, factor)), 32767.0f)));
-        }, len, dst, src);
+        map<lanes>(
+            [factor](auto x) ZORS_INLINE_LAMBDA {
+              Floats y = Conversion::toFloat(x);
+              y = both(y, ordered(y));
+              return saturate<Zor16s>(toInteger<rounding>(limitAboveKeepNan(mul(y, same(y, factor)), 32767.0f)));
+            },
+            len, dst, src);
       };
       if (rnd == zorRoundNearestEven) {
         const RoundingScope scope(RoundingScope::nearest);

@@ -16,8 +16,10 @@ struct RoundMagnitude {
     using U = typename V::Element;
     const V odd = both(shiftRight(m, shift), same(m, U{1}));
     V bias = same(m, U{0});
-    if (rnd == zorRoundNearestEven) bias = add(same(m, U((U{1} << (shift - 1)) - 1)), odd);
-    else if (rnd != zorRoundTowardZero) bias = same(m, U(U{1} << (shift - 1)));
+    if (rnd == zorRoundNearestEven)
+      bias = add(same(m, U((U{1} << (shift - 1)) - 1)), odd);
+    else if (rnd != zorRoundTowardZero)
+      bias = same(m, U(U{1} << (shift - 1)));
     return shiftRight(add(m, bias), shift);
   }
 };
@@ -75,10 +77,12 @@ ZorStatus zorsConvert_64s32s_Sfs(const Zor64s* src, Zor32s* dst, Zor32s len, Zor
   return check().pointers(src, dst).size(len).then([&] {
     if (scaleFactor > 0) {
       const RoundMagnitude round{rnd, std::min(scaleFactor, 63)};
-      map<block<Zor32s>>([round](auto x) ZORS_INLINE_LAMBDA { return limit32(onMagnitude<Zor64u>(x, round)); }, len, dst, src);
+      map<block<Zor32s>>([round](auto x) ZORS_INLINE_LAMBDA { return limit32(onMagnitude<Zor64u>(x, round)); }, len,
+                         dst, src);
     } else {  // limited to 32 bits first, so that a shift by up to 30 stays in 64
       const int up = -std::max(scaleFactor, -30);
-      map<block<Zor32s>>([up](auto x) ZORS_INLINE_LAMBDA { return limit32(shiftLeft(extend<Zor64s>(limit32(x)), up)); }, len, dst, src);
+      map<block<Zor32s>>([up](auto x) ZORS_INLINE_LAMBDA { return limit32(shiftLeft(extend<Zor64s>(limit32(x)), up)); },
+                         len, dst, src);
     }
   });
 }

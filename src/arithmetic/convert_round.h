@@ -10,14 +10,17 @@ namespace zors {
 
 enum class Rounding { nearestEven, towardZero, halfAway };
 
-// x to 32-bit integers. Half-away adds one half with the sign of x; its scope rounds toward zero, so that 0.49999997 plus
-// 0.5 stays below 1. NaN and values out of range give 0x80000000.
+// x to 32-bit integers. Half-away adds one half with the sign of x; its scope rounds toward zero, so that 0.49999997
+// plus 0.5 stays below 1. NaN and values out of range give 0x80000000.
 template <Rounding rounding, class V> ZORS_INLINE auto toInteger(V x) {
   using namespace simd;
   using F = typename V::Element;
-  if constexpr (rounding == Rounding::nearestEven) return toIntegerCurrent(x);
-  else if constexpr (rounding == Rounding::towardZero) return toIntegerTowardZero(x);
-  else return toIntegerTowardZero(add(x, either(both(x, same(x, F(-0.0))), same(x, F(0.5)))));
+  if constexpr (rounding == Rounding::nearestEven)
+    return toIntegerCurrent(x);
+  else if constexpr (rounding == Rounding::towardZero)
+    return toIntegerTowardZero(x);
+  else
+    return toIntegerTowardZero(add(x, either(both(x, same(x, F(-0.0))), same(x, F(0.5)))));
 }
 
 // run.operator()<rounding>() under the control word that it needs; the invalid-operation exception is masked.
@@ -35,7 +38,9 @@ template <class Run> void withRounding(ZorRoundMode rnd, Run&& run) {
 }
 
 // Limits for the saturating pack that follows. A maximum or minimum gives its second operand where one is NaN.
-template <class V> ZORS_INLINE V limitAboveKeepNan(V x, typename V::Element limit) { return simd::min(simd::same(x, limit), x); }
+template <class V> ZORS_INLINE V limitAboveKeepNan(V x, typename V::Element limit) {
+  return simd::min(simd::same(x, limit), x);
+}
 template <class V> ZORS_INLINE V limitNanToLow(V x, typename V::Element low, typename V::Element high) {
   return simd::min(simd::max(x, simd::same(x, low)), simd::same(x, high));
 }

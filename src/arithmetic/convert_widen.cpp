@@ -29,17 +29,25 @@ template <class Op, class D, class S> ZorStatus convert(const S* src, D* dst, Zo
 // 2^-scaleFactor; low and high are the bounds that keep the exponent a normal one.
 template <class F> F factor(Zor32s scaleFactor, Zor32s low, Zor32s high) {
   const Zor32s s = std::clamp(scaleFactor, low, high);
-  if constexpr (sizeof(F) == 4) return std::bit_cast<Zor32f>(static_cast<Zor32u>(127 - s) << 23);
-  else return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - s) << 52);
+  if constexpr (sizeof(F) == 4)
+    return std::bit_cast<Zor32f>(static_cast<Zor32u>(127 - s) << 23);
+  else
+    return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - s) << 52);
 }
 
-template <class Op, class D, class S> ZorStatus convertScaled(const S* src, D* dst, Zor32s len, Zor32s scaleFactor, Zor32s low, Zor32s high) {
+template <class Op, class D, class S>
+ZorStatus convertScaled(const S* src, D* dst, Zor32s len, Zor32s scaleFactor, Zor32s low, Zor32s high) {
   return check().pointers(src, dst).size(len).then([&] {
     if (scaleFactor == 0) {
       map<block<D, S>>(Op{}, len, dst, src);
     } else {
       const D f = factor<D>(scaleFactor, low, high);
-      map<block<D, S>>([f](auto x) ZORS_INLINE_LAMBDA { const auto y = Op{}(x); return mul(y, same(y, f)); }, len, dst, src);
+      map<block<D, S>>(
+          [f](auto x) ZORS_INLINE_LAMBDA {
+            const auto y = Op{}(x);
+            return mul(y, same(y, f));
+          },
+          len, dst, src);
     }
   });
 }
@@ -66,7 +74,9 @@ ZorStatus zorsConvert_32s64f_Sfs(const Zor32s* src, Zor64f* dst, Zor32s len, Zor
 // clang-format on
 
 ZorStatus zorsConvert_64s64f(const Zor64s* src, Zor64f* dst, Zor32u len) {
-  return check().pointers(src, dst).require(len != 0, zorStatusBadSize).then([&] { map<block<Zor64f>>(ToDouble{}, len, dst, src); });
+  return check().pointers(src, dst).require(len != 0, zorStatusBadSize).then([&] {
+    map<block<Zor64f>>(ToDouble{}, len, dst, src);
+  });
 }
 
 }  // namespace zors

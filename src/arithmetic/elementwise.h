@@ -14,9 +14,8 @@ template <class Op, class D, class S1, class S2> ZorStatus binary(const S1* src1
 
 // dst[i] = Op()(src[i], val).
 template <class Op, class T> ZorStatus withConstant(const T* src, T val, T* dst, Zor32s len) {
-  return check().pointers(src, dst).size(len).then([&] {
-    map<block<T>>([=](auto x) ZORS_INLINE_LAMBDA { return Op{}(x, simd::same(x, val)); }, len, dst, src);
-  });
+  return check().pointers(src, dst).size(len).then(
+      [&] { map<block<T>>([=](auto x) ZORS_INLINE_LAMBDA { return Op{}(x, simd::same(x, val)); }, len, dst, src); });
 }
 
 }  // namespace zors

@@ -16,10 +16,12 @@ template <class F> bool tooSmall(F vDiv) { return std::fabs(vDiv) < std::numeric
 template <class T, class F> ZorStatus normalize(const T* src, T* dst, Zor32s len, T vSub, F vDiv) {
   return check().pointers(src, dst).size(len).require(!tooSmall(vDiv), zorStatusDivideByZero).then([&] {
     const F reciprocal = 1 / vDiv;
-    map<block<T>>([=](auto x) ZORS_INLINE_LAMBDA {
-      const auto y = as<F>(sub(x, same(x, vSub)));
-      return as<T>(mul(y, same(y, reciprocal)));
-    }, len, dst, src);
+    map<block<T>>(
+        [=](auto x) ZORS_INLINE_LAMBDA {
+          const auto y = as<F>(sub(x, same(x, vSub)));
+          return as<T>(mul(y, same(y, reciprocal)));
+        },
+        len, dst, src);
   });
 }
 
@@ -30,15 +32,19 @@ Zor32f factorModulo128(Zor32s scaleFactor) {
   return std::bit_cast<Zor32f>(scaleFactor >= 0 ? one - (exponent << 23) : one + ((-exponent & 127) << 23));
 }
 
-template <class T> ZorStatus normalizeIntegers(const T* src, T* dst, Zor32s len, T vSub, Zor32s vDiv, Zor32s scaleFactor) {
+template <class T>
+ZorStatus normalizeIntegers(const T* src, T* dst, Zor32s len, T vSub, Zor32s vDiv, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).require(vDiv != 0, zorStatusDivideByZero).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
-    const Zor32f reciprocal = 1 / static_cast<Zor32f>(inScope(static_cast<Zor64f>(vDiv))), factor = factorModulo128(scaleFactor);
-    map<block<T>>([=](auto x) ZORS_INLINE_LAMBDA {
-      const auto y = toFloat(sub(extend<Zor32s>(as<Zor16s>(x)), extend<Zor32s>(as<Zor16s>(same(x, vSub)))));
-      const auto product = mul(mul(y, same(y, reciprocal)), same(y, factor));
-      return as<T>(saturate<Zor16s>(toIntegerCurrent(limitAboveKeepNan(product, 2147483520.0f))));
-    }, len, dst, src);
+    const Zor32f reciprocal = 1 / static_cast<Zor32f>(inScope(static_cast<Zor64f>(vDiv))),
+                 factor = factorModulo128(scaleFactor);
+    map<block<T>>(
+        [=](auto x) ZORS_INLINE_LAMBDA {
+          const auto y = toFloat(sub(extend<Zor32s>(as<Zor16s>(x)), extend<Zor32s>(as<Zor16s>(same(x, vSub)))));
+          const auto product = mul(mul(y, same(y, reciprocal)), same(y, factor));
+          return as<T>(saturate<Zor16s>(toIntegerCurrent(limitAboveKeepNan(product, 2147483520.0f))));
+        },
+        len, dst, src);
   });
 }
 

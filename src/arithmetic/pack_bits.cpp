@@ -7,8 +7,8 @@
 namespace zors {
 namespace {
 
-// Fields gather in a word from its top down; whole 32-bit units leave it in byte order. Bits of the first byte ahead of the
-// first field, and of the last one behind the last field, are those of the destination.
+// Fields gather in a word from its top down; whole 32-bit units leave it in byte order. Bits of the first byte ahead of
+// the first field, and of the last one behind the last field, are those of the destination.
 class Packer {
  public:
   Packer(Zor8u* dst, int bitOffset) : dst_(dst), filled_(bitOffset) {}
@@ -36,27 +36,31 @@ class Packer {
  private:
   Zor8u* dst_;
   Zor64u word_ = 0;
-  int filled_;  // below 32 between fields
+  int filled_;            // below 32 between fields
   bool started_ = false;  // no byte is looked at before it has a bit of ours
 };
 
 }  // namespace
 
-ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len, Zor8u* dst, Zor32s dstBitOffset, Zor32s* dstBitLen) {
-  return check().pointers(src, widths, dst, dstBitLen).require(len >= 1 && dstBitOffset >= 0, zorStatusBadSize).then([&]() -> ZorStatus {
-    Packer packer(dst, dstBitOffset & 7);
-    Zor64s bits = 0;
-    bool clamped = false;
-    for (Zor32s i = 0; i < len; ++i) {
-      const int width = std::clamp(widths[i], 0, 32);
-      clamped |= width != widths[i];
-      packer.put(src[i], width);
-      bits += width;
-    }
-    packer.finish();
-    *dstBitLen = static_cast<Zor32s>(bits);
-    return clamped ? zorWarningBitWidthClamped : zorStatusOk;
-  });
+ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len, Zor8u* dst, Zor32s dstBitOffset,
+                             Zor32s* dstBitLen) {
+  return check()
+      .pointers(src, widths, dst, dstBitLen)
+      .require(len >= 1 && dstBitOffset >= 0, zorStatusBadSize)
+      .then([&]() -> ZorStatus {
+        Packer packer(dst, dstBitOffset & 7);
+        Zor64s bits = 0;
+        bool clamped = false;
+        for (Zor32s i = 0; i < len; ++i) {
+          const int width = std::clamp(widths[i], 0, 32);
+          clamped |= width != widths[i];
+          packer.put(src[i], width);
+          bits += width;
+        }
+        packer.finish();
+        *dstBitLen = static_cast<Zor32s>(bits);
+        return clamped ? zorWarningBitWidthClamped : zorStatusOk;
+      });
 }
 
 }  // namespace zors

@@ -1,4 +1,5 @@
-// zorsReal_*, zorsImag_*, zorsCplxToReal_*, zorsRealToCplx_*, zorsConj_*, zorsConjFlip_*: complex vectors and their parts.
+// zorsReal_*, zorsImag_*, zorsCplxToReal_*, zorsRealToCplx_*, zorsConj_*, zorsConjFlip_*: complex vectors and their
+// parts.
 #include "arithmetic/elementwise.h"
 
 namespace zors {
@@ -22,7 +23,11 @@ template <class Op, class D, class S> ZorStatus convert(const S* src, D* dst, Zo
 
 template <class R, class C> ZorStatus split(const C* src, R* dstRe, R* dstIm, Zor32s len) {
   return check().pointers(src, dstRe, dstIm).size(len).then([&] {
-    mapToTwo<block<R>>([](auto z) ZORS_INLINE_LAMBDA { return Both{realPart(z), imagPart(z)}; }, len, dstRe, dstIm, src);
+    mapToTwo<block<R>>(
+        [](auto z) ZORS_INLINE_LAMBDA {
+          return Both{realPart(z), imagPart(z)};
+        },
+        len, dstRe, dstIm, src);
   });
 }
 
@@ -30,9 +35,12 @@ template <class R, class C> ZorStatus split(const C* src, R* dstRe, R* dstIm, Zo
 template <class R, class C> ZorStatus join(const R* srcRe, const R* srcIm, C* dst, Zor32s len) {
   return check().pointers(dst).require(srcRe != nullptr || srcIm != nullptr, zorStatusNullPointer).size(len).then([&] {
     constexpr int lanes = block<R>;
-    if (srcIm == nullptr) map<lanes>([](auto re) ZORS_INLINE_LAMBDA { return toComplex(re, same(re, R{})); }, len, dst, srcRe);
-    else if (srcRe == nullptr) map<lanes>([](auto im) ZORS_INLINE_LAMBDA { return toComplex(same(im, R{}), im); }, len, dst, srcIm);
-    else map<lanes>([](auto re, auto im) ZORS_INLINE_LAMBDA { return toComplex(re, im); }, len, dst, srcRe, srcIm);
+    if (srcIm == nullptr)
+      map<lanes>([](auto re) ZORS_INLINE_LAMBDA { return toComplex(re, same(re, R{})); }, len, dst, srcRe);
+    else if (srcRe == nullptr)
+      map<lanes>([](auto im) ZORS_INLINE_LAMBDA { return toComplex(same(im, R{}), im); }, len, dst, srcIm);
+    else
+      map<lanes>([](auto re, auto im) ZORS_INLINE_LAMBDA { return toComplex(re, im); }, len, dst, srcRe, srcIm);
   });
 }
 
@@ -45,7 +53,8 @@ template <class C> [[gnu::flatten]] void flipConjugate(const C* src, C* dst, std
     storePart(dst, loadPart<lanes>(flipped + lanes - len, int(len)), int(len));
     return;
   }
-  for (std::ptrdiff_t i = 0; i < len - lanes; i += lanes) store(dst + i, conjugate(reversed(load<lanes>(src + len - lanes - i))));
+  for (std::ptrdiff_t i = 0; i < len - lanes; i += lanes)
+    store(dst + i, conjugate(reversed(load<lanes>(src + len - lanes - i))));
   store(dst + len - lanes, conjugate(reversed(load<lanes>(src))));
 }
 template <class C> ZorStatus conjFlip(const C* src, C* dst, Zor32s len) {

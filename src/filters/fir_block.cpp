@@ -8,19 +8,24 @@
 namespace zors {
 namespace {
 
-// Samples into the delay line's type, and results out of it; neither moves where the types agree and src is what is asked for.
+// Samples into the delay line's type, and results out of it; neither moves where the types agree and src is what is
+// asked for.
 template <class Kind> void widen(const typename Kind::Sample* src, typename Kind::Value* dst, Zor32s len) {
   firWiden(firParts(src), firParts(dst), firPartsLen<typename Kind::Sample>(len));
 }
-template <class Kind> void narrow(const typename Kind::Value* src, typename Kind::Sample* dst, Zor32s len, Zor32s scaleFactor) {
+template <class Kind>
+void narrow(const typename Kind::Value* src, typename Kind::Sample* dst, Zor32s len, Zor32s scaleFactor) {
   firNarrow(firParts(src), firParts(dst), firPartsLen<typename Kind::Sample>(len), scaleFactor);
 }
 
-template <class Kind> void runKernel(const ZorFIRState* state, const typename Kind::Value* in, typename Kind::Value* out, Zor32s len) {
+template <class Kind>
+void runKernel(const ZorFIRState* state, const typename Kind::Value* in, typename Kind::Value* out, Zor32s len) {
   using Value = typename Kind::Value;
   const std::ptrdiff_t n = state->tapsLen;
-  if constexpr (Kind::fourLaneRows) fir::block(fir::TapRowsOfFour<Value>{static_cast<const Value*>(state->tapsRows) + 4 * (n - 1)}, n, in, out, len);
-  else fir::block(fir::TapRow<Value>{firTaps<Kind>(state)}, n, in, out, len);
+  if constexpr (Kind::fourLaneRows)
+    fir::block(fir::TapRowsOfFour<Value>{static_cast<const Value*>(state->tapsRows) + 4 * (n - 1)}, n, in, out, len);
+  else
+    fir::block(fir::TapRow<Value>{firTaps<Kind>(state)}, n, in, out, len);
 }
 
 // The newest tapsLen samples, which the next call starts from. They end at `end`.
@@ -29,7 +34,9 @@ template <class Kind> void keepHistory(ZorFIRState* state, const typename Kind::
 }
 
 // At most dlyBlock samples, by way of the delay line.
-template <class Kind> void filterTile(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, Zor32s scaleFactor) {
+template <class Kind>
+void filterTile(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len,
+                Zor32s scaleFactor) {
   auto* history = firDlyLine<Kind>(state) + state->dlyIndex;
   state->dlyIndex = 0;
   widen<Kind>(src, history + state->tapsLen, len);
@@ -43,7 +50,9 @@ template <class Kind> void filterTile(ZorFIRState* state, const typename Kind::S
   keepHistory<Kind>(state, history + state->tapsLen + len);
 }
 
-template <class Kind> void filterDirect(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, Zor32s scaleFactor) {
+template <class Kind>
+void filterDirect(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len,
+                  Zor32s scaleFactor) {
   if constexpr (Kind::converts) {
     for (Zor32s done = 0; done < len;) {
       const Zor32s count = std::min(len - done, state->dlyBlock);
@@ -61,7 +70,9 @@ template <class Kind> void filterDirect(ZorFIRState* state, const typename Kind:
 }
 
 // Overlap-save. A block is tapsLen - 1 samples of history and up to fftLen - tapsLen + 1 new ones.
-template <class Kind> ZorStatus filterByFft(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, Zor32s scaleFactor) {
+template <class Kind>
+ZorStatus filterByFft(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len,
+                      Zor32s scaleFactor) {
   using Value = typename Kind::Value;
   using Fft = typename Kind::Fft;
   const Zor32s n = state->tapsLen, fftLen = state->fftLen, outputs = fftLen - n + 1;
@@ -104,11 +115,15 @@ template <class Kind> ZorStatus filterByFft(ZorFIRState* state, const typename K
 }
 
 // samples: those that the test for the FFT path counts.
-template <class Kind> bool takesFft(const ZorFIRState* state, Zor32s samples) { return samples >= Kind::Fft::leastBlock && state->fftLen >= 1; }
+template <class Kind> bool takesFft(const ZorFIRState* state, Zor32s samples) {
+  return samples >= Kind::Fft::leastBlock && state->fftLen >= 1;
+}
 
-// A chunk is filtered into scratch memory and copied back. Deviation, kept: where nothing is converted the path is chosen by
-// the samples that are left behind the chunk, so up to 4,224 samples, and the last chunk of any call, are filtered directly.
-template <class Kind> ZorStatus filterInPlace(ZorFIRState* state, typename Kind::Sample* srcDst, Zor32s len, Zor32s scaleFactor) {
+// A chunk is filtered into scratch memory and copied back. Deviation, kept: where nothing is converted the path is
+// chosen by the samples that are left behind the chunk, so up to 4,224 samples, and the last chunk of any call, are
+// filtered directly.
+template <class Kind>
+ZorStatus filterInPlace(ZorFIRState* state, typename Kind::Sample* srcDst, Zor32s len, Zor32s scaleFactor) {
   if constexpr (Kind::converts) {
     if (!takesFft<Kind>(state, len)) {
       filterDirect<Kind>(state, srcDst, srcDst, len, scaleFactor);  // a tile is read whole before it is written
@@ -131,7 +146,9 @@ template <class Kind> ZorStatus filterInPlace(ZorFIRState* state, typename Kind:
   return zorStatusOk;
 }
 
-template <class Kind> ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorFIRState* state, Zor32s scaleFactor = 0) {
+template <class Kind>
+ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorFIRState* state,
+                 Zor32s scaleFactor = 0) {
   return check().pointers(state, src, dst).size(len).state(state, Kind::tags[0]).then([&]() -> ZorStatus {
     const RoundingScope nearest(RoundingScope::nearest);
     if (src == dst) return filterInPlace<Kind>(state, dst, len, scaleFactor);
@@ -142,7 +159,8 @@ template <class Kind> ZorStatus filter(const typename Kind::Sample* src, typenam
 }
 
 // The delay line is a doubled ring: each sample stands at two places, so that the window never wraps.
-template <class Kind> ZorStatus filterOne(typename Kind::Sample val, typename Kind::Sample* dst, ZorFIRState* state, Zor32s scaleFactor = 0) {
+template <class Kind>
+ZorStatus filterOne(typename Kind::Sample val, typename Kind::Sample* dst, ZorFIRState* state, Zor32s scaleFactor = 0) {
   return check().pointers(state, dst).state(state, Kind::tags[0]).then([&] {
     auto* line = firDlyLine<Kind>(state);
     const Zor32s n = state->tapsLen, at = state->dlyIndex;

@@ -10,8 +10,8 @@ namespace {
 
 using namespace simd;
 
-// The delay line is a doubled ring of 2 * tapsLen samples. Puts in val and returns the window of the newest tapsLen ones,
-// oldest first.
+// The delay line is a doubled ring of 2 * tapsLen samples. Puts in val and returns the window of the newest tapsLen
+// ones, oldest first.
 template <class T> const T* push(T val, T* dly, Zor32s* dlyIndex, Zor32s tapsLen) {
   const Zor32s at = *dlyIndex;
   dly[at + tapsLen] = val;
@@ -20,18 +20,25 @@ template <class T> const T* push(T val, T* dly, Zor32s* dlyIndex, Zor32s tapsLen
   return dly + *dlyIndex;
 }
 
-// ---- Floating sums of a window ------------------------------------------------------------------------------------------
+// ---- Floating sums of a window
+// ------------------------------------------------------------------------------------------
 
 // Samples in the type of the taps.
 template <class F, class T, int L> ZORS_INLINE auto samplesAs(Vec<T, L> x) {
-  if constexpr (std::is_same_v<F, T>) return x;
-  else if constexpr (FirComplex<F>) return as<F>(samplesAs<decltype(F::re)>(as<decltype(T::re)>(x)));
-  else if constexpr (sizeof(F) == 4) return toFloat(x);
-  else return toDouble(x);
+  if constexpr (std::is_same_v<F, T>)
+    return x;
+  else if constexpr (FirComplex<F>)
+    return as<F>(samplesAs<decltype(F::re)>(as<decltype(T::re)>(x)));
+  else if constexpr (sizeof(F) == 4)
+    return toFloat(x);
+  else
+    return toDouble(x);
 }
 template <class F, class T> F sampleAs(T x) {
-  if constexpr (FirComplex<F>) return {static_cast<decltype(F::re)>(x.re), static_cast<decltype(F::im)>(x.im)};
-  else return static_cast<F>(x);
+  if constexpr (FirComplex<F>)
+    return {static_cast<decltype(F::re)>(x.re), static_cast<decltype(F::im)>(x.im)};
+  else
+    return static_cast<F>(x);
 }
 template <class C> C addTerm(C sum, C tap, C x) requires FirComplex<C> {
   return {sum.re + (tap.re * x.re - tap.im * x.im), sum.im + (tap.re * x.im + tap.im * x.re)};
@@ -42,16 +49,20 @@ template <class Sum, class F> Sum addTerm(Sum sum, F tap, F x) {
 }
 
 // Products in the type of the taps, their sum in Sum.
-template <class Sum, class Tap, class Sample> [[gnu::flatten]] Sum windowSum(const Tap* taps, Zor32s tapsLen, const Sample* window) {
+template <class Sum, class Tap, class Sample>
+[[gnu::flatten]] Sum windowSum(const Tap* taps, Zor32s tapsLen, const Sample* window) {
   constexpr int lanes = 16;
-  using Parts = std::conditional_t<FirComplex<Sum>, std::remove_pointer_t<decltype(firParts(static_cast<Sum*>(nullptr)))>, Sum>;
+  using Parts =
+      std::conditional_t<FirComplex<Sum>, std::remove_pointer_t<decltype(firParts(static_cast<Sum*>(nullptr)))>, Sum>;
   Vec<Parts, FirComplex<Sum> ? 2 * lanes : lanes> sum = splat<decltype(sum)>(0);
   const Tap* tapsEnd = taps + tapsLen;
   Zor32s j = 0;
   for (; j + lanes <= tapsLen; j += lanes) {
     const auto product = mul(reversed(load<lanes>(tapsEnd - j - lanes)), samplesAs<Tap>(load<lanes>(window + j)));
-    if constexpr (sizeof(Sum) > sizeof(Tap)) sum = add(sum, toDouble(product));
-    else sum = add(sum, as<Parts>(product));
+    if constexpr (sizeof(Sum) > sizeof(Tap))
+      sum = add(sum, toDouble(product));
+    else
+      sum = add(sum, as<Parts>(product));
   }
   Sum y{};
   if (j > 0) {
@@ -60,19 +71,27 @@ template <class Sum, class Tap, class Sample> [[gnu::flatten]] Sum windowSum(con
     store(lane, sum);
     for (int distance = parts / 2; distance >= step; distance /= 2)
       for (int i = 0; i < distance; ++i) lane[i] += lane[i + distance];
-    if constexpr (FirComplex<Sum>) y = {lane[0], lane[1]};
-    else y = lane[0];
+    if constexpr (FirComplex<Sum>)
+      y = {lane[0], lane[1]};
+    else
+      y = lane[0];
   }
   for (; j < tapsLen; ++j) y = addTerm(y, tapsEnd[-1 - j], sampleAs<Tap>(window[j]));
   return y;
 }
 
-// ---- Results ------------------------------------------------------------------------------------------------------------
+// ---- Results
+// ------------------------------------------------------------------------------------------------------------
 
-// A float sum times 2^-scaleFactor, the factor from exponent bits that wrap; limited to the integer's range, NaN to its lower
-// bound; rounded with ties away from zero.
-inline Zor32f scaleOf(Zor32f, Zor32s scaleFactor) { return std::bit_cast<Zor32f>(Zor32u{0x3F800000} - (static_cast<Zor32u>(scaleFactor) << 23)); }
-inline Zor64f scaleOf(Zor64f, Zor32s scaleFactor) { return std::bit_cast<Zor64f>(static_cast<Zor64u>(Zor32u{0x3FF00000} - (static_cast<Zor32u>(scaleFactor) << 20)) << 32); }
+// A float sum times 2^-scaleFactor, the factor from exponent bits that wrap; limited to the integer's range, NaN to its
+// lower bound; rounded with ties away from zero.
+inline Zor32f scaleOf(Zor32f, Zor32s scaleFactor) {
+  return std::bit_cast<Zor32f>(Zor32u{0x3F800000} - (static_cast<Zor32u>(scaleFactor) << 23));
+}
+inline Zor64f scaleOf(Zor64f, Zor32s scaleFactor) {
+  return std::bit_cast<Zor64f>(static_cast<Zor64u>(Zor32u{0x3FF00000} - (static_cast<Zor32u>(scaleFactor) << 20))
+                               << 32);
+}
 template <class D, class F> D awayFromZero(F sum, Zor32s scaleFactor) {
   constexpr auto low = std::numeric_limits<D>::min(), high = std::numeric_limits<D>::max();
   const Zor64f y = sum * scaleOf(F{}, scaleFactor);
@@ -81,27 +100,42 @@ template <class D, class F> D awayFromZero(F sum, Zor32s scaleFactor) {
   return static_cast<D>(std::clamp(y < 0 ? y - 0.5 : y + 0.5, Zor64f(low), Zor64f(high)));
 }
 template <class D, class F> D resultOf(F sum, Zor32s scaleFactor) {
-  if constexpr (FirComplex<D>) return {resultOf<decltype(D::re)>(sum.re, scaleFactor), resultOf<decltype(D::im)>(sum.im, scaleFactor)};
-  else if constexpr (std::is_integral_v<D>) return awayFromZero<D>(sum, scaleFactor);
-  else return static_cast<D>(sum);
+  if constexpr (FirComplex<D>)
+    return {resultOf<decltype(D::re)>(sum.re, scaleFactor), resultOf<decltype(D::im)>(sum.im, scaleFactor)};
+  else if constexpr (std::is_integral_v<D>)
+    return awayFromZero<D>(sum, scaleFactor);
+  else
+    return static_cast<D>(sum);
 }
 
-// ---- Blocks and single samples ------------------------------------------------------------------------------------------
+// ---- Blocks and single samples
+// ------------------------------------------------------------------------------------------
 
 // Where a block's samples come from and go to; one sample is a block by value.
-template <class T> Checks blockChecks(const T* src, T* dst, Zor32s len, const void* taps, Zor32s tapsLen, const T* dly, const Zor32s* dlyIndex) {
-  return check().pointers(src, dst).size(len).pointers(taps).require(tapsLen >= 1, zorStatusBadTapsLength).pointers(dly, dlyIndex);
+template <class T>
+Checks blockChecks(const T* src, T* dst, Zor32s len, const void* taps, Zor32s tapsLen, const T* dly,
+                   const Zor32s* dlyIndex) {
+  return check()
+      .pointers(src, dst)
+      .size(len)
+      .pointers(taps)
+      .require(tapsLen >= 1, zorStatusBadTapsLength)
+      .pointers(dly, dlyIndex);
 }
-template <class T> Checks oneChecks(const T* dst, const void* taps, Zor32s tapsLen, const T* dly, const Zor32s* dlyIndex) {
+template <class T>
+Checks oneChecks(const T* dst, const void* taps, Zor32s tapsLen, const T* dly, const Zor32s* dlyIndex) {
   return check().pointers(dst, taps).require(tapsLen >= 1, zorStatusBadTapsLength).pointers(dly, dlyIndex);
 }
 
 template <class Sum, class Tap, class T>
-void filterEach(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex, Zor32s scaleFactor) {
-  for (Zor32s i = 0; i < len; ++i) dst[i] = resultOf<T>(windowSum<Sum>(taps, tapsLen, push(src[i], dly, dlyIndex, tapsLen)), scaleFactor);
+void filterEach(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex,
+                Zor32s scaleFactor) {
+  for (Zor32s i = 0; i < len; ++i)
+    dst[i] = resultOf<T>(windowSum<Sum>(taps, tapsLen, push(src[i], dly, dlyIndex, tapsLen)), scaleFactor);
 }
 template <class Sum, class Tap, class T>
-ZorStatus block(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex, Zor32s scaleFactor = 0) {
+ZorStatus block(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex,
+                Zor32s scaleFactor = 0) {
   return blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
     filterEach<Sum>(src, dst, len, taps, tapsLen, dly, dlyIndex, scaleFactor);
@@ -110,10 +144,13 @@ ZorStatus block(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLe
 // val may be dst: it is read after the checks.
 template <class Sum, class Tap, class T>
 ZorStatus one(const T* val, T* dst, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex, Zor32s scaleFactor = 0) {
-  return oneChecks(dst, taps, tapsLen, dly, dlyIndex).then([&] { filterEach<Sum>(val, dst, 1, taps, tapsLen, dly, dlyIndex, scaleFactor); });
+  return oneChecks(dst, taps, tapsLen, dly, dlyIndex).then([&] {
+    filterEach<Sum>(val, dst, 1, taps, tapsLen, dly, dlyIndex, scaleFactor);
+  });
 }
 
-// ---- Integer sums -------------------------------------------------------------------------------------------------------
+// ---- Integer sums
+// -------------------------------------------------------------------------------------------------------
 
 template <class Tap, class T> T integerResult(const Tap* taps, Zor32s tapsLen, const T* window, int shift) {
   const Tap* last = taps + tapsLen - 1;
@@ -132,14 +169,16 @@ template <class Tap, class T> T integerResult(const Tap* taps, Zor32s tapsLen, c
   }
 }
 template <class Tap, class T>
-ZorStatus integerBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, Zor32s tapsFactor, T* dly, Zor32s* dlyIndex, Zor32s scaleFactor) {
+ZorStatus integerBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, Zor32s tapsFactor, T* dly,
+                       Zor32s* dlyIndex, Zor32s scaleFactor) {
   return blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex).then([&] {
     const int shift = fir::integerShift(tapsFactor, scaleFactor);
     for (Zor32s i = 0; i < len; ++i) dst[i] = integerResult(taps, tapsLen, push(src[i], dly, dlyIndex, tapsLen), shift);
   });
 }
 template <class Tap, class T>
-ZorStatus integerOne(const T* val, T* dst, const Tap* taps, Zor32s tapsLen, Zor32s tapsFactor, T* dly, Zor32s* dlyIndex, Zor32s scaleFactor) {
+ZorStatus integerOne(const T* val, T* dst, const Tap* taps, Zor32s tapsLen, Zor32s tapsFactor, T* dly, Zor32s* dlyIndex,
+                     Zor32s scaleFactor) {
   return oneChecks(dst, taps, tapsLen, dly, dlyIndex).then([&] {
     *dst = integerResult(taps, tapsLen, push(*val, dly, dlyIndex, tapsLen), fir::integerShift(tapsFactor, scaleFactor));
   });
@@ -151,29 +190,34 @@ Checks indexWithin(Checks checks, const Zor32s* dlyIndex, Zor32s tapsLen) {
   if (checks.then([] {}) != zorStatusOk) return checks;
   return checks.require(*dlyIndex >= 0 && *dlyIndex < tapsLen, zorStatusBadDelayIndex);
 }
-ZorStatus q15One(const Zor16s* val, Zor16s* dst, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor) {
+ZorStatus q15One(const Zor16s* val, Zor16s* dst, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex,
+                 Zor32s scaleFactor) {
   return indexWithin(oneChecks(dst, taps, tapsLen, dly, dlyIndex), dlyIndex, tapsLen).then([&] {
     *dst = integerResult(taps, tapsLen, push(*val, dly, dlyIndex, tapsLen), fir::integerShift(q15, scaleFactor));
   });
 }
-// Deviation, kept: the block runs through a record of its own, which takes the delay samples from the index on as newest
-// first, the opposite of the one-sample form, and gives them back so from place 0 on.
-ZorStatus q15Block(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor) {
-  return indexWithin(blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex), dlyIndex, tapsLen).then([&]() -> ZorStatus {
-    const Scratch memory(firIntegerStateSize<Fir32s_16s>(tapsLen));
-    if (!memory) return zorStatusNoMemory;
-    ZorFIRState* state = firBuildInteger<Fir32s_16s>(memory.data(), tapsLen);
-    for (Zor32s k = 0; k < tapsLen; ++k) firStoreTap<Fir32s_16s>(state, tapsLen - 1 - k, taps[k]);
-    state->tapsFactor = q15;
-    zors::zorsFIRSetDlyLine32s_16s(state, dly + *dlyIndex);
-    const ZorStatus status = src == dst ? zors::zorsFIR32s_16s_ISfs(dst, len, state, scaleFactor) : zors::zorsFIR32s_16s_Sfs(src, dst, len, state, scaleFactor);
-    *dlyIndex = 0;
-    zors::zorsFIRGetDlyLine32s_16s(state, dly);
-    return status;
-  });
+// Deviation, kept: the block runs through a record of its own, which takes the delay samples from the index on as
+// newest first, the opposite of the one-sample form, and gives them back so from place 0 on.
+ZorStatus q15Block(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly,
+                   Zor32s* dlyIndex, Zor32s scaleFactor) {
+  return indexWithin(blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex), dlyIndex, tapsLen)
+      .then([&]() -> ZorStatus {
+        const Scratch memory(firIntegerStateSize<Fir32s_16s>(tapsLen));
+        if (!memory) return zorStatusNoMemory;
+        ZorFIRState* state = firBuildInteger<Fir32s_16s>(memory.data(), tapsLen);
+        for (Zor32s k = 0; k < tapsLen; ++k) firStoreTap<Fir32s_16s>(state, tapsLen - 1 - k, taps[k]);
+        state->tapsFactor = q15;
+        zors::zorsFIRSetDlyLine32s_16s(state, dly + *dlyIndex);
+        const ZorStatus status = src == dst ? zors::zorsFIR32s_16s_ISfs(dst, len, state, scaleFactor)
+                                            : zors::zorsFIR32s_16s_Sfs(src, dst, len, state, scaleFactor);
+        *dlyIndex = 0;
+        zors::zorsFIRGetDlyLine32s_16s(state, dly);
+        return status;
+      });
 }
 
-// ---- Forms with a choice of regime --------------------------------------------------------------------------------------
+// ---- Forms with a choice of regime
+// --------------------------------------------------------------------------------------
 
 struct Direct32fc : Fir32fc {
   static constexpr Zor32s stateFrom = 32;
@@ -238,9 +282,12 @@ ZorStatus chosenBlock(const T* src, T* dst, Zor32s len, const T* taps, Zor32s ta
   return blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex).then([&]() -> ZorStatus {
     const RoundingScope nearest(RoundingScope::nearest);
     const bool many = tapsLen >= Form::stateFrom;
-    if (src == dst || (many && (Form::alwaysFromThere || len > tapsLen))) return byState<Form>(src, dst, len, taps, tapsLen, dly, dlyIndex);
-    if (many) filterEach<T>(src, dst, len, taps, tapsLen, dly, dlyIndex, 0);
-    else byKernel<Form>(src, dst, len, taps, tapsLen, dly, dlyIndex);
+    if (src == dst || (many && (Form::alwaysFromThere || len > tapsLen)))
+      return byState<Form>(src, dst, len, taps, tapsLen, dly, dlyIndex);
+    if (many)
+      filterEach<T>(src, dst, len, taps, tapsLen, dly, dlyIndex, 0);
+    else
+      byKernel<Form>(src, dst, len, taps, tapsLen, dly, dlyIndex);
     return zorStatusOk;
   });
 }

@@ -1,5 +1,6 @@
-// zorsFIRGetStateSize*, zorsFIRInit*, zorsFIRInitAlloc*, zorsFIRFree*, zorsFIRGetTaps*, zorsFIRSetTaps*, zorsFIRGetDlyLine*,
-// zorsFIRSetDlyLine*, zorsFIR*_Sfs, zorsFIR*_ISfs, zorsFIROne*_Sfs of 16s, 32s_16s, 32s_16s32f and their complex kin.
+// zorsFIRGetStateSize*, zorsFIRInit*, zorsFIRInitAlloc*, zorsFIRFree*, zorsFIRGetTaps*, zorsFIRSetTaps*,
+// zorsFIRGetDlyLine*, zorsFIRSetDlyLine*, zorsFIR*_Sfs, zorsFIR*_ISfs, zorsFIROne*_Sfs of 16s, 32s_16s, 32s_16s32f and
+// their complex kin.
 #include "filters/fir_integer.h"
 
 #include <bit>
@@ -15,8 +16,10 @@ template <class T> Zor64s partCount(Zor32s tapsLen) { return FirComplex<T> ? 2 *
 
 // f(part) for each part of a tap.
 template <class T, class F> auto eachPart(T tap, F f) {
-  if constexpr (FirComplex<T>) return Zor16sc{f(tap.re), f(tap.im)};
-  else return f(tap);
+  if constexpr (FirComplex<T>)
+    return Zor16sc{f(tap.re), f(tap.im)};
+  else
+    return f(tap);
 }
 
 template <class Kind, class T, class F> void storeTaps(ZorFIRState* state, const T* taps, F f) {
@@ -30,18 +33,21 @@ void writeTaps(ZorFIRState* state, const Zor16s* taps, Zor32s tapsFactor) {
   state->tapsFactor = static_cast<Zor32s>(static_cast<Zor32u>(tapsFactor) + static_cast<Zor32u>(shift));
 }
 
-// Integer taps are shifted right until the largest magnitude fits; small ones are not scaled up. One shift for all parts.
+// Integer taps are shifted right until the largest magnitude fits; small ones are not scaled up. One shift for all
+// parts.
 template <class Kind> void writeTaps(ZorFIRState* state, const typename Kind::Tap* taps, Zor32s tapsFactor) {
   const Zor32s* parts = firParts(taps);
   Zor64s largest = 0;
-  for (Zor64s i = 0; i < partCount<typename Kind::Tap>(state->tapsLen); ++i) largest = std::max(largest, std::abs(Zor64s{parts[i]}));
+  for (Zor64s i = 0; i < partCount<typename Kind::Tap>(state->tapsLen); ++i)
+    largest = std::max(largest, std::abs(Zor64s{parts[i]}));
   int shift = 0;
   for (; largest > 32766; largest >>= 1) ++shift;
   storeTaps<Kind>(state, taps, [shift](Zor32s tap) { return static_cast<Zor16s>(tap >> shift); });
   state->tapsFactor = static_cast<Zor32s>(static_cast<Zor32u>(tapsFactor) + static_cast<Zor32u>(shift));
 }
 
-// Float taps are scaled by a power of two so that the largest ends in 16,384 to 32,767, and rounded half away from zero.
+// Float taps are scaled by a power of two so that the largest ends in 16,384 to 32,767, and rounded half away from
+// zero.
 template <class Kind, class T> void writeFloatTaps(ZorFIRState* state, const T* taps) {
   constexpr int mostSteps = 33;
   const Zor32f* parts = firParts(taps);
@@ -62,19 +68,24 @@ template <class Kind, class T> void writeFloatTaps(ZorFIRState* state, const T* 
 }
 
 template <class Kind> ZorStatus getStateSize(Zor32s tapsLen, Zor32s* size) {
-  return check().pointers(size).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] { *size = static_cast<Zor32s>(firIntegerStateSize<Kind>(tapsLen)); });
+  return check().pointers(size).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
+    *size = static_cast<Zor32s>(firIntegerStateSize<Kind>(tapsLen));
+  });
 }
 
 template <class Kind> void setDlyLine(ZorFIRState* state, const typename Kind::Sample* dly) {
   auto* line = firDlyLine<Kind>(state);
-  if (dly == nullptr) std::fill_n(line, state->dlyLen, typename Kind::Sample{});
-  else std::reverse_copy(dly, dly + state->dlyLen, line);
+  if (dly == nullptr)
+    std::fill_n(line, state->dlyLen, typename Kind::Sample{});
+  else
+    std::reverse_copy(dly, dly + state->dlyLen, line);
   state->dlyIndex = 0;
 }
 
 // write(state) stores the taps.
 template <class Kind, class T, class Write>
-ZorStatus init(ZorFIRState** state, const T* taps, Zor32s tapsLen, const typename Kind::Sample* dly, Zor8u* buffer, Write write) {
+ZorStatus init(ZorFIRState** state, const T* taps, Zor32s tapsLen, const typename Kind::Sample* dly, Zor8u* buffer,
+               Write write) {
   return check().pointers(state, taps, buffer).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
     ZorFIRState* built = firBuildInteger<Kind>(buffer, tapsLen);
     write(built);
@@ -82,7 +93,8 @@ ZorStatus init(ZorFIRState** state, const T* taps, Zor32s tapsLen, const typenam
     *state = built;
   });
 }
-template <class Kind, class T, class Write> ZorStatus initAlloc(ZorFIRState** state, const T* taps, Zor32s tapsLen, const typename Kind::Sample* dly, Write write) {
+template <class Kind, class T, class Write>
+ZorStatus initAlloc(ZorFIRState** state, const T* taps, Zor32s tapsLen, const typename Kind::Sample* dly, Write write) {
   return check().pointers(state, taps).require(tapsLen >= 1, zorStatusBadTapsLength).then([&]() -> ZorStatus {
     const std::size_t size = firIntegerStateSize<Kind>(tapsLen);
     Zor8u* memory = size <= INT32_MAX ? zors::zorsMalloc_8u(static_cast<Zor32s>(size)) : nullptr;
@@ -104,8 +116,10 @@ template <class Kind> ZorStatus getTaps(const ZorFIRState* state, typename Kind:
   return firState<Kind>(check().pointers(state, taps, tapsFactor), state).then([&] {
     for (Zor32s k = 0; k < state->tapsLen; ++k) {
       const auto tap = firStoredTap<Kind>(state, state->tapsLen - 1 - k);
-      if constexpr (FirComplex<typename Kind::Tap>) taps[k] = {tap.re, tap.im};
-      else taps[k] = tap;
+      if constexpr (FirComplex<typename Kind::Tap>)
+        taps[k] = {tap.re, tap.im};
+      else
+        taps[k] = tap;
     }
     *tapsFactor = state->tapsFactor;
   });
@@ -116,8 +130,10 @@ template <class Kind, class T> ZorStatus getFloatTaps(const ZorFIRState* state, 
     const auto asFloat = [state](Zor16s tap) { return std::ldexp(static_cast<Zor32f>(tap), state->tapsFactor); };
     for (Zor32s k = 0; k < state->tapsLen; ++k) {
       const auto tap = firStoredTap<Kind>(state, state->tapsLen - 1 - k);
-      if constexpr (FirComplex<T>) taps[k] = {asFloat(tap.re), asFloat(tap.im)};
-      else taps[k] = asFloat(tap);
+      if constexpr (FirComplex<T>)
+        taps[k] = {asFloat(tap.re), asFloat(tap.im)};
+      else
+        taps[k] = asFloat(tap);
     }
   });
 }
@@ -135,9 +151,12 @@ template <class Kind> ZorStatus setDlyLineChecked(ZorFIRState* state, const type
   return firState<Kind>(check().pointers(state), state).then([&] { setDlyLine<Kind>(state, dly); });
 }
 
-// ---- Filtering ----------------------------------------------------------------------------------------------------------
+// ---- Filtering
+// ----------------------------------------------------------------------------------------------------------
 
-template <class Kind> ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorFIRState* state, Zor32s scaleFactor) {
+template <class Kind>
+ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorFIRState* state,
+                 Zor32s scaleFactor) {
   return check().pointers(state, src, dst).size(len).state(state, Kind::tags[0]).then([&] {
     const int shift = fir::integerShift(state->tapsFactor, scaleFactor);
     if (src != dst) return firFilterInteger<Kind>(state, src, dst, len, shift);
@@ -171,7 +190,8 @@ template <class Kind> auto windowSum(const ZorFIRState* state, const typename Ki
   }
 }
 
-template <class Kind> ZorStatus filterOne(typename Kind::Sample val, typename Kind::Sample* dst, ZorFIRState* state, Zor32s scaleFactor) {
+template <class Kind>
+ZorStatus filterOne(typename Kind::Sample val, typename Kind::Sample* dst, ZorFIRState* state, Zor32s scaleFactor) {
   return check().pointers(state, dst).state(state, Kind::tags[0]).then([&] {
     auto* line = firDlyLine<Kind>(state);
     const Zor32s n = state->tapsLen, at = state->dlyIndex;
@@ -180,8 +200,10 @@ template <class Kind> ZorStatus filterOne(typename Kind::Sample val, typename Ki
     state->dlyIndex = at + 1 < n ? at + 1 : 0;
     const int shift = fir::integerShift(state->tapsFactor, scaleFactor);
     const auto sum = windowSum<Kind>(state, line + state->dlyIndex);
-    if constexpr (FirComplex<typename Kind::Sample>) *dst = {fir::scaledResult(sum.re, shift), fir::scaledResult(sum.im, shift)};
-    else *dst = fir::scaledResult(sum, shift);
+    if constexpr (FirComplex<typename Kind::Sample>)
+      *dst = {fir::scaledResult(sum.re, shift), fir::scaledResult(sum.im, shift)};
+    else
+      *dst = fir::scaledResult(sum, shift);
   });
 }
 

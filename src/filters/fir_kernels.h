@@ -19,15 +19,18 @@ template <class T> struct TapRowsOfFour {
   ZORS_INLINE T operator()(std::ptrdiff_t j) const { return last[-4 * j]; }
 };
 
-// registers of outputs at once. Taps go in pairs a register's lanes apart, so that a vector of samples, once loaded, serves
-// two registers of outputs: loads then stay below one per multiply-add. Reads in[0 .. registers * lanes + tapsLen - 2].
-template <int registers, class T, class Taps> ZORS_INLINE simd::Vec<T, registers * simd::lanesOf<T>> outputs(Taps taps, std::ptrdiff_t tapsLen, const T* in) {
+// registers of outputs at once. Taps go in pairs a register's lanes apart, so that a vector of samples, once loaded,
+// serves two registers of outputs: loads then stay below one per multiply-add. Reads in[0 .. registers * lanes +
+// tapsLen - 2].
+template <int registers, class T, class Taps>
+ZORS_INLINE simd::Vec<T, registers * simd::lanesOf<T>> outputs(Taps taps, std::ptrdiff_t tapsLen, const T* in) {
   using namespace simd;
   constexpr int lanes = lanesOf<T>;
   using One = Vec<T, lanes>;
   using All = Vec<T, registers * lanes>;
   All sum = splat<All>(0);
-  const auto accumulate = [&](auto r, One tap, One x) ZORS_INLINE_LAMBDA { sum.r[r] = fma(tap, x, One{{sum.r[r]}}).r[0]; };
+  const auto accumulate = [&](auto r, One tap, One x)
+                              ZORS_INLINE_LAMBDA { sum.r[r] = fma(tap, x, One{{sum.r[r]}}).r[0]; };
   std::ptrdiff_t j = 0;
   for (; j + 2 * lanes <= tapsLen; j += 2 * lanes) {
     for (int lane = 0; lane < lanes; ++lane) {
@@ -54,20 +57,28 @@ template <class C> struct ComplexArithmetic;
 template <> struct ComplexArithmetic<Zor32fc> {
   static constexpr int widest = 6;
   using Part = Zor32f;
-  ZORS_INLINE static __m256 join(__m256 byRe, __m256 byIm) { return _mm256_addsub_ps(byRe, _mm256_permute_ps(byIm, 0xB1)); }
+  ZORS_INLINE static __m256 join(__m256 byRe, __m256 byIm) {
+    return _mm256_addsub_ps(byRe, _mm256_permute_ps(byIm, 0xB1));
+  }
   ZORS_INLINE static __m256 evens(__m256 x) { return _mm256_moveldup_ps(x); }
   ZORS_INLINE static __m256 odds(__m256 x) { return _mm256_movehdup_ps(x); }
 };
 template <> struct ComplexArithmetic<Zor64fc> {
   static constexpr int widest = 6;
   using Part = Zor64f;
-  ZORS_INLINE static __m256d join(__m256d byRe, __m256d byIm) { return _mm256_addsub_pd(byRe, _mm256_permute_pd(byIm, 0x5)); }
+  ZORS_INLINE static __m256d join(__m256d byRe, __m256d byIm) {
+    return _mm256_addsub_pd(byRe, _mm256_permute_pd(byIm, 0x5));
+  }
   ZORS_INLINE static __m256d evens(__m256d x) { return _mm256_movedup_pd(x); }
   ZORS_INLINE static __m256d odds(__m256d x) { return _mm256_permute_pd(x, 0xF); }
 };
-template <class T> concept ComplexValue = requires(T z) { z.re; };
+template <class T>
+concept ComplexValue = requires(T z) {
+  z.re;
+};
 
-template <int registers, ComplexValue C, class Taps> ZORS_INLINE simd::Vec<C, registers * simd::lanesOf<C>> outputs(Taps taps, std::ptrdiff_t tapsLen, const C* in) {
+template <int registers, ComplexValue C, class Taps>
+ZORS_INLINE simd::Vec<C, registers * simd::lanesOf<C>> outputs(Taps taps, std::ptrdiff_t tapsLen, const C* in) {
   using namespace simd;
   using Arithmetic = ComplexArithmetic<C>;
   using T = typename Arithmetic::Part;
@@ -84,13 +95,15 @@ template <int registers, ComplexValue C, class Taps> ZORS_INLINE simd::Vec<C, re
       byIm.r[r] = fma(im, x, One{{byIm.r[r]}}).r[0];
     });
   }
-  return build<Vec<C, registers * lanesOf<C>>>([&](auto r) ZORS_INLINE_LAMBDA { return Arithmetic::join(byRe.r[r], byIm.r[r]); });
+  return build<Vec<C, registers * lanesOf<C>>>(
+      [&](auto r) ZORS_INLINE_LAMBDA { return Arithmetic::join(byRe.r[r], byIm.r[r]); });
 }
 
 template <class T> constexpr int widestTile = 12;
 template <ComplexValue C> constexpr int widestTile<C> = ComplexArithmetic<C>::widest;
 
-template <int registers, class T, class Taps> [[gnu::flatten]] void tile(Taps taps, std::ptrdiff_t tapsLen, const T* in, T* out) {
+template <int registers, class T, class Taps>
+[[gnu::flatten]] void tile(Taps taps, std::ptrdiff_t tapsLen, const T* in, T* out) {
   simd::store(out, outputs<registers>(taps, tapsLen, in));
 }
 
@@ -100,8 +113,11 @@ template <class T, class Taps> void block(Taps taps, std::ptrdiff_t tapsLen, con
   using Tile = void (*)(Taps, std::ptrdiff_t, const T*, T*);
   static constexpr auto tiles = []<int... i>(std::integer_sequence<int, i...>) {
     return std::array<Tile, widest>{tile<i + 1, T, Taps>...};
-  }(std::make_integer_sequence<int, widest>{});
-  const auto run = [&](std::ptrdiff_t registers, std::ptrdiff_t at) { tiles[std::size_t(registers - 1)](taps, tapsLen, in + at, out + at); };
+  }
+  (std::make_integer_sequence<int, widest>{});
+  const auto run = [&](std::ptrdiff_t registers, std::ptrdiff_t at) {
+    tiles[std::size_t(registers - 1)](taps, tapsLen, in + at, out + at);
+  };
   if (len < lanes) {
     simd::storePart(out, outputs<1>(taps, tapsLen, in), int(len));
     return;
@@ -114,8 +130,8 @@ template <class T, class Taps> void block(Taps taps, std::ptrdiff_t tapsLen, con
   if (registers > 0) run(registers, len - registers * lanes);
 }
 
-// One output whose newest sample is val, behind the tapsLen - 1 samples of `older`. val itself is not read from memory: it was
-// stored there just before, and a vector across a fresh store waits for it.
+// One output whose newest sample is val, behind the tapsLen - 1 samples of `older`. val itself is not read from memory:
+// it was stored there just before, and a vector across a fresh store waits for it.
 template <class T> [[gnu::flatten]] T dotNewest(const T* taps, std::ptrdiff_t tapsLen, const T* older, T val) {
   using namespace simd;
   constexpr int lanes = lanesOf<T>;
@@ -125,7 +141,8 @@ template <class T> [[gnu::flatten]] T dotNewest(const T* taps, std::ptrdiff_t ta
   One folded = mul(loadThenZeros(taps, int(j)), loadThenZeros(older, int(j)));
   if (count - j >= 4 * lanes) {
     Vec<T, 4 * lanes> sum = splat<Vec<T, 4 * lanes>>(0);
-    for (; j + 4 * lanes <= count; j += 4 * lanes) sum = fma(load<4 * lanes>(taps + j), load<4 * lanes>(older + j), sum);
+    for (; j + 4 * lanes <= count; j += 4 * lanes)
+      sum = fma(load<4 * lanes>(taps + j), load<4 * lanes>(older + j), sum);
     folded = add(folded, add(add(One{{sum.r[0]}}, One{{sum.r[1]}}), add(One{{sum.r[2]}}, One{{sum.r[3]}})));
   }
   for (; j < count; j += lanes) folded = fma(load<lanes>(taps + j), load<lanes>(older + j), folded);
@@ -163,7 +180,8 @@ template <ComplexValue C> [[gnu::flatten]] C dotNewest(const C* taps, std::ptrdi
   for (int distance = lanes / 2; distance > 1; distance /= 2)
     for (int i = 0; i < distance; ++i) re[i] += re[i + distance], im[i] += im[i + distance];
   const C tap = taps[count];
-  return {std::fma(tap.re, val.re, re[0]) - std::fma(tap.im, val.im, im[1]), std::fma(tap.re, val.im, re[1]) + std::fma(tap.im, val.re, im[0])};
+  return {std::fma(tap.re, val.re, re[0]) - std::fma(tap.im, val.im, im[1]),
+          std::fma(tap.re, val.im, re[1]) + std::fma(tap.im, val.re, im[0])};
 }
 
 }  // namespace zors::fir

@@ -1,5 +1,5 @@
-// zorsFIRGetStateSize*, zorsFIRInit*, zorsFIRInitAlloc*, zorsFIRFree*, zorsFIRGetTaps*, zorsFIRSetTaps*, zorsFIRGetDlyLine*,
-// zorsFIRSetDlyLine* of the kinds with floating arithmetic.
+// zorsFIRGetStateSize*, zorsFIRInit*, zorsFIRInitAlloc*, zorsFIRFree*, zorsFIRGetTaps*, zorsFIRSetTaps*,
+// zorsFIRGetDlyLine*, zorsFIRSetDlyLine* of the kinds with floating arithmetic.
 #include "filters/fir_state.h"
 
 #include <algorithm>
@@ -10,14 +10,18 @@ namespace {
 template <class Kind> ZorStatus getStateSize(Zor32s tapsLen, Zor32s* size) {
   // Taps of Zor32s get an FFT only where InitAlloc makes room for it.
   const auto plan = [&] { return std::is_same_v<Kind, Fir32s> ? FirFftPlan{} : firFftPlan<Kind>(tapsLen); };
-  return check().pointers(size).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] { *size = static_cast<Zor32s>(firStateSize<Kind>(tapsLen, plan())); });
+  return check().pointers(size).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
+    *size = static_cast<Zor32s>(firStateSize<Kind>(tapsLen, plan()));
+  });
 }
 
-// The caller's order is newest first, ours oldest first, for taps and for samples alike. Values change their type part by
-// part, toward zero where it is an integer's.
+// The caller's order is newest first, ours oldest first, for taps and for samples alike. Values change their type part
+// by part, toward zero where it is an integer's.
 template <class To, class From> To valueAs(From x) {
-  if constexpr (FirComplex<To>) return {static_cast<decltype(To::re)>(x.re), static_cast<decltype(To::im)>(x.im)};
-  else return static_cast<To>(x);
+  if constexpr (FirComplex<To>)
+    return {static_cast<decltype(To::re)>(x.re), static_cast<decltype(To::im)>(x.im)};
+  else
+    return static_cast<To>(x);
 }
 template <class To, class From> void reverseInto(To* to, const From* from, Zor32s count) {
   std::transform(from, from + count, std::make_reverse_iterator(to + count), valueAs<To, From>);
@@ -25,15 +29,18 @@ template <class To, class From> void reverseInto(To* to, const From* from, Zor32
 
 template <class Kind> void setDlyLine(ZorFIRState* state, const typename Kind::Sample* dly) {
   auto* line = firDlyLine<Kind>(state);
-  if (dly == nullptr) std::fill_n(line, state->dlyLen, typename Kind::Value{});
-  else reverseInto(line, dly, state->dlyLen);
+  if (dly == nullptr)
+    std::fill_n(line, state->dlyLen, typename Kind::Value{});
+  else
+    reverseInto(line, dly, state->dlyLen);
   state->dlyIndex = 0;
 }
 
 template <class Kind> ZorStatus makeSpectrum(ZorFIRState* state, const typename Kind::Tap* taps) {
   using Value = typename Kind::Value;
   auto* spectrum = static_cast<Value*>(state->tapsSpectrum);
-  std::fill(std::transform(taps, taps + state->tapsLen, spectrum, valueAs<Value, typename Kind::Tap>), spectrum + state->fftLen, Value{});
+  std::fill(std::transform(taps, taps + state->tapsLen, spectrum, valueAs<Value, typename Kind::Tap>),
+            spectrum + state->fftLen, Value{});
   return Kind::Fft::forward(spectrum, spectrum, firFftSpec<Kind>(state), state->fftWork);
 }
 
@@ -50,13 +57,15 @@ template <class T> void writeRows(T* rows, const T* taps, Zor32s tapsLen, int re
 
 template <class Kind> void writeTaps(ZorFIRState* state, const typename Kind::Tap* taps) {
   reverseInto(firTaps<Kind>(state), taps, state->tapsLen);
-  if constexpr (Kind::fourLaneRows) writeRows(static_cast<typename Kind::Value*>(state->tapsRows), taps, state->tapsLen, 4);
+  if constexpr (Kind::fourLaneRows)
+    writeRows(static_cast<typename Kind::Value*>(state->tapsRows), taps, state->tapsLen, 4);
 }
 
 // Fills the parts; makeSpec builds the FFT specification and whatever it returns, a filter whose FFT cannot be had is a
 // direct one. The spectrum's status comes back.
 template <class Kind, class MakeSpec>
-ZorStatus build(const FirParts& parts, const FirFftPlan& plan, const typename Kind::Tap* taps, Zor32s tapsLen, const typename Kind::Sample* dly, MakeSpec makeSpec) {
+ZorStatus build(const FirParts& parts, const FirFftPlan& plan, const typename Kind::Tap* taps, Zor32s tapsLen,
+                const typename Kind::Sample* dly, MakeSpec makeSpec) {
   const bool hasFft = plan.fftLen > 0;
   ZorFIRState* state = parts.state;
   *state = {.tag = Kind::tags[0],
@@ -87,7 +96,9 @@ ZorStatus build(const FirParts& parts, const FirFftPlan& plan, const typename Ki
   return status;
 }
 
-template <class Kind> ZorStatus init(ZorFIRState** state, const typename Kind::Tap* taps, Zor32s tapsLen, const typename Kind::Sample* dly, Zor8u* buffer) {
+template <class Kind>
+ZorStatus init(ZorFIRState** state, const typename Kind::Tap* taps, Zor32s tapsLen, const typename Kind::Sample* dly,
+               Zor8u* buffer) {
   return check().pointers(state, taps, buffer).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
     const FirFftPlan plan = std::is_same_v<Kind, Fir32s> ? FirFftPlan{} : firFftPlan<Kind>(tapsLen);
     Layout block(firAlignment, buffer);
@@ -104,14 +115,17 @@ template <class Kind> void releaseOwned(ZorFIRState* state) {
   zors::zorsFree(state->block);
 }
 
-template <class Kind> ZorStatus initAlloc(ZorFIRState** state, const typename Kind::Tap* taps, Zor32s tapsLen, const typename Kind::Sample* dly) {
+template <class Kind>
+ZorStatus initAlloc(ZorFIRState** state, const typename Kind::Tap* taps, Zor32s tapsLen,
+                    const typename Kind::Sample* dly) {
   return check().pointers(state, taps).require(tapsLen >= 1, zorStatusBadTapsLength).then([&]() -> ZorStatus {
     // Taps of Zor32s take an FFT from 32 taps on, beyond the stated size, and are no filter without it.
     constexpr bool wide = std::is_same_v<Kind, Fir32s>;
     const FirFftPlan plan = firFftPlan<Kind>(tapsLen, wide ? 32 : Kind::Fft::leastTaps);
     Layout account(firAlignment);
     layFir<Kind>(account, tapsLen, plan);
-    const std::size_t size = wide ? std::max(account.size(), firStateSize<Kind>(tapsLen, plan)) : firStateSize<Kind>(tapsLen, plan);
+    const std::size_t size =
+        wide ? std::max(account.size(), firStateSize<Kind>(tapsLen, plan)) : firStateSize<Kind>(tapsLen, plan);
     Zor8u* memory = size <= INT32_MAX ? zors::zorsMalloc_8u(static_cast<Zor32s>(size)) : nullptr;
     if (memory == nullptr) return zorStatusNoMemory;
     Layout block(firAlignment, memory);
@@ -137,7 +151,9 @@ template <class Kind> ZorStatus release(ZorFIRState* state) {
 }
 
 template <class Kind> ZorStatus getTaps(const ZorFIRState* state, typename Kind::Tap* taps) {
-  return firState<Kind>(check().pointers(state, taps), state).then([&] { reverseInto(taps, firTaps<Kind>(state), state->tapsLen); });
+  return firState<Kind>(check().pointers(state, taps), state).then([&] {
+    reverseInto(taps, firTaps<Kind>(state), state->tapsLen);
+  });
 }
 
 template <class Kind> ZorStatus renewSpectrum(const typename Kind::Tap* taps, ZorFIRState* state) {
@@ -161,9 +177,9 @@ template <class Kind> ZorStatus setTaps(const typename Kind::Tap* taps, ZorFIRSt
   });
 }
 
-// Deviation, kept: taps of a state with rows of four lanes are set in the layout for eight: nine reversed rows, zeroed and
-// written, which run over the delay line, and eight copies of each tap where the kernels read four. All of it lies inside
-// the state's block. What the filter then gives is what follows.
+// Deviation, kept: taps of a state with rows of four lanes are set in the layout for eight: nine reversed rows, zeroed
+// and written, which run over the delay line, and eight copies of each tap where the kernels read four. All of it lies
+// inside the state's block. What the filter then gives is what follows.
 ZorStatus setTapsInEightLanes(const Zor32f* taps, ZorFIRState* state) {
   return firState<Fir32f_16s>(check().pointers(taps, state), state).then([&] {
     const auto n = static_cast<std::size_t>(state->tapsLen), stride = firDown(n + 16, 8);
@@ -178,7 +194,9 @@ ZorStatus setTapsInEightLanes(const Zor32f* taps, ZorFIRState* state) {
 }
 
 template <class Kind> ZorStatus getDlyLine(const ZorFIRState* state, typename Kind::Sample* dly) {
-  return firState<Kind>(check().pointers(state, dly), state).then([&] { reverseInto(dly, firDlyLine<Kind>(state) + state->dlyIndex, state->dlyLen); });
+  return firState<Kind>(check().pointers(state, dly), state).then([&] {
+    reverseInto(dly, firDlyLine<Kind>(state) + state->dlyIndex, state->dlyLen);
+  });
 }
 
 template <class Kind> ZorStatus setDlyLineChecked(ZorFIRState* state, const typename Kind::Sample* dly) {

@@ -11,21 +11,22 @@
 #include "frame/check.h"
 #include "frame/memory.h"
 
-// Pointers lead into the state's own block; their element types are those of the kind. Delay-line samples stand oldest first.
+// Pointers lead into the state's own block; their element types are those of the kind. Delay-line samples stand oldest
+// first.
 struct ZorFIRState {
   zors::Tag tag = 0;
   Zor32s tapsLen = 0;
-  Zor32s dlyLen = 0;       // samples that get and set of the delay line transfer
-  Zor32s dlyIndex = 0;     // where the delay line starts; block calls leave 0, one-sample calls advance it
-  Zor32s dlyBlock = 0;     // samples that fit behind the history
-  Zor32s tapsFactor = 0;   // of integer kinds: the power of two that the taps are multiplied by
-  Zor32s fftLen = -1;      // -1: no FFT path
+  Zor32s dlyLen = 0;      // samples that get and set of the delay line transfer
+  Zor32s dlyIndex = 0;    // where the delay line starts; block calls leave 0, one-sample calls advance it
+  Zor32s dlyBlock = 0;    // samples that fit behind the history
+  Zor32s tapsFactor = 0;  // of integer kinds: the power of two that the taps are multiplied by
+  Zor32s fftLen = -1;     // -1: no FFT path
   Zor32s fftWorkSize = 0;
-  Zor32s ownsMemory = 0;   // built by InitAlloc: the block and the FFT specification are to be released
+  Zor32s ownsMemory = 0;         // built by InitAlloc: the block and the FFT specification are to be released
   Zor8u* block = nullptr;        // what InitAlloc allocated
   void* tapsReversed = nullptr;  // tapsReversed[j] = taps[tapsLen - 1 - j]
   void* tapsRows = nullptr;      // of the kind that keeps a second copy
-  void* dlyLine = nullptr;       // tapsLen samples of history, then room for a block; for one-sample calls a doubled ring
+  void* dlyLine = nullptr;  // tapsLen samples of history, then room for a block; for one-sample calls a doubled ring
   void* fftSpec = nullptr;
   void* tapsSpectrum = nullptr;  // the transform of the zero-padded taps
   void* fftBuffer = nullptr;     // fftLen elements
@@ -35,7 +36,8 @@ struct ZorFIRState {
 
 namespace zors {
 
-// ---- Transforms by arithmetic type --------------------------------------------------------------------------------------
+// ---- Transforms by arithmetic type
+// --------------------------------------------------------------------------------------
 
 template <class Value> struct FirFft;
 template <> struct FirFft<Zor32f> {
@@ -83,7 +85,8 @@ template <> struct FirFft<Zor64fc> {
   static constexpr auto multiply = &zors::zorsMul_64fc_I;
 };
 
-// ---- Moves and conversions ----------------------------------------------------------------------------------------------
+// ---- Moves and conversions
+// ----------------------------------------------------------------------------------------------
 
 // Items of one size move alike.
 inline void firCopy(const Zor16s* src, Zor16s* dst, Zor32s len) { zors::zorsCopy_16s(src, dst, len); }
@@ -102,10 +105,15 @@ inline void firMove(const Zor64f* src, Zor64f* dst, Zor32s len) { zors::zorsMove
 inline void firMove(const Zor64fc* src, Zor64fc* dst, Zor32s len) { zors::zorsMove_64fc(src, dst, len); }
 
 // The real parts of a vector, and their number.
-template <class T> concept FirComplex = requires(T z) { z.re, z.im; };
+template <class T>
+concept FirComplex = requires(T z) {
+  z.re, z.im;
+};
 template <class T> auto* firParts(T* p) {
-  if constexpr (FirComplex<std::remove_const_t<T>>) return &p->re;
-  else return p;
+  if constexpr (FirComplex<std::remove_const_t<T>>)
+    return &p->re;
+  else
+    return p;
 }
 template <class T> Zor32s firPartsLen(Zor32s len) { return FirComplex<T> ? 2 * len : len; }
 
@@ -119,25 +127,43 @@ inline void firWiden(const Zor32f* src, Zor64f* dst, Zor32s len) { zors::zorsCon
 // And back, integers scaled and rounded to nearest even.
 inline void firNarrow(const Zor32f* src, Zor32f* dst, Zor32s len, Zor32s) { firCopy(src, dst, len); }
 inline void firNarrow(const Zor64f* src, Zor64f* dst, Zor32s len, Zor32s) { firCopy(src, dst, len); }
-inline void firNarrow(const Zor32f* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) { zors::zorsConvert_32f16s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor); }
-inline void firNarrow(const Zor64f* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) { zors::zorsConvert_64f16s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor); }
-inline void firNarrow(const Zor64f* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor) { zors::zorsConvert_64f32s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor); }
+inline void firNarrow(const Zor32f* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
+  zors::zorsConvert_32f16s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
+}
+inline void firNarrow(const Zor64f* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
+  zors::zorsConvert_64f16s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
+}
+inline void firNarrow(const Zor64f* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor) {
+  zors::zorsConvert_64f32s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
+}
 inline void firNarrow(const Zor64f* src, Zor32f* dst, Zor32s len, Zor32s) { zors::zorsConvert_64f32f(src, dst, len); }
 
-// ---- Kinds --------------------------------------------------------------------------------------------------------------
+// ---- Kinds
+// --------------------------------------------------------------------------------------------------------------
 
 // The stated sizes of states, in bytes, without what an FFT takes.
 constexpr std::size_t firDown(std::size_t x, std::size_t multiple) { return x & ~(multiple - 1); }
-constexpr std::size_t firSize32f(std::size_t n) { return firDown(n + 16, 8) * 36 + firDown(32 * n + 63, 32) + firDown(32 * n + 120, 128) + 17104; }
-constexpr std::size_t firSize32fc(std::size_t n) { return firDown(24 * n + 47, 16) + 13 * firDown(8 * n + 15, 16) + 34080; }
-constexpr std::size_t firSize64f(std::size_t n) { return 32 * (((24 * n + 63) >> 5) + ((n + 2) >> 1) + firDown(n + 2, 2)) + 34048; }
-constexpr std::size_t firSize64fc(std::size_t n) { return firDown(48 * n + 95, 32) + firDown(16 * n + 31, 32) + (((16 * n + 31) >> 5) << 7) + 67792; }
-constexpr std::size_t firSize32s(std::size_t n) { return firDown(8 * n + 15, 16) + firDown(24 * n + 47, 16) + 33984 + ((8 * n + 15) >> 4 << 6) + 15; }
+constexpr std::size_t firSize32f(std::size_t n) {
+  return firDown(n + 16, 8) * 36 + firDown(32 * n + 63, 32) + firDown(32 * n + 120, 128) + 17104;
+}
+constexpr std::size_t firSize32fc(std::size_t n) {
+  return firDown(24 * n + 47, 16) + 13 * firDown(8 * n + 15, 16) + 34080;
+}
+constexpr std::size_t firSize64f(std::size_t n) {
+  return 32 * (((24 * n + 63) >> 5) + ((n + 2) >> 1) + firDown(n + 2, 2)) + 34048;
+}
+constexpr std::size_t firSize64fc(std::size_t n) {
+  return firDown(48 * n + 95, 32) + firDown(16 * n + 31, 32) + (((16 * n + 31) >> 5) << 7) + 67792;
+}
+constexpr std::size_t firSize32s(std::size_t n) {
+  return firDown(8 * n + 15, 16) + firDown(24 * n + 47, 16) + 33984 + ((8 * n + 15) >> 4 << 6) + 15;
+}
 // 32-bit arithmetic keeps two arrays of FFT length, 64-bit complex arithmetic likewise, each rounded as stated.
 constexpr std::size_t firRoundedFft(std::size_t bytes) { return ((bytes + 15) >> 4) << 5; }
 
 // A kind of floating arithmetic: the types of taps, samples and sums, and the tags of its states.
-template <class TapType, class SampleType, class ValueType, std::size_t (*statedSize)(std::size_t), Tag... acceptedTags> struct FirFloatKind {
+template <class TapType, class SampleType, class ValueType, std::size_t (*statedSize)(std::size_t), Tag... acceptedTags>
+struct FirFloatKind {
   using Tap = TapType;
   using Sample = SampleType;
   using Value = ValueType;
@@ -164,8 +190,8 @@ struct Fir64fc_32sc : FirFloatKind<Zor64fc, Zor32sc, Zor64fc, firSize64fc, tag("
 struct Fir64f_16s : FirFloatKind<Zor64f, Zor16s, Zor64f, firSize64f, tag("FI25"), tag("FI27")> {};
 struct Fir64fc_16sc : FirFloatKind<Zor64fc, Zor16sc, Zor64fc, firSize64fc, tag("FI26"), tag("FI28")> {};
 
-// A kind of integer arithmetic, 16-bit taps and samples with 32-bit sums. Real taps go in pairs from the newest sample back,
-// so an odd number has a zero in front; it meets a sample of the history that weighs nothing.
+// A kind of integer arithmetic, 16-bit taps and samples with 32-bit sums. Real taps go in pairs from the newest sample
+// back, so an odd number has a zero in front; it meets a sample of the history that weighs nothing.
 template <class TapType, class SampleType, Tag... acceptedTags> struct FirIntegerKind {
   using Tap = TapType;
   using Sample = SampleType;
@@ -178,18 +204,22 @@ struct Fir32s_16s : FirIntegerKind<Zor32s, Zor16s, tag("FI09"), tag("FI11")> {};
 struct Fir32sc_16sc : FirIntegerKind<Zor32sc, Zor16sc, tag("FI10"), tag("FI12")> {};
 
 template <class Kind> Checks firState(Checks checks, const ZorFIRState* state) {
-  return [&]<std::size_t... i>(std::index_sequence<i...>) { return checks.state(state, Kind::tags[i]...); }(std::make_index_sequence<std::size(Kind::tags)>{});
+  return [&]<std::size_t... i>(std::index_sequence<i...>) { return checks.state(state, Kind::tags[i]...); }
+  (std::make_index_sequence<std::size(Kind::tags)>{});
 }
 
-// ---- The block ----------------------------------------------------------------------------------------------------------
+// ---- The block
+// ----------------------------------------------------------------------------------------------------------
 
 inline constexpr Zor32s firChunk = 4224;           // samples that an in-place call takes at a time
 inline constexpr Zor32s firConvertedChunk = 8448;  // the same where samples are converted and an FFT filters them
 inline constexpr Zor32s firTile = 1024;            // samples that are converted at a time
 
-// A block of at most so many samples is filtered inside the delay line's own memory; a longer one leaves at least a vector
-// of outputs to be computed straight from the source.
-template <class Kind> constexpr Zor32s firRows(Zor32s tapsLen) { return (tapsLen + Kind::row - 1) / Kind::row * Kind::row; }
+// A block of at most so many samples is filtered inside the delay line's own memory; a longer one leaves at least a
+// vector of outputs to be computed straight from the source.
+template <class Kind> constexpr Zor32s firRows(Zor32s tapsLen) {
+  return (tapsLen + Kind::row - 1) / Kind::row * Kind::row;
+}
 template <class Kind> constexpr Zor32s firDirectBlock(Zor32s tapsLen) { return firRows<Kind>(tapsLen) + Kind::row - 1; }
 
 // What the FFT path of a filter takes; order 0 and no bytes where there is none.
@@ -201,7 +231,9 @@ template <class Kind> FirFftPlan firFftPlan(Zor32s tapsLen, Zor32s leastTaps = K
   Zor32s o = 2;
   while ((std::int64_t{1} << o) <= tapsLen) ++o;
   FirFftPlan plan{.order = o + 1};
-  if (Kind::Fft::getSize(plan.order, ZOR_FFT_DIVIDE_INVERSE, zorAlgHintNone, &plan.specSize, &plan.initSize, &plan.workSize) != zorStatusOk) return {};
+  if (Kind::Fft::getSize(plan.order, ZOR_FFT_DIVIDE_INVERSE, zorAlgHintNone, &plan.specSize, &plan.initSize,
+                         &plan.workSize) != zorStatusOk)
+    return {};
   plan.fftLen = Zor32s{1} << plan.order;
   return plan;
 }
@@ -217,8 +249,10 @@ template <class Kind> constexpr Zor32s firTileLen(Zor32s tapsLen, bool hasFft) {
   return hasFft ? firDirectBlock<Kind>(tapsLen) : std::max(firTile, firDirectBlock<Kind>(tapsLen));
 }
 template <class Kind> constexpr Zor32s firDlyBlock(Zor32s tapsLen, const FirFftPlan& plan) {
-  if constexpr (Kind::converts) return firTileLen<Kind>(tapsLen, plan.fftLen > 0);
-  else return firDirectBlock<Kind>(tapsLen);
+  if constexpr (Kind::converts)
+    return firTileLen<Kind>(tapsLen, plan.fftLen > 0);
+  else
+    return firDirectBlock<Kind>(tapsLen);
 }
 // Room for the history, which may start at any place of a ring, a block, and a vector that is read and not used.
 template <class Kind> constexpr std::size_t firDlyLineLen(Zor32s tapsLen, Zor32s blockLen) {
@@ -233,8 +267,9 @@ template <class Kind> FirParts layFir(Layout& block, Zor32s tapsLen, const FirFf
   using Value = typename Kind::Value;
   const auto n = static_cast<std::size_t>(tapsLen), fftLen = static_cast<std::size_t>(plan.fftLen);
   const Zor32s tile = firDlyBlock<Kind>(tapsLen, plan);
-  const std::size_t scratch = !Kind::converts     ? firChunk * sizeof(Value)
-                              : plan.fftLen > 0 ? std::max(firConvertedChunk * sizeof(typename Kind::Sample), static_cast<std::size_t>(tile) * sizeof(Value))
+  const std::size_t scratch = !Kind::converts   ? firChunk * sizeof(Value)
+                              : plan.fftLen > 0 ? std::max(firConvertedChunk * sizeof(typename Kind::Sample),
+                                                           static_cast<std::size_t>(tile) * sizeof(Value))
                                                 : static_cast<std::size_t>(tile) * sizeof(Value);
   const auto bytes = [&](Zor32s size) { return block.take<Zor8u>(static_cast<std::size_t>(size)); };
   return {.state = block.take<ZorFIRState>(1),
@@ -251,8 +286,10 @@ template <class Kind> FirParts layFir(Layout& block, Zor32s tapsLen, const FirFf
 
 // The stated size: at least what layFir takes, for every tap count.
 template <class Kind> std::size_t firStateSize(Zor32s tapsLen, const FirFftPlan& plan) {
-  return Kind::size(static_cast<std::size_t>(tapsLen)) + static_cast<std::size_t>(plan.specSize) + static_cast<std::size_t>(plan.initSize) +
-         firRoundedFft(sizeof(typename Kind::Value) * static_cast<std::size_t>(plan.fftLen)) + static_cast<std::size_t>(plan.workSize);
+  return Kind::size(static_cast<std::size_t>(tapsLen)) + static_cast<std::size_t>(plan.specSize) +
+         static_cast<std::size_t>(plan.initSize) +
+         firRoundedFft(sizeof(typename Kind::Value) * static_cast<std::size_t>(plan.fftLen)) +
+         static_cast<std::size_t>(plan.workSize);
 }
 
 // The same of integer arithmetic. A size is stated for the real kinds; that of the complex one is what it holds.
@@ -264,7 +301,12 @@ template <class Kind> FirParts layFirInteger(Layout& block, Zor32s tapsLen) {
           .tapsReversed = block.take<Value>(taps),
           .dlyLine = block.take<Value>(firDlyLineLen<Kind>(tapsLen, firDirectBlock<Kind>(tapsLen))),
           .blockScratch = block.take<Value>(firChunk),
-          .tapsRows = nullptr, .tapsSpectrum = nullptr, .fftBuffer = nullptr, .fftWork = nullptr, .fftSpec = nullptr, .fftInit = nullptr};
+          .tapsRows = nullptr,
+          .tapsSpectrum = nullptr,
+          .fftBuffer = nullptr,
+          .fftWork = nullptr,
+          .fftSpec = nullptr,
+          .fftInit = nullptr};
 }
 template <class Kind> std::size_t firIntegerStateSize(Zor32s tapsLen) {
   if constexpr (FirComplex<typename Kind::Sample>) {
@@ -273,12 +315,19 @@ template <class Kind> std::size_t firIntegerStateSize(Zor32s tapsLen) {
     return block.size();
   } else {
     const auto n = static_cast<std::size_t>(tapsLen);
-    return firDown(sizeof(typename Kind::Tap) * n + 15, 16) + firDown((firDown(n + 11, 8) + 2 * n) * 2 + 23, 16) + ((n + 11) >> 3 << 6) + 17024;
+    return firDown(sizeof(typename Kind::Tap) * n + 15, 16) + firDown((firDown(n + 11, 8) + 2 * n) * 2 + 23, 16) +
+           ((n + 11) >> 3 << 6) + 17024;
   }
 }
 
-template <class Kind> auto* firFftSpec(const ZorFIRState* state) { return static_cast<typename Kind::Fft::Spec*>(state->fftSpec); }
-template <class Kind> auto* firTaps(const ZorFIRState* state) { return static_cast<typename Kind::Value*>(state->tapsReversed); }
-template <class Kind> auto* firDlyLine(const ZorFIRState* state) { return static_cast<typename Kind::Value*>(state->dlyLine); }
+template <class Kind> auto* firFftSpec(const ZorFIRState* state) {
+  return static_cast<typename Kind::Fft::Spec*>(state->fftSpec);
+}
+template <class Kind> auto* firTaps(const ZorFIRState* state) {
+  return static_cast<typename Kind::Value*>(state->tapsReversed);
+}
+template <class Kind> auto* firDlyLine(const ZorFIRState* state) {
+  return static_cast<typename Kind::Value*>(state->dlyLine);
+}
 
 }  // namespace zors

@@ -39,7 +39,8 @@ class Checks {
 
   // work() returns a status, or nothing for success.
   template <class Work> constexpr ZorStatus then(Work&& work) const {
-    if (status_ != zorStatusOk) [[unlikely]] return status_;
+    if (status_ != zorStatusOk) [[unlikely]]
+      return status_;
     if constexpr (std::is_void_v<decltype(work())>) {
       std::forward<Work>(work)();
       return zorStatusOk;

@@ -11,7 +11,8 @@ template <class T> ZorStatus copy(const T* src, T* dst, Zor32s len) {
     constexpr Zor32s size = sizeof(T), mostBytes = 0x7FFFFFE0, splitFrom = Zor32s(0x80000000u / size);
     auto from = reinterpret_cast<const Zor8u*>(src);
     auto to = reinterpret_cast<Zor8u*>(dst);
-    for (; len >= splitFrom; len -= mostBytes / size, from += mostBytes, to += mostBytes) zors::zorsCopy_8u(from, to, mostBytes);
+    for (; len >= splitFrom; len -= mostBytes / size, from += mostBytes, to += mostBytes)
+      zors::zorsCopy_8u(from, to, mostBytes);
     return zors::zorsCopy_8u(from, to, len * size);
   });
 }
@@ -20,8 +21,10 @@ template <class T> ZorStatus copy(const T* src, T* dst, Zor32s len) {
 
 ZorStatus zorsCopy_8u(const Zor8u* src, Zor8u* dst, Zor32s len) {
   return check().pointers(src, dst).size(len).then([&] {
-    if (len < blocks::stringMoveFrom) blocks::moveForward(src, dst, len);
-    else blocks::stringMove(src, dst, static_cast<std::size_t>(len));
+    if (len < blocks::stringMoveFrom)
+      blocks::moveForward(src, dst, len);
+    else
+      blocks::stringMove(src, dst, static_cast<std::size_t>(len));
   });
 }
 ZorStatus zorsCopy_16s(const Zor16s* src, Zor16s* dst, Zor32s len) { return copy(src, dst, len); }

@@ -1,6 +1,7 @@
-// The one loop of the element-wise families: dst[i] = kernel(src[i]...). A kernel takes and gives vectors of L elements.
-// There is no second, scalar version of a kernel: a rest shorter than a vector is a vector that overlaps the one before,
-// and fewer elements than a vector are a vector in part. So a result cannot depend on an element's position.
+// The one loop of the element-wise families: dst[i] = kernel(src[i]...). A kernel takes and gives vectors of L
+// elements. There is no second, scalar version of a kernel: a rest shorter than a vector is a vector that overlaps the
+// one before, and fewer elements than a vector are a vector in part. So a result cannot depend on an element's
+// position.
 #pragma once
 
 #include <algorithm>
@@ -19,7 +20,8 @@ template <int L, class Kernel, class D, class... S>
   simd::storePart(dst, simd::Vec<D, L>(kernel(simd::loadPart<L>(src, len)...)), len);
 }
 
-// How far the first store boundary is from dst, from 1 to L elements. A dst off the element's own size has none: L then.
+// How far the first store boundary is from dst, from 1 to L elements. A dst off the element's own size has none: L
+// then.
 template <int L, class D> ZORS_INLINE std::ptrdiff_t toBoundary(const D* dst) {
   constexpr std::size_t step = std::min<std::size_t>(32, L * sizeof(D));
   const auto past = reinterpret_cast<std::uintptr_t>(dst) % step;
@@ -28,8 +30,8 @@ template <int L, class D> ZORS_INLINE std::ptrdiff_t toBoundary(const D* dst) {
 
 }  // namespace detail
 
-// Returns the kernel with what it has seen, for families that warn; it may see an element twice. In place (dst is a src) the
-// first and the last vector are computed before anything is stored.
+// Returns the kernel with what it has seen, for families that warn; it may see an element twice. In place (dst is a
+// src) the first and the last vector are computed before anything is stored.
 template <int L, class Kernel, class D, class... S>
 [[gnu::flatten]] Kernel map(Kernel kernel, std::ptrdiff_t len, D* dst, const S*... src) {
   using namespace simd;
@@ -44,7 +46,9 @@ template <int L, class Kernel, class D, class... S>
   std::ptrdiff_t i = detail::toBoundary<L>(dst);
   if constexpr (unroll > 1) {
     for (; i <= last - unroll * L; i += unroll * L)
-      unrolled<unroll>([&](auto step) ZORS_INLINE_LAMBDA { store(dst + i + step * L, Vec<D, L>(kernel(load<L>(src + i + step * L)...))); });
+      unrolled<unroll>([&](auto step) ZORS_INLINE_LAMBDA {
+        store(dst + i + step * L, Vec<D, L>(kernel(load<L>(src + i + step * L)...)));
+      });
   }
   for (; i < last; i += L) store(dst + i, Vec<D, L>(kernel(load<L>(src + i)...)));
   store(dst, begin);

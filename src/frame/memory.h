@@ -14,8 +14,8 @@ template <class T> T* alignUp(T* pointer, std::uintptr_t alignment) {
   return reinterpret_cast<T*>(reinterpret_cast<char*>(const_cast<std::remove_const_t<T>*>(pointer)) + padding);
 }
 
-// Work memory aligned to 64 bytes: the caller's buffer, or, where that is null, one that goes with the scope. No memory is
-// needed for 0 bytes. A Scratch is false where the allocation failed.
+// Work memory aligned to 64 bytes: the caller's buffer, or, where that is null, one that goes with the scope. No memory
+// is needed for 0 bytes. A Scratch is false where the allocation failed.
 class Scratch {
  public:
   static constexpr std::size_t alignment = 64;
@@ -48,8 +48,8 @@ class Scratch {
   bool valid_ = true;
 };
 
-// The one account of what an object holds: a function that takes piece after piece from a Layout serves Init, which passes
-// a block, and GetSize, which passes none and asks for size().
+// The one account of what an object holds: a function that takes piece after piece from a Layout serves Init, which
+// passes a block, and GetSize, which passes none and asks for size().
 class Layout {
  public:
   explicit constexpr Layout(std::size_t alignment, Zor8u* block = nullptr)

@@ -6,9 +6,12 @@ namespace zors {
 namespace {
 
 void moveBytes(const Zor8u* src, Zor8u* dst, std::ptrdiff_t bytes) {
-  if (reinterpret_cast<std::uintptr_t>(src) < reinterpret_cast<std::uintptr_t>(dst)) blocks::moveBackward(src, dst, bytes);
-  else if (bytes < blocks::stringMoveFrom) blocks::moveForward(src, dst, bytes);
-  else blocks::stringMove(src, dst, static_cast<std::size_t>(bytes));
+  if (reinterpret_cast<std::uintptr_t>(src) < reinterpret_cast<std::uintptr_t>(dst))
+    blocks::moveBackward(src, dst, bytes);
+  else if (bytes < blocks::stringMoveFrom)
+    blocks::moveForward(src, dst, bytes);
+  else
+    blocks::stringMove(src, dst, static_cast<std::size_t>(bytes));
 }
 
 // The byte count is formed in 32 bits and wraps by contract.

@@ -9,8 +9,8 @@
 namespace zors::simd {
 namespace part {
 
-// Shuffles for n bytes in elements of `size`, of which the first and the last 8, 4, 2 or 1 bytes were read as two adjacent
-// pieces: byte i < n to its place, then the last element again and again.
+// Shuffles for n bytes in elements of `size`, of which the first and the last 8, 4, 2 or 1 bytes were read as two
+// adjacent pieces: byte i < n to its place, then the last element again and again.
 template <int size> consteval auto joinTable() {
   std::array<std::array<Zor8u, 16>, 17> table{};
   for (int n = 1; n <= 16; ++n) {
@@ -34,10 +34,14 @@ template <class Piece> ZORS_INLINE Piece piece(const char* p) {
 // n bytes from 1 to 16, then the last element repeated.
 template <int size> ZORS_INLINE __m128i load16(const char* p, int n) {
   __m128i x;
-  if (n >= 8) x = _mm_set_epi64x(piece<Zor64s>(p + n - 8), piece<Zor64s>(p));
-  else if (n >= 4) x = _mm_insert_epi32(_mm_cvtsi32_si128(piece<Zor32s>(p)), piece<Zor32s>(p + n - 4), 1);
-  else if (n >= 2) x = _mm_cvtsi32_si128(int(piece<Zor16u>(p)) | int(piece<Zor16u>(p + n - 2)) << 16);
-  else x = _mm_cvtsi32_si128(*p);
+  if (n >= 8)
+    x = _mm_set_epi64x(piece<Zor64s>(p + n - 8), piece<Zor64s>(p));
+  else if (n >= 4)
+    x = _mm_insert_epi32(_mm_cvtsi32_si128(piece<Zor32s>(p)), piece<Zor32s>(p + n - 4), 1);
+  else if (n >= 2)
+    x = _mm_cvtsi32_si128(int(piece<Zor16u>(p)) | int(piece<Zor16u>(p + n - 2)) << 16);
+  else
+    x = _mm_cvtsi32_si128(*p);
   return _mm_shuffle_epi8(x, _mm_load_si128(reinterpret_cast<const __m128i*>(joinTables<size>[size_t(n)].data())));
 }
 ZORS_INLINE void store16(char* p, __m128i x, int n) {  // n from 1 to 16
@@ -69,13 +73,13 @@ template <int size> ZORS_INLINE __m256i lastElement(__m128i x) {
   __m128i last = x;
   if constexpr (size < 16) {
     last = _mm_shuffle_epi8(x, _mm_load_si128(reinterpret_cast<const __m128i*>([] {
-      alignas(16) static constexpr auto control = [] {
-        std::array<Zor8u, 16> c{};
-        for (int i = 0; i < 16; ++i) c[size_t(i)] = Zor8u(16 - size + i % size);
-        return c;
-      }();
-      return control.data();
-    }())));
+                              alignas(16) static constexpr auto control = [] {
+                                std::array<Zor8u, 16> c{};
+                                for (int i = 0; i < 16; ++i) c[size_t(i)] = Zor8u(16 - size + i % size);
+                                return c;
+                              }();
+                              return control.data();
+                            }())));
   }
   return _mm256_broadcastsi128_si256(last);
 }

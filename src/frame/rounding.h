@@ -5,12 +5,17 @@
 
 namespace zors {
 
-// Sets the rounding direction, with the invalid-operation exception masked, for the length of a scope. Exceptions that the
-// scope raises stay recorded. The compiler does not know that arithmetic depends on the control word: only work from
-// memory to memory may stand in such a scope.
+// Sets the rounding direction, with the invalid-operation exception masked, for the length of a scope. Exceptions that
+// the scope raises stay recorded. The compiler does not know that arithmetic depends on the control word: only work
+// from memory to memory may stand in such a scope.
 class RoundingScope {
  public:
-  enum Direction : unsigned { nearest = _MM_ROUND_NEAREST, down = _MM_ROUND_DOWN, up = _MM_ROUND_UP, towardZero = _MM_ROUND_TOWARD_ZERO };
+  enum Direction : unsigned {
+    nearest = _MM_ROUND_NEAREST,
+    down = _MM_ROUND_DOWN,
+    up = _MM_ROUND_UP,
+    towardZero = _MM_ROUND_TOWARD_ZERO
+  };
 
   explicit RoundingScope(Direction direction) : RoundingScope(direction, _MM_ROUND_MASK) {}
   ~RoundingScope() {

@@ -14,8 +14,8 @@ template <class D> struct ScaleNone {
   template <class V> ZORS_INLINE auto operator()(V t) const { return simd::saturate<D>(t); }
 };
 
-// t / 2^shift to nearest, ties to even. Nothing is added to t, so nothing overflows; 1 <= shift < width of t. An unsigned t
-// is compared as a signed one below its top bit, which no cut part reaches.
+// t / 2^shift to nearest, ties to even. Nothing is added to t, so nothing overflows; 1 <= shift < width of t. An
+// unsigned t is compared as a signed one below its top bit, which no cut part reaches.
 template <class T, int L, simd::Order O> ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift) {
   using namespace simd;
   using S = std::make_signed_t<T>;
@@ -45,9 +45,12 @@ template <class D> struct ScaleUp {  // t is drawn in to the nearest value that 
 
 // run(scale) with the policy of scaleFactor; a positive one must leave shift within what ScaleDown allows.
 template <class D, class Run> ZORS_INLINE void withScale(Zor32s scaleFactor, Run&& run) {
-  if (scaleFactor == 0) run(ScaleNone<D>{});
-  else if (scaleFactor > 0) run(ScaleDown<D>{scaleFactor});
-  else run(ScaleUp<D>{scaleFactor < -64 ? 64 : -scaleFactor});
+  if (scaleFactor == 0)
+    run(ScaleNone<D>{});
+  else if (scaleFactor > 0)
+    run(ScaleDown<D>{scaleFactor});
+  else
+    run(ScaleUp<D>{scaleFactor < -64 ? 64 : -scaleFactor});
 }
 
 }  // namespace zors

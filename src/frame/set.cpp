@@ -26,13 +26,15 @@ template <class Bits, class T> ZorStatus set(Bits val, T* dst, Zor32s len) {
     const std::ptrdiff_t bytes = std::ptrdiff_t{len} * size;
     const blocks::Pattern pattern{{simd::splatRegister(val)}};
     const auto to = reinterpret_cast<Zor8u*>(dst);
-    if (pastBoundary(dst, size) == 0 && (size == 8 ? itemsExceedCache(len) : exceedsCache(bytes))) blocks::fillStreaming(to, pattern, bytes);
-    else blocks::fill(to, pattern, bytes);
+    if (pastBoundary(dst, size) == 0 && (size == 8 ? itemsExceedCache(len) : exceedsCache(bytes)))
+      blocks::fillStreaming(to, pattern, bytes);
+    else
+      blocks::fill(to, pattern, bytes);
   });
 }
 
-// 16-byte items know the caches of one vendor only and do not use the service library. From a destination at half an item
-// the halves of the pattern change places and one item fewer is aligned.
+// 16-byte items know the caches of one vendor only and do not use the service library. From a destination at half an
+// item the halves of the pattern change places and one item fewer is aligned.
 void setPairs(__m128i val, Zor8u* dst, Zor32s len) {
   constexpr Zor32s askAbove = 0x10000;
   const std::ptrdiff_t past = pastBoundary(dst, 16), bytes = std::ptrdiff_t{len} * 16;

@@ -10,18 +10,25 @@ namespace {
 enum class Passed { pointer, integer, floating, integerPair, floatPair, nothing };
 
 template <class T> consteval Passed passed() {
-  if constexpr (std::is_void_v<T>) return Passed::nothing;
-  else if constexpr (std::is_pointer_v<T>) return Passed::pointer;
-  else if constexpr (std::is_integral_v<T>) return Passed::integer;
-  else if constexpr (std::is_floating_point_v<T>) return Passed::floating;
-  else return std::is_integral_v<decltype(T::re)> ? Passed::integerPair : Passed::floatPair;
+  if constexpr (std::is_void_v<T>)
+    return Passed::nothing;
+  else if constexpr (std::is_pointer_v<T>)
+    return Passed::pointer;
+  else if constexpr (std::is_integral_v<T>)
+    return Passed::integer;
+  else if constexpr (std::is_floating_point_v<T>)
+    return Passed::floating;
+  else
+    return std::is_integral_v<decltype(T::re)> ? Passed::integerPair : Passed::floatPair;
 }
 
 // Parts of one 8-byte word travel in one register of their class, whatever they are inside.
 template <class A, class B> consteval bool alike() {
   constexpr Passed a = passed<A>(), b = passed<B>();
-  if constexpr (a == Passed::nothing || b == Passed::nothing) return a == b;
-  else if constexpr (a == Passed::pointer || b == Passed::pointer) return a == b;
+  if constexpr (a == Passed::nothing || b == Passed::nothing)
+    return a == b;
+  else if constexpr (a == Passed::pointer || b == Passed::pointer)
+    return a == b;
   else {
     constexpr bool floatA = a == Passed::floating || a == Passed::floatPair;
     constexpr bool floatB = b == Passed::floating || b == Passed::floatPair;
@@ -30,12 +37,15 @@ template <class A, class B> consteval bool alike() {
 }
 
 template <class R1, class... A1, class R2, class... A2> consteval bool calledAlike(R1 (*)(A1...), R2 (*)(A2...)) {
-  if constexpr (sizeof...(A1) != sizeof...(A2)) return false;
-  else return alike<R1, R2>() && (alike<A1, A2>() && ...);
+  if constexpr (sizeof...(A1) != sizeof...(A2))
+    return false;
+  else
+    return alike<R1, R2>() && (alike<A1, A2>() && ...);
 }
 
 #define EXPORT(name)
-#define SHARED(name, as) static_assert(calledAlike(static_cast<decltype(&::name)>(nullptr), static_cast<decltype(&::as)>(nullptr)));
+#define SHARED(name, as) \
+  static_assert(calledAlike(static_cast<decltype(&::name)>(nullptr), static_cast<decltype(&::as)>(nullptr)));
 #include "frame/exports.def"
 #undef EXPORT
 #undef SHARED

@@ -1,6 +1,6 @@
-// Vectors: Vec<T, L> is L elements of type T in as many 256-bit registers as they need, so that one kernel serves a type and
-// the wider type that it computes in; a larger L is the unrolled kernel. Every operation is one line that names its
-// instruction, with what is not obvious beside it. Floating-point operations round in the current direction.
+// Vectors: Vec<T, L> is L elements of type T in as many 256-bit registers as they need, so that one kernel serves a
+// type and the wider type that it computes in; a larger L is the unrolled kernel. Every operation is one line that
+// names its instruction, with what is not obvious beside it. Floating-point operations round in the current direction.
 #pragma once
 
 #include <immintrin.h>
@@ -19,7 +19,8 @@
 
 namespace zors::simd {
 
-// ---- Registers ----------------------------------------------------------------------------------------------------------
+// ---- Registers
+// ----------------------------------------------------------------------------------------------------------
 
 template <class T> struct RegisterOf { using type = __m256i; };
 template <> struct RegisterOf<Zor32f> { using type = __m256; };
@@ -45,30 +46,40 @@ template <class T> inline constexpr int lanesOf = 32 / int{sizeof(T)};  // in on
 
 // f(0), f(1), ... f(n - 1) with constants as arguments: the only register loop, unrolled by construction.
 template <int n, class F> ZORS_INLINE void unrolled(F&& f) {
-  [&]<int... i>(std::integer_sequence<int, i...>) ZORS_INLINE_LAMBDA { (f(std::integral_constant<int, i>{}), ...); }(std::make_integer_sequence<int, n>{});
+  [&]<int... i>(std::integer_sequence<int, i...>) ZORS_INLINE_LAMBDA { (f(std::integral_constant<int, i>{}), ...); }
+  (std::make_integer_sequence<int, n>{});
 }
 // A vector of type V whose register i is f(i).
 template <class V, class F> ZORS_INLINE V build(F&& f) {
-  return [&]<int... i>(std::integer_sequence<int, i...>) ZORS_INLINE_LAMBDA { return V{{f(std::integral_constant<int, i>{})...}}; }(
-      std::make_integer_sequence<int, V::registers>{});
+  return [&]<int... i>(std::integer_sequence<int, i...>) ZORS_INLINE_LAMBDA {
+    return V{{f(std::integral_constant<int, i>{})...}};
+  }
+  (std::make_integer_sequence<int, V::registers>{});
 }
 
-// ---- Loads, stores, constants -------------------------------------------------------------------------------------------
+// ---- Loads, stores, constants
+// -------------------------------------------------------------------------------------------
 
 template <int L, class T> ZORS_INLINE Vec<T, L> load(const T* p) {
   return build<Vec<T, L>>([&](auto i) ZORS_INLINE_LAMBDA {
     const void* at = reinterpret_cast<const char*>(p) + 32 * i;
-    if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256>) return _mm256_loadu_ps(static_cast<const float*>(at));
-    else if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256d>) return _mm256_loadu_pd(static_cast<const double*>(at));
-    else return _mm256_loadu_si256(static_cast<const __m256i*>(at));
+    if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256>)
+      return _mm256_loadu_ps(static_cast<const float*>(at));
+    else if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256d>)
+      return _mm256_loadu_pd(static_cast<const double*>(at));
+    else
+      return _mm256_loadu_si256(static_cast<const __m256i*>(at));
   });
 }
 template <class T, int L> ZORS_INLINE void store(T* p, Vec<T, L> x) {
   unrolled<Vec<T, L>::registers>([&](auto i) ZORS_INLINE_LAMBDA {
     void* at = reinterpret_cast<char*>(p) + 32 * i;
-    if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256>) _mm256_storeu_ps(static_cast<float*>(at), x.r[i]);
-    else if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256d>) _mm256_storeu_pd(static_cast<double*>(at), x.r[i]);
-    else _mm256_storeu_si256(static_cast<__m256i*>(at), x.r[i]);
+    if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256>)
+      _mm256_storeu_ps(static_cast<float*>(at), x.r[i]);
+    else if constexpr (std::is_same_v<typename RegisterOf<T>::type, __m256d>)
+      _mm256_storeu_pd(static_cast<double*>(at), x.r[i]);
+    else
+      _mm256_storeu_si256(static_cast<__m256i*>(at), x.r[i]);
   });
 }
 
@@ -79,16 +90,22 @@ template <class V> ZORS_INLINE V held(V x) {
 }
 
 ZORS_INLINE __m256i splatRegister(std::integral auto value) {
-  if constexpr (sizeof value == 1) return _mm256_set1_epi8(static_cast<char>(value));
-  else if constexpr (sizeof value == 2) return _mm256_set1_epi16(static_cast<short>(value));
-  else if constexpr (sizeof value == 4) return _mm256_set1_epi32(static_cast<int>(value));
-  else return _mm256_set1_epi64x(static_cast<long long>(value));
+  if constexpr (sizeof value == 1)
+    return _mm256_set1_epi8(static_cast<char>(value));
+  else if constexpr (sizeof value == 2)
+    return _mm256_set1_epi16(static_cast<short>(value));
+  else if constexpr (sizeof value == 4)
+    return _mm256_set1_epi32(static_cast<int>(value));
+  else
+    return _mm256_set1_epi64x(static_cast<long long>(value));
 }
 ZORS_INLINE __m256 splatRegister(Zor32f value) { return _mm256_set1_ps(value); }
 ZORS_INLINE __m256d splatRegister(Zor64f value) { return _mm256_set1_pd(value); }
 ZORS_INLINE __m256i splatRegister(Zor16sc value) { return _mm256_set1_epi32(std::bit_cast<int>(value)); }
 ZORS_INLINE __m256i splatRegister(Zor32sc value) { return _mm256_set1_epi64x(std::bit_cast<long long>(value)); }
-ZORS_INLINE __m256 splatRegister(Zor32fc value) { return _mm256_castpd_ps(_mm256_set1_pd(std::bit_cast<double>(value))); }
+ZORS_INLINE __m256 splatRegister(Zor32fc value) {
+  return _mm256_castpd_ps(_mm256_set1_pd(std::bit_cast<double>(value)));
+}
 ZORS_INLINE __m256d splatRegister(Zor64fc value) { return _mm256_setr_pd(value.re, value.im, value.re, value.im); }
 
 // All lanes val.
@@ -96,26 +113,29 @@ template <class V> ZORS_INLINE V splat(typename V::Element val) {
   const auto r = splatRegister(val);
   return build<V>([&](auto) ZORS_INLINE_LAMBDA { return r; });
 }
-template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> same(Vec<T, L, O>, std::type_identity_t<T> val) { return splat<Vec<T, L, O>>(val); }
+template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> same(Vec<T, L, O>, std::type_identity_t<T> val) {
+  return splat<Vec<T, L, O>>(val);
+}
 
-// ---- Operations, one line each ------------------------------------------------------------------------------------------
+// ---- Operations, one line each
+// ------------------------------------------------------------------------------------------
 
-#define ZORS_OP1(name, T, instruction)                                                    \
-  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a) {               \
-    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i]); });             \
+#define ZORS_OP1(name, T, instruction)                                                          \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a) {                     \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i]); }); \
   }
-#define ZORS_OP(name, T, instruction)                                                     \
-  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b) { \
-    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], b.r[i]); });     \
+#define ZORS_OP(name, T, instruction)                                                                   \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b) {             \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], b.r[i]); }); \
   }
-#define ZORS_OP3(name, T, instruction)                                                    \
-  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b, Vec<T, L, O> c) { \
+#define ZORS_OP3(name, T, instruction)                                                                          \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b, Vec<T, L, O> c) {     \
     return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], b.r[i], c.r[i]); }); \
   }
-#define ZORS_SHIFT(name, T, instruction)                                                  \
-  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, int count) {    \
-    const __m128i counts = _mm_cvtsi32_si128(count);                                      \
-    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], counts); });     \
+#define ZORS_SHIFT(name, T, instruction)                                                                \
+  template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, int count) {                  \
+    const __m128i counts = _mm_cvtsi32_si128(count);                                                    \
+    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i], counts); }); \
   }
 
 ZORS_OP(add, Zor8u, _mm256_add_epi8)  // integers: modular
@@ -211,27 +231,32 @@ ZORS_SHIFT(shiftLeft, Zor64u, _mm256_sll_epi64)
 #undef ZORS_OP3
 #undef ZORS_SHIFT
 
-// ---- Bits ---------------------------------------------------------------------------------------------------------------
+// ---- Bits
+// ---------------------------------------------------------------------------------------------------------------
 
 // The registers of a vector as bits, and back.
 ZORS_INLINE __m256i bits(__m256i x) { return x; }
 ZORS_INLINE __m256i bits(__m256 x) { return _mm256_castps_si256(x); }
 ZORS_INLINE __m256i bits(__m256d x) { return _mm256_castpd_si256(x); }
 template <class R> ZORS_INLINE R fromBits(__m256i x) {
-  if constexpr (std::is_same_v<R, __m256>) return _mm256_castsi256_ps(x);
-  else if constexpr (std::is_same_v<R, __m256d>) return _mm256_castsi256_pd(x);
-  else return x;
+  if constexpr (std::is_same_v<R, __m256>)
+    return _mm256_castsi256_ps(x);
+  else if constexpr (std::is_same_v<R, __m256d>)
+    return _mm256_castsi256_pd(x);
+  else
+    return x;
 }
 // The same bits, taken as elements of type N.
 template <class N, class T, int L, Order O> ZORS_INLINE auto as(Vec<T, L, O> x) {
-  using V = Vec<N, L * int{sizeof(T)} / int{sizeof(N)}, O>;
+  using V = Vec<N, L* int{sizeof(T)} / int{sizeof(N)}, O>;
   return build<V>([&](auto i) ZORS_INLINE_LAMBDA { return fromBits<typename V::Register>(bits(x.r[i])); });
 }
 
-#define ZORS_BITS(name, instruction)                                                                            \
-  template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b) {            \
-    using R = typename Vec<T, L, O>::Register;                                                                  \
-    return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return fromBits<R>(instruction(bits(a.r[i]), bits(b.r[i]))); }); \
+#define ZORS_BITS(name, instruction)                                                                      \
+  template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a, Vec<T, L, O> b) {      \
+    using R = typename Vec<T, L, O>::Register;                                                            \
+    return build<Vec<T, L, O>>(                                                                           \
+        [&](auto i) ZORS_INLINE_LAMBDA { return fromBits<R>(instruction(bits(a.r[i]), bits(b.r[i]))); }); \
   }
 ZORS_BITS(both, _mm256_and_si256)
 ZORS_BITS(either, _mm256_or_si256)
@@ -245,21 +270,25 @@ template <int L> ZORS_INLINE Vec<Zor32f, L> ordered(Vec<Zor32f, L> x) {
 }
 
 // Where mask is all ones b, where it is 0 a; a mask lane is of the vector's width.
-template <class T, class M, int L, Order O> ZORS_INLINE Vec<T, L, O> select(Vec<M, L, O> mask, Vec<T, L, O> a, Vec<T, L, O> b) {
+template <class T, class M, int L, Order O>
+ZORS_INLINE Vec<T, L, O> select(Vec<M, L, O> mask, Vec<T, L, O> a, Vec<T, L, O> b) {
   static_assert(sizeof(T) == sizeof(M));
   using R = typename Vec<T, L, O>::Register;
-  return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return fromBits<R>(_mm256_blendv_epi8(bits(a.r[i]), bits(b.r[i]), bits(mask.r[i]))); });
+  return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return fromBits<R>(_mm256_blendv_epi8(bits(a.r[i]), bits(b.r[i]), bits(mask.r[i])));
+  });
 }
 
-// ---- Widening and narrowing ---------------------------------------------------------------------------------------------
+// ---- Widening and narrowing
+// ---------------------------------------------------------------------------------------------
 
 // Two registers for one, unpacked within 128-bit halves: the signed by their sign, the unsigned by zeros.
-#define ZORS_WIDEN(N, W, suffix, highPart)                                                             \
-  template <int L> ZORS_INLINE Split<W, L> widen(Vec<N, L> x) {                                        \
-    return build<Split<W, L>>([&](auto i) ZORS_INLINE_LAMBDA {                                         \
-      const __m256i low = x.r[i / 2], high = highPart;                                                 \
-      return i % 2 == 0 ? _mm256_unpacklo_##suffix(low, high) : _mm256_unpackhi_##suffix(low, high);   \
-    });                                                                                                \
+#define ZORS_WIDEN(N, W, suffix, highPart)                                                           \
+  template <int L> ZORS_INLINE Split<W, L> widen(Vec<N, L> x) {                                      \
+    return build<Split<W, L>>([&](auto i) ZORS_INLINE_LAMBDA {                                       \
+      const __m256i low = x.r[i / 2], high = highPart;                                               \
+      return i % 2 == 0 ? _mm256_unpacklo_##suffix(low, high) : _mm256_unpackhi_##suffix(low, high); \
+    });                                                                                              \
   }
 ZORS_WIDEN(Zor8u, Zor16s, epi8, _mm256_setzero_si256())
 ZORS_WIDEN(Zor8s, Zor16s, epi8, _mm256_cmpgt_epi8(_mm256_setzero_si256(), low))
@@ -270,9 +299,10 @@ ZORS_WIDEN(Zor32s, Zor64s, epi32, _mm256_srai_epi32(low, 31))
 #undef ZORS_WIDEN
 
 // Back to one register for two, saturated, memory order again.
-#define ZORS_SATURATE(W, N, instruction)                                                       \
-  template <class D, int L> requires std::is_same_v<D, N> ZORS_INLINE Vec<N, L> saturate(Split<W, L> x) { \
-    return build<Vec<N, L>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(x.r[2 * i], x.r[2 * i + 1]); });   \
+#define ZORS_SATURATE(W, N, instruction)                                                                         \
+  template <class D, int L>                                                                                      \
+  requires std::is_same_v<D, N> ZORS_INLINE Vec<N, L> saturate(Split<W, L> x) {                                  \
+    return build<Vec<N, L>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(x.r[2 * i], x.r[2 * i + 1]); }); \
   }
 ZORS_SATURATE(Zor16s, Zor8u, _mm256_packus_epi16)
 ZORS_SATURATE(Zor16s, Zor8s, _mm256_packs_epi16)
@@ -281,14 +311,15 @@ ZORS_SATURATE(Zor32s, Zor16u, _mm256_packus_epi32)
 #undef ZORS_SATURATE
 
 // The same from memory order.
-template <class D, class W, int L> requires(sizeof(W) == 2 * sizeof(D)) ZORS_INLINE Vec<D, L> saturate(Vec<W, L> x) {
-  const Vec<D, L> halves = saturate<D>(Split<W, L>(build<Split<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return x.r[i]; })));
+template <class D, class W, int L>
+requires(sizeof(W) == 2 * sizeof(D)) ZORS_INLINE Vec<D, L> saturate(Vec<W, L> x) {
+  const Vec<D, L> halves =
+      saturate<D>(Split<W, L>(build<Split<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return x.r[i]; })));
   return build<Vec<D, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute4x64_epi64(halves.r[i], 0xD8); });
 }
 // Two steps down: 32 to 8 bits.
-template <class D, int L> requires(sizeof(D) == 1) ZORS_INLINE Vec<D, L> saturate(Vec<Zor32s, L> x) {
-  return saturate<D>(saturate<Zor16s>(x));
-}
+template <class D, int L>
+requires(sizeof(D) == 1) ZORS_INLINE Vec<D, L> saturate(Vec<Zor32s, L> x) { return saturate<D>(saturate<Zor16s>(x)); }
 
 // Elements i * 32 / sizeof(W) on, for register i of a vector of the wider type W: they stand at the bottom.
 template <class W, class N, int L> ZORS_INLINE __m128i lowPart(Vec<N, L> x, int i) {
@@ -297,16 +328,21 @@ template <class W, class N, int L> ZORS_INLINE __m128i lowPart(Vec<N, L> x, int 
   const int part = i % ratio;
   const __m128i half = part < ratio / 2 ? _mm256_castsi256_si128(r) : _mm256_extracti128_si256(r, 1);
   switch (part % (ratio / 2) * 8 / (ratio / 2)) {  // quarters of the half that is left, in 2 bytes
-    case 0: return half;
-    case 2: return _mm_srli_si128(half, 4);
-    case 4: return _mm_srli_si128(half, 8);
-    default: return _mm_srli_si128(half, 12);
+    case 0:
+      return half;
+    case 2:
+      return _mm_srli_si128(half, 4);
+    case 4:
+      return _mm_srli_si128(half, 8);
+    default:
+      return _mm_srli_si128(half, 12);
   }
 }
 // Wider elements in memory order: the signed by their sign, the unsigned by zeros.
-#define ZORS_EXTEND(N, W, instruction)                                                                     \
-  template <class D, int L> requires std::is_same_v<D, W> ZORS_INLINE Vec<W, L> extend(Vec<N, L> x) {      \
-    return build<Vec<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(lowPart<W>(x, i)); });     \
+#define ZORS_EXTEND(N, W, instruction)                                                                 \
+  template <class D, int L>                                                                            \
+  requires std::is_same_v<D, W> ZORS_INLINE Vec<W, L> extend(Vec<N, L> x) {                            \
+    return build<Vec<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(lowPart<W>(x, i)); }); \
   }
 ZORS_EXTEND(Zor8s, Zor16s, _mm256_cvtepi8_epi16)
 ZORS_EXTEND(Zor8s, Zor32s, _mm256_cvtepi8_epi32)
@@ -316,7 +352,8 @@ ZORS_EXTEND(Zor16u, Zor32s, _mm256_cvtepu16_epi32)
 ZORS_EXTEND(Zor32s, Zor64s, _mm256_cvtepi32_epi64)
 #undef ZORS_EXTEND
 
-// ---- Across lanes -------------------------------------------------------------------------------------------------------
+// ---- Across lanes
+// -------------------------------------------------------------------------------------------------------
 
 // The sum of a register's lanes, by halves: lanes half a register apart first.
 ZORS_INLINE Zor32f sumOfLanes(Vec<Zor32f, 8> x) {
@@ -329,7 +366,8 @@ ZORS_INLINE Zor64f sumOfLanes(Vec<Zor64f, 4> x) {
   return _mm_cvtsd_f64(_mm_add_sd(two, _mm_unpackhi_pd(two, two)));
 }
 
-// ---- Complex elements ---------------------------------------------------------------------------------------------------
+// ---- Complex elements
+// ---------------------------------------------------------------------------------------------------
 
 // The real parts of two registers' pairs, or the imaginary ones, memory order.
 template <int part, int L> ZORS_INLINE Vec<Zor32f, L> partOf(Vec<Zor32fc, L> z) {
@@ -345,7 +383,9 @@ template <int part, int L> ZORS_INLINE Vec<Zor64f, L> partOf(Vec<Zor64fc, L> z) 
 }
 template <int part, int L> ZORS_INLINE Vec<Zor16s, L> partOf(Vec<Zor16sc, L> z) {
   return build<Vec<Zor16s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    const auto words = [&](__m256i x) ZORS_INLINE_LAMBDA { return part == 0 ? _mm256_srai_epi32(_mm256_slli_epi32(x, 16), 16) : _mm256_srai_epi32(x, 16); };
+    const auto words = [&](__m256i x) ZORS_INLINE_LAMBDA {
+      return part == 0 ? _mm256_srai_epi32(_mm256_slli_epi32(x, 16), 16) : _mm256_srai_epi32(x, 16);
+    };
     return _mm256_permute4x64_epi64(_mm256_packs_epi32(words(z.r[2 * i]), words(z.r[2 * i + 1])), 0xD8);
   });
 }
@@ -355,24 +395,28 @@ template <class V> ZORS_INLINE auto imagPart(V z) { return partOf<1>(z); }
 // Pairs from two vectors.
 template <int L> ZORS_INLINE Vec<Zor32fc, L> toComplex(Vec<Zor32f, L> re, Vec<Zor32f, L> im) {
   return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    const __m256 low = _mm256_unpacklo_ps(re.r[i / 2], im.r[i / 2]), high = _mm256_unpackhi_ps(re.r[i / 2], im.r[i / 2]);
+    const __m256 low = _mm256_unpacklo_ps(re.r[i / 2], im.r[i / 2]),
+                 high = _mm256_unpackhi_ps(re.r[i / 2], im.r[i / 2]);
     return _mm256_permute2f128_ps(low, high, i % 2 == 0 ? 0x20 : 0x31);
   });
 }
 template <int L> ZORS_INLINE Vec<Zor64fc, L> toComplex(Vec<Zor64f, L> re, Vec<Zor64f, L> im) {
   return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    const __m256d low = _mm256_unpacklo_pd(re.r[i / 2], im.r[i / 2]), high = _mm256_unpackhi_pd(re.r[i / 2], im.r[i / 2]);
+    const __m256d low = _mm256_unpacklo_pd(re.r[i / 2], im.r[i / 2]),
+                  high = _mm256_unpackhi_pd(re.r[i / 2], im.r[i / 2]);
     return _mm256_permute2f128_pd(low, high, i % 2 == 0 ? 0x20 : 0x31);
   });
 }
 template <int L> ZORS_INLINE Vec<Zor16sc, L> toComplex(Vec<Zor16s, L> re, Vec<Zor16s, L> im) {
   return build<Vec<Zor16sc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    const __m256i low = _mm256_unpacklo_epi16(re.r[i / 2], im.r[i / 2]), high = _mm256_unpackhi_epi16(re.r[i / 2], im.r[i / 2]);
+    const __m256i low = _mm256_unpacklo_epi16(re.r[i / 2], im.r[i / 2]),
+                  high = _mm256_unpackhi_epi16(re.r[i / 2], im.r[i / 2]);
     return _mm256_permute2x128_si256(low, high, i % 2 == 0 ? 0x20 : 0x31);
   });
 }
 
-// Pairwise products: t1 = round(b.im * a.im), t2 = round(b.im * a.re), re = fma(b.re, a.re, -t1), im = fma(b.re, a.im, t2).
+// Pairwise products: t1 = round(b.im * a.im), t2 = round(b.im * a.re), re = fma(b.re, a.re, -t1), im = fma(b.re, a.im,
+// t2).
 template <int L> ZORS_INLINE Vec<Zor32fc, L> mul(Vec<Zor32fc, L> a, Vec<Zor32fc, L> b) {
   return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
     const __m256 swapped = _mm256_permute_ps(a.r[i], 0xB1);
@@ -382,16 +426,20 @@ template <int L> ZORS_INLINE Vec<Zor32fc, L> mul(Vec<Zor32fc, L> a, Vec<Zor32fc,
 template <int L> ZORS_INLINE Vec<Zor64fc, L> mul(Vec<Zor64fc, L> a, Vec<Zor64fc, L> b) {
   return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
     const __m256d swapped = _mm256_permute_pd(a.r[i], 0x5);
-    return _mm256_fmaddsub_pd(_mm256_movedup_pd(b.r[i]), a.r[i], _mm256_mul_pd(_mm256_permute_pd(b.r[i], 0xF), swapped));
+    return _mm256_fmaddsub_pd(_mm256_movedup_pd(b.r[i]), a.r[i],
+                              _mm256_mul_pd(_mm256_permute_pd(b.r[i], 0xF), swapped));
   });
 }
 
 // Floats change the sign bit, of zeros and NaN too; 16-bit parts negate with saturation.
 template <int L> ZORS_INLINE Vec<Zor32fc, L> conjugate(Vec<Zor32fc, L> z) {
-  return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_xor_ps(z.r[i], _mm256_castsi256_ps(_mm256_set1_epi64x(INT64_MIN))); });
+  return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_xor_ps(z.r[i], _mm256_castsi256_ps(_mm256_set1_epi64x(INT64_MIN)));
+  });
 }
 template <int L> ZORS_INLINE Vec<Zor64fc, L> conjugate(Vec<Zor64fc, L> z) {
-  return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_xor_pd(z.r[i], _mm256_setr_pd(0.0, -0.0, 0.0, -0.0)); });
+  return build<Vec<Zor64fc, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_xor_pd(z.r[i], _mm256_setr_pd(0.0, -0.0, 0.0, -0.0)); });
 }
 template <int L> ZORS_INLINE Vec<Zor16sc, L> conjugate(Vec<Zor16sc, L> z) {
   return build<Vec<Zor16sc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
@@ -404,8 +452,10 @@ template <class T, int L> ZORS_INLINE Vec<T, L> reversed(Vec<T, L> x) {
   using V = Vec<T, L>;
   return build<V>([&](auto i) ZORS_INLINE_LAMBDA {
     const __m256i r = bits(x.r[V::registers - 1 - i]);
-    if constexpr (sizeof(T) == 4) return fromBits<typename V::Register>(_mm256_permutevar8x32_epi32(r, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0)));
-    else if constexpr (sizeof(T) == 8) return fromBits<typename V::Register>(_mm256_permute4x64_epi64(r, 0x1B));
+    if constexpr (sizeof(T) == 4)
+      return fromBits<typename V::Register>(_mm256_permutevar8x32_epi32(r, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0)));
+    else if constexpr (sizeof(T) == 8)
+      return fromBits<typename V::Register>(_mm256_permute4x64_epi64(r, 0x1B));
     else {
       static_assert(sizeof(T) == 16);
       return fromBits<typename V::Register>(_mm256_permute4x64_epi64(r, 0x4E));
@@ -413,12 +463,14 @@ template <class T, int L> ZORS_INLINE Vec<T, L> reversed(Vec<T, L> x) {
   });
 }
 
-// ---- Integer and float --------------------------------------------------------------------------------------------------
+// ---- Integer and float
+// --------------------------------------------------------------------------------------------------
 
 template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor32s, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtepi32_ps(x.r[i]); });
 }
-template <class N, int L> requires(sizeof(N) < 4) ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<N, L> x) { return toFloat(extend<Zor32s>(x)); }
+template <class N, int L>
+requires(sizeof(N) < 4) ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<N, L> x) { return toFloat(extend<Zor32s>(x)); }
 template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor64f, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
     return _mm256_set_m128(_mm256_cvtpd_ps(x.r[2 * i + 1]), _mm256_cvtpd_ps(x.r[2 * i]));
@@ -431,7 +483,8 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32f, L> x) {  // exa
 }
 template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32s, L> x) {  // exact
   return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    return _mm256_cvtepi32_pd(i % 2 == 0 ? _mm256_castsi256_si128(x.r[i / 2]) : _mm256_extracti128_si256(x.r[i / 2], 1));
+    return _mm256_cvtepi32_pd(i % 2 == 0 ? _mm256_castsi256_si128(x.r[i / 2])
+                                         : _mm256_extracti128_si256(x.r[i / 2], 1));
   });
 }
 template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor16s, L> x) { return toDouble(extend<Zor32s>(x)); }

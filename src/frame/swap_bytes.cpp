@@ -10,8 +10,10 @@ namespace {
 
 template <int size> struct SwapBytes {
   template <class V> ZORS_INLINE V operator()(V x) const {
-    const __m256i lane = _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));
-    const __m256i control = _mm256_xor_si256(lane, _mm256_set1_epi8(size - 1));  // within an element i becomes size - 1 - i
+    const __m256i lane =
+        _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));
+    const __m256i control =
+        _mm256_xor_si256(lane, _mm256_set1_epi8(size - 1));  // within an element i becomes size - 1 - i
     return simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_shuffle_epi8(x.r[i], control); });
   }
 };
@@ -20,16 +22,20 @@ template <class T> ZorStatus swapBytes(const T* src, T* dst, Zor32s len) {
   return check().pointers(src, dst).size(len).then([&] { map<block<T>>(SwapBytes<sizeof(T)>{}, len, dst, src); });
 }
 
-// Groups of 20 elements, each in four 15-byte parts. The first three are stored with a byte too many, which the next part
-// overwrites; the last is read one byte before its start and written in two pieces. So a group touches its 60 bytes only.
+// Groups of 20 elements, each in four 15-byte parts. The first three are stored with a byte too many, which the next
+// part overwrites; the last is read one byte before its start and written in two pieces. So a group touches its 60
+// bytes only.
 constexpr std::ptrdiff_t group = 60;
-struct Group { __m128i part[4]; };
+struct Group {
+  __m128i part[4];
+};
 
 ZORS_INLINE Group loadSwapped(const Zor8u* p) {
   const __m128i swap = _mm_setr_epi8(2, 1, 0, 5, 4, 3, 8, 7, 6, 11, 10, 9, 14, 13, 12, 15);
   const __m128i swapLast = _mm_setr_epi8(3, 2, 1, 6, 5, 4, 9, 8, 7, 12, 11, 10, 15, 14, 13, 0);
   const auto load = [p](int at) ZORS_INLINE_LAMBDA { return blocks::loadPiece<16>(p + at); };
-  return {{_mm_shuffle_epi8(load(0), swap), _mm_shuffle_epi8(load(15), swap), _mm_shuffle_epi8(load(30), swap), _mm_shuffle_epi8(load(44), swapLast)}};
+  return {{_mm_shuffle_epi8(load(0), swap), _mm_shuffle_epi8(load(15), swap), _mm_shuffle_epi8(load(30), swap),
+           _mm_shuffle_epi8(load(44), swapLast)}};
 }
 ZORS_INLINE void storeGroup(Zor8u* p, const Group& x) {
   for (int i = 0; i < 3; ++i) blocks::storePiece(p + 15 * i, x.part[i]);

@@ -5,7 +5,8 @@
 namespace zors {
 namespace {
 
-constexpr ZorLibraryVersion version = {8, 2, 3, 48108, {'l', '9', 0, 0}, "zorSP AVX2 (l9)", "8.2.3 (r48108)", "Jul 23 2015"};
+constexpr ZorLibraryVersion version = {
+    8, 2, 3, 48108, {'l', '9', 0, 0}, "zorSP AVX2 (l9)", "8.2.3 (r48108)", "Jul 23 2015"};
 
 // Whether the processor has what this build is made for. Kept for debuggers: no operation reads it.
 volatile int processorFits;

@@ -12,8 +12,10 @@ template <class T> ZorStatus zero(T* dst, Zor32s len) {
     const auto bytes = static_cast<Zor32s>(static_cast<Zor32u>(len) * Zor32u{sizeof(T)});
     const auto to = reinterpret_cast<Zor8u*>(dst);
     const blocks::Pattern zeros{};
-    if (exceedsCache(bytes)) blocks::fillStreaming(to, zeros, bytes);
-    else blocks::fill(to, zeros, bytes);
+    if (exceedsCache(bytes))
+      blocks::fillStreaming(to, zeros, bytes);
+    else
+      blocks::fill(to, zeros, bytes);
   });
 }
 

@@ -11,29 +11,40 @@ namespace {
 using namespace simd;
 
 template <int L> ZORS_INLINE Vec<Zor32s, L> below(Vec<Zor32f, L> a, Vec<Zor32f, L> b) {  // -1 where a < b
-  return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_castps_si256(_mm256_cmp_ps(a.r[i], b.r[i], _CMP_LT_OQ)); });
+  return build<Vec<Zor32s, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_castps_si256(_mm256_cmp_ps(a.r[i], b.r[i], _CMP_LT_OQ)); });
 }
 
-// What a pair of neighbours contributes, to be subtracted from the count: vectors and single elements alike. The three-valued
-// sign of a NaN is 0.
+// What a pair of neighbours contributes, to be subtracted from the count: vectors and single elements alike. The
+// three-valued sign of a NaN is 0.
 struct ProductNegative {
   template <int L> ZORS_INLINE Vec<Zor16s, L> operator()(Vec<Zor16s, L> x, Vec<Zor16s, L> y) const {
     const auto zero = same(x, 0);
     return either(both(above(zero, x), above(y, zero)), both(above(x, zero), above(zero, y)));
   }
-  template <int L> ZORS_INLINE Vec<Zor32s, L> operator()(Vec<Zor32f, L> x, Vec<Zor32f, L> y) const { return below(mul(x, y), same(x, 0)); }
+  template <int L> ZORS_INLINE Vec<Zor32s, L> operator()(Vec<Zor32f, L> x, Vec<Zor32f, L> y) const {
+    return below(mul(x, y), same(x, 0));
+  }
   int operator()(Zor16s x, Zor16s y) const { return -(x * y < 0); }
   int operator()(Zor32f x, Zor32f y) const { return -(x * y < 0); }
 };
 struct SignsDiffer {
-  template <int L> ZORS_INLINE Vec<Zor16s, L> operator()(Vec<Zor16s, L> x, Vec<Zor16s, L> y) const { return shiftRight(differing(x, y), 15); }
-  template <int L> ZORS_INLINE Vec<Zor32s, L> operator()(Vec<Zor32f, L> x, Vec<Zor32f, L> y) const { return shiftRight(as<Zor32s>(differing(x, y)), 31); }
+  template <int L> ZORS_INLINE Vec<Zor16s, L> operator()(Vec<Zor16s, L> x, Vec<Zor16s, L> y) const {
+    return shiftRight(differing(x, y), 15);
+  }
+  template <int L> ZORS_INLINE Vec<Zor32s, L> operator()(Vec<Zor32f, L> x, Vec<Zor32f, L> y) const {
+    return shiftRight(as<Zor32s>(differing(x, y)), 31);
+  }
   int operator()(Zor16s x, Zor16s y) const { return -((x ^ y) < 0); }
   int operator()(Zor32f x, Zor32f y) const { return -int(std::signbit(x) != std::signbit(y)); }
 };
 struct SignDistance {
-  template <int L> ZORS_INLINE static Vec<Zor16s, L> sign(Vec<Zor16s, L> x) { return sub(above(same(x, 0), x), above(x, same(x, 0))); }
-  template <int L> ZORS_INLINE static Vec<Zor32s, L> sign(Vec<Zor32f, L> x) { return sub(below(x, same(x, 0)), below(same(x, 0), x)); }
+  template <int L> ZORS_INLINE static Vec<Zor16s, L> sign(Vec<Zor16s, L> x) {
+    return sub(above(same(x, 0), x), above(x, same(x, 0)));
+  }
+  template <int L> ZORS_INLINE static Vec<Zor32s, L> sign(Vec<Zor32f, L> x) {
+    return sub(below(x, same(x, 0)), below(same(x, 0), x));
+  }
   template <class T> static int sign(T x) { return (x > 0) - (x < 0); }
   template <class T, int L> ZORS_INLINE auto operator()(Vec<T, L> x, Vec<T, L> y) const {
     const auto a = sign(x), b = sign(y);
@@ -50,18 +61,23 @@ ZORS_INLINE Zor64s total(Vec<Zor32s, 8> counts) {
   for (const Zor32s lane : lanes) sum += lane;
   return sum;
 }
-ZORS_INLINE Zor64s total(Vec<Zor16s, 16> counts) { return total(Vec<Zor32s, 8>{{_mm256_madd_epi16(counts.r[0], _mm256_set1_epi16(1))}}); }
+ZORS_INLINE Zor64s total(Vec<Zor16s, 16> counts) {
+  return total(Vec<Zor32s, 8>{{_mm256_madd_epi16(counts.r[0], _mm256_set1_epi16(1))}});
+}
 
 // The sum of -contribution(element...) over len elements, counted in lanes as wide as the contributions.
-template <class Contribution, class T, class... More> [[gnu::flatten]] Zor64s countOf(Contribution contribution, std::ptrdiff_t len, const T* src, const More*... more) {
+template <class Contribution, class T, class... More>
+[[gnu::flatten]] Zor64s countOf(Contribution contribution, std::ptrdiff_t len, const T* src, const More*... more) {
   constexpr int L = lanesOf<T>;
   using Counts = decltype(contribution(load<L>(src), load<L>(more)...));
-  constexpr std::ptrdiff_t block = L * std::ptrdiff_t{sizeof(T) == 2 ? 16000 : 1 << 29};  // a step adds at most 2 to a lane
+  constexpr std::ptrdiff_t block =
+      L * std::ptrdiff_t{sizeof(T) == 2 ? 16000 : 1 << 29};  // a step adds at most 2 to a lane
   Zor64s count = 0;
   std::ptrdiff_t i = 0;
   while (i + L <= len) {
     Counts counts = splat<Counts>(0);
-    for (const std::ptrdiff_t end = std::min(i + block, len - L + 1); i < end; i += L) counts = sub(counts, contribution(load<L>(src + i), load<L>(more + i)...));
+    for (const std::ptrdiff_t end = std::min(i + block, len - L + 1); i < end; i += L)
+      counts = sub(counts, contribution(load<L>(src + i), load<L>(more + i)...));
     count += total(counts);
   }
   for (; i < len; ++i) count -= contribution(src[i], more[i]...);
@@ -71,13 +87,21 @@ template <class Contribution, class T, class... More> [[gnu::flatten]] Zor64s co
 enum Mode : Zor32s { productNegative = 0, signsDiffer = 1, signDistance = 2 };
 
 // halve(total) of the distances of signs; there are no pairs in a vector of negative length.
-template <class T, class Halve> ZorStatus zeroCrossing(const T* src, Zor32s len, Zor32f* result, Zor32s mode, Halve halve) {
-  return check().pointers(src, result).require(len != 0, zorStatusBadSize).require(mode >= productNegative && mode <= signDistance, zorStatusBadModeOption).then([&] {
-    const std::ptrdiff_t pairs = std::ptrdiff_t{len} - 1;
-    if (mode == productNegative) *result = Zor32f(countOf(ProductNegative{}, pairs, src, src + 1));
-    else if (mode == signsDiffer) *result = Zor32f(countOf(SignsDiffer{}, pairs, src, src + 1));
-    else *result = halve(countOf(SignDistance{}, pairs, src, src + 1));
-  });
+template <class T, class Halve>
+ZorStatus zeroCrossing(const T* src, Zor32s len, Zor32f* result, Zor32s mode, Halve halve) {
+  return check()
+      .pointers(src, result)
+      .require(len != 0, zorStatusBadSize)
+      .require(mode >= productNegative && mode <= signDistance, zorStatusBadModeOption)
+      .then([&] {
+        const std::ptrdiff_t pairs = std::ptrdiff_t{len} - 1;
+        if (mode == productNegative)
+          *result = Zor32f(countOf(ProductNegative{}, pairs, src, src + 1));
+        else if (mode == signsDiffer)
+          *result = Zor32f(countOf(SignsDiffer{}, pairs, src, src + 1));
+        else
+          *result = halve(countOf(SignDistance{}, pairs, src, src + 1));
+      });
 }
 
 }  // namespace
@@ -86,7 +110,9 @@ ZorStatus zorsCountInRange_32s(const Zor32s* src, Zor32s len, Zor32s* count, Zor
   return check().pointers(src, count).size(len).then([&] {
     struct InRange {
       Zor32s lower, upper;
-      ZORS_INLINE Vec<Zor32s, 8> operator()(Vec<Zor32s, 8> x) const { return both(above(x, same(x, lower)), above(same(x, upper), x)); }
+      ZORS_INLINE Vec<Zor32s, 8> operator()(Vec<Zor32s, 8> x) const {
+        return both(above(x, same(x, lower)), above(same(x, upper), x));
+      }
       int operator()(Zor32s x) const { return -(lower < x && x < upper); }
     };
     *count = Zor32s(countOf(InRange{lowerBound, upperBound}, len, src));

@@ -66,14 +66,18 @@ Moments exactMoments(const Zor16s* src, Zor32s len) {
   return {Zor64f(sum.total()), Zor64f(squares.total()), Zor64f(len)};
 }
 
-struct Scaled { Zor32s mean, deviation; };
+struct Scaled {
+  Zor32s mean, deviation;
+};
 Scaled scaledMoments(const Zor16s* src, Zor32s len, Zor32s scaleFactor) {
   const Moments moments = exactMoments(src, len);
   const Zor64f scale = scaleOf(scaleFactor);
   return {toInteger<Zor32s>(moments.mean() * scale), toInteger<Zor32s>(moments.deviation() * scale)};
 }
 
-template <class... P> Checks checked(Zor32s len, const P*... pointer) { return check().pointers(pointer...).require(len >= 2, zorStatusBadSize); }
+template <class... P> Checks checked(Zor32s len, const P*... pointer) {
+  return check().pointers(pointer...).require(len >= 2, zorStatusBadSize);
+}
 
 }  // namespace
 
@@ -91,7 +95,9 @@ ZorStatus zorsStdDev_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* stdDev, Z
   return checked(len, src, stdDev).then([&] { *stdDev = scaledMoments(src, len, scaleFactor).deviation; });
 }
 ZorStatus zorsStdDev_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* stdDev, Zor32s scaleFactor) {
-  return checked(len, src, stdDev).then([&] { *stdDev = saturated<Zor16s>(scaledMoments(src, len, scaleFactor).deviation); });
+  return checked(len, src, stdDev).then([&] {
+    *stdDev = saturated<Zor16s>(scaledMoments(src, len, scaleFactor).deviation);
+  });
 }
 
 // There is no fast path here: the hint has no effect.

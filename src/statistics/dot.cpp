@@ -21,7 +21,8 @@ Zor32f dot(const Zor32f* src1, const Zor32f* src2, std::ptrdiff_t n) {
   }
   if (isLong) addSingly(elementsToBoundary(src2, 32));
   auto sixteen = seeded<Zor32f, 16>(total);
-  for (; n >= 16; src1 += 16, src2 += 16, n -= 16) sixteen = add(sixteen, mul(simd::load<16>(src1), simd::load<16>(src2)));
+  for (; n >= 16; src1 += 16, src2 += 16, n -= 16)
+    sixteen = add(sixteen, mul(simd::load<16>(src1), simd::load<16>(src2)));
   auto eight = halved(sixteen);
   if (n >= 8) {
     eight = add(eight, mul(simd::load<8>(src1), simd::load<8>(src2)));
@@ -35,9 +36,11 @@ Zor32f dot(const Zor32f* src1, const Zor32f* src2, std::ptrdiff_t n) {
 // Six sums in three narrow registers.
 Zor64f dotOfSix(const Zor64f* src1, const Zor64f* src2, std::ptrdiff_t n) {
   __m128d sums[3] = {};
-  const auto addTo = [&](int j, __m128d x, __m128d y) ZORS_INLINE_LAMBDA { sums[j] = _mm_add_pd(sums[j], _mm_mul_pd(x, y)); };
+  const auto addTo = [&](int j, __m128d x, __m128d y)
+                         ZORS_INLINE_LAMBDA { sums[j] = _mm_add_pd(sums[j], _mm_mul_pd(x, y)); };
   for (; n >= 6; src1 += 6, src2 += 6, n -= 6)
-    simd::unrolled<3>([&](auto j) ZORS_INLINE_LAMBDA { addTo(j, _mm_loadu_pd(src1 + 2 * j), _mm_loadu_pd(src2 + 2 * j)); });
+    simd::unrolled<3>([&](auto j)
+                          ZORS_INLINE_LAMBDA { addTo(j, _mm_loadu_pd(src1 + 2 * j), _mm_loadu_pd(src2 + 2 * j)); });
   int j = 0;
   for (; n >= 2; src1 += 2, src2 += 2, n -= 2) addTo(j++, _mm_loadu_pd(src1), _mm_loadu_pd(src2));
   if (n > 0) addTo(j, _mm_set_sd(readAt(src1)), _mm_set_sd(readAt(src2)));
@@ -56,7 +59,9 @@ template <class A> Zor64f dotOfEight(const A* src1, const A* src2, std::ptrdiff_
 template <class Real, class Pair> auto dotWithPairs(const Real* src1, const Pair* src2, std::ptrdiff_t n) {
   constexpr int L = 32 / sizeof(Real);
   auto sums = simd::splat<Vec<Real, 2 * L>>(0);
-  rows<L>([&](auto x, auto y) ZORS_INLINE_LAMBDA { sums = add(sums, mul(simd::as<Real>(simd::toComplex(x, x)), simd::as<Real>(y))); }, n, src1, src2);
+  rows<L>([&](auto x, auto y)
+              ZORS_INLINE_LAMBDA { sums = add(sums, mul(simd::as<Real>(simd::toComplex(x, x)), simd::as<Real>(y))); },
+          n, src1, src2);
   return joined(sums);
 }
 sums::Pair<Zor64f> dotWithPairsWide(const Zor32f* src1, const Zor32fc* src2, std::ptrdiff_t n) {
@@ -80,7 +85,9 @@ sums::Pair<Zor32f> dotOfPairs(const Zor32fc* src1, const Zor32fc* src2, std::ptr
     sums = _mm256_add_ps(sums, _mm256_mul_ps(parts, _mm256_set_m128(y, y)));
   };
   const auto load = [](const Zor32fc* p) ZORS_INLINE_LAMBDA { return _mm_loadu_ps(reinterpret_cast<const float*>(p)); };
-  const auto loadOne = [](const Zor32fc* p) ZORS_INLINE_LAMBDA { return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))); };
+  const auto loadOne = [](const Zor32fc* p) ZORS_INLINE_LAMBDA {
+    return _mm_castsi128_ps(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)));
+  };
   for (; n >= 2; src1 += 2, src2 += 2, n -= 2) take(load(src1), load(src2));
   if (n > 0) take(loadOne(src1), loadOne(src2));
   const auto [rr, ri] = joinedFour(_mm256_castps256_ps128(sums));
@@ -88,7 +95,8 @@ sums::Pair<Zor32f> dotOfPairs(const Zor32fc* src1, const Zor32fc* src2, std::ptr
   return {rr - ii, ri + ir};
 }
 
-template <class R, class A, class B, class Dot> ZorStatus dotProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Dot&& dotOf) {
+template <class R, class A, class B, class Dot>
+ZorStatus dotProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Dot&& dotOf) {
   return check().pointers(src1, src2, dotProd).size(len).then([&] {
     if constexpr (requires { R::re; }) {
       const auto [re, im] = dotOf(src1, src2, std::ptrdiff_t{len});
@@ -101,7 +109,9 @@ template <class R, class A, class B, class Dot> ZorStatus dotProduct(const A* sr
 
 }  // namespace
 
-ZorStatus zorsDotProd_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* dotProd) { return dotProduct(src1, src2, len, dotProd, dot); }
+ZorStatus zorsDotProd_32f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor32f* dotProd) {
+  return dotProduct(src1, src2, len, dotProd, dot);
+}
 ZorStatus zorsDotProd_32f64f(const Zor32f* src1, const Zor32f* src2, Zor32s len, Zor64f* dotProd) {
   return dotProduct(src1, src2, len, dotProd, dotOfEight<Zor32f>);
 }
@@ -117,7 +127,9 @@ ZorStatus zorsDotProd_32f32fc64fc(const Zor32f* src1, const Zor32fc* src2, Zor32
 ZorStatus zorsDotProd_64f64fc(const Zor64f* src1, const Zor64fc* src2, Zor32s len, Zor64fc* dotProd) {
   return dotProduct(src1, src2, len, dotProd, dotWithPairs<Zor64f, Zor64fc>);
 }
-ZorStatus zorsDotProd_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor32fc* dotProd) { return dotProduct(src1, src2, len, dotProd, dotOfPairs); }
+ZorStatus zorsDotProd_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor32fc* dotProd) {
+  return dotProduct(src1, src2, len, dotProd, dotOfPairs);
+}
 ZorStatus zorsDotProd_32fc64fc(const Zor32fc* src1, const Zor32fc* src2, Zor32s len, Zor64fc* dotProd) {
   return dotProduct(src1, src2, len, dotProd, dotOfPairsWide<Zor32fc>);
 }

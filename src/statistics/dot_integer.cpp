@@ -9,11 +9,14 @@ namespace {
 using exact::productsBias;
 using exact::WideSum;
 
-struct Exact { Zor64s re, im; };
+struct Exact {
+  Zor64s re, im;
+};
 
 Zor64s dot(const Zor16s* src1, const Zor16s* src2, Zor32s len) {
   WideSum sum;
-  rows<16>([&](auto x, auto y) ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(x.r[0], y.r[0]), productsBias); }, len, src1, src2);
+  rows<16>([&](auto x, auto y) ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(x.r[0], y.r[0]), productsBias); }, len,
+           src1, src2);
   return sum.total();
 }
 
@@ -22,9 +25,12 @@ Exact dot(const Zor16s* src1, const Zor16sc* src2, Zor32s len) {
   WideSum re, im;
   rows<16>(
       [&](auto x, auto y) ZORS_INLINE_LAMBDA {
-        const __m256i low = _mm256_cvtepu16_epi32(_mm256_castsi256_si128(x.r[0])), high = _mm256_cvtepu16_epi32(_mm256_extracti128_si256(x.r[0], 1));
+        const __m256i low = _mm256_cvtepu16_epi32(_mm256_castsi256_si128(x.r[0])),
+                      high = _mm256_cvtepu16_epi32(_mm256_extracti128_si256(x.r[0], 1));
         re.add(_mm256_add_epi32(_mm256_madd_epi16(low, y.r[0]), _mm256_madd_epi16(high, y.r[1])), productsBias);
-        im.add(_mm256_add_epi32(_mm256_madd_epi16(_mm256_slli_epi32(low, 16), y.r[0]), _mm256_madd_epi16(_mm256_slli_epi32(high, 16), y.r[1])), productsBias);
+        im.add(_mm256_add_epi32(_mm256_madd_epi16(_mm256_slli_epi32(low, 16), y.r[0]),
+                                _mm256_madd_epi16(_mm256_slli_epi32(high, 16), y.r[1])),
+               productsBias);
       },
       len, src1, src2);
   return {re.total(), im.total()};
@@ -51,7 +57,8 @@ Zor64s converted(Zor64s sum, Zor64s*) { return sum; }
 Zor16s scaled(Zor64s sum, Zor32s scaleFactor, Zor16s*) { return scaledToNearest<Zor16s>(sum, scaleFactor, 15, 31); }
 Zor32s scaled(Zor64s sum, Zor32s scaleFactor, Zor32s*) { return scaledToNearest<Zor32s>(sum, scaleFactor, 31, 31); }
 
-template <class A, class B, class R, class Finish> ZorStatus dotProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Finish finish) {
+template <class A, class B, class R, class Finish>
+ZorStatus dotProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Finish finish) {
   return check().pointers(src1, src2, dotProd).size(len).then([&] {
     if constexpr (requires { R::re; }) {
       const auto [re, im] = dot(src1, src2, len);
@@ -64,8 +71,10 @@ template <class A, class B, class R, class Finish> ZorStatus dotProduct(const A*
 template <class A, class B, class R> ZorStatus convertedProduct(const A* src1, const B* src2, Zor32s len, R* dotProd) {
   return dotProduct(src1, src2, len, dotProd, [](Zor64s sum, auto* result) { return converted(sum, result); });
 }
-template <class A, class B, class R> ZorStatus scaledProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Zor32s scaleFactor) {
-  return dotProduct(src1, src2, len, dotProd, [=](Zor64s sum, auto* result) { return scaled(sum, scaleFactor, result); });
+template <class A, class B, class R>
+ZorStatus scaledProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Zor32s scaleFactor) {
+  return dotProduct(src1, src2, len, dotProd,
+                    [=](Zor64s sum, auto* result) { return scaled(sum, scaleFactor, result); });
 }
 
 }  // namespace

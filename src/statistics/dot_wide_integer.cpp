@@ -1,5 +1,5 @@
-// zorsDotProd_32s_Sfs, zorsDotProd_32s32sc_Sfs, zorsDotProd_32sc_Sfs, zorsDotProd_16s32s32s_Sfs: through binary64, always to
-// nearest, whatever the caller's direction is.
+// zorsDotProd_32s_Sfs, zorsDotProd_32s32sc_Sfs, zorsDotProd_32sc_Sfs, zorsDotProd_16s32s32s_Sfs: through binary64,
+// always to nearest, whatever the caller's direction is.
 #include "frame/check.h"
 #include "frame/rounding.h"
 #include "statistics/complex_products.h"
@@ -17,7 +17,8 @@ template <class A, class B> Zor64f dotOfFour(const A* src1, const B* src2, std::
   rows<L>(
       [&](auto x, auto y) ZORS_INLINE_LAMBDA {
         const auto products = mul(widened(x), widened(y));
-        simd::unrolled<decltype(products)::registers>([&](auto i) ZORS_INLINE_LAMBDA { sums = add(sums, Vec<Zor64f, 4>{{products.r[i]}}); });
+        simd::unrolled<decltype(products)::registers>(
+            [&](auto i) ZORS_INLINE_LAMBDA { sums = add(sums, Vec<Zor64f, 4>{{products.r[i]}}); });
       },
       n, src1, src2);
   return folded(sums);
@@ -30,14 +31,18 @@ Pair<Zor64f> dotWithPairs(const Zor32s* src1, const Zor32sc* src2, std::ptrdiff_
       [&](auto x, auto y) ZORS_INLINE_LAMBDA {
         const auto reals = widened(x);
         const auto products = mul(simd::as<Zor64f>(simd::toComplex(reals, reals)), widened(simd::as<Zor32s>(y)));
-        simd::unrolled<2>([&](auto i) ZORS_INLINE_LAMBDA { sums = add(sums, Vec<Zor64f, 8>{{products.r[2 * i], products.r[2 * i + 1]}}); });
+        simd::unrolled<2>([&](auto i) ZORS_INLINE_LAMBDA {
+          sums = add(sums, Vec<Zor64f, 8>{{products.r[2 * i], products.r[2 * i + 1]}});
+        });
       },
       n, src1, src2);
   return joined(sums);
 }
 
 // From memory to memory, as it runs under a direction of its own.
-template <class A, class B, class R, class Dot> [[gnu::noinline]] void computeScaled(const A* src1, const B* src2, Zor32s len, R* dotProd, Zor32s scaleFactor, Dot dot) {
+template <class A, class B, class R, class Dot>
+[[gnu::noinline]] void computeScaled(const A* src1, const B* src2, Zor32s len, R* dotProd, Zor32s scaleFactor,
+                                     Dot dot) {
   const Zor64f scale = scaleOf(std::clamp(scaleFactor, -31, 93));
   if constexpr (requires { R::re; }) {
     const auto [re, im] = dot(src1, src2, std::ptrdiff_t{len});
@@ -46,7 +51,8 @@ template <class A, class B, class R, class Dot> [[gnu::noinline]] void computeSc
     *dotProd = toInteger<Zor32s>(dot(src1, src2, std::ptrdiff_t{len}) * scale);
   }
 }
-template <class A, class B, class R, class Dot> ZorStatus scaledProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Zor32s scaleFactor, Dot dot) {
+template <class A, class B, class R, class Dot>
+ZorStatus scaledProduct(const A* src1, const B* src2, Zor32s len, R* dotProd, Zor32s scaleFactor, Dot dot) {
   return check().pointers(src1, src2, dotProd).size(len).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
     computeScaled(src1, src2, len, dotProd, scaleFactor, dot);
@@ -58,14 +64,18 @@ template <class A, class B, class R, class Dot> ZorStatus scaledProduct(const A*
 ZorStatus zorsDotProd_32s_Sfs(const Zor32s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor) {
   return scaledProduct(src1, src2, len, dotProd, scaleFactor, dotOfFour<Zor32s, Zor32s>);
 }
-ZorStatus zorsDotProd_16s32s32s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd, Zor32s scaleFactor) {
+ZorStatus zorsDotProd_16s32s32s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor32s len, Zor32s* dotProd,
+                                    Zor32s scaleFactor) {
   return scaledProduct(src1, src2, len, dotProd, scaleFactor, dotOfFour<Zor16s, Zor32s>);
 }
-ZorStatus zorsDotProd_32s32sc_Sfs(const Zor32s* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor) {
+ZorStatus zorsDotProd_32s32sc_Sfs(const Zor32s* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd,
+                                  Zor32s scaleFactor) {
   return scaledProduct(src1, src2, len, dotProd, scaleFactor, dotWithPairs);
 }
-ZorStatus zorsDotProd_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd, Zor32s scaleFactor) {
-  return scaledProduct(src1, src2, len, dotProd, scaleFactor, [](const Zor32sc* a, const Zor32sc* b, std::ptrdiff_t n) { return dotOfPairsWide(a, b, n); });
+ZorStatus zorsDotProd_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32s len, Zor32sc* dotProd,
+                               Zor32s scaleFactor) {
+  return scaledProduct(src1, src2, len, dotProd, scaleFactor,
+                       [](const Zor32sc* a, const Zor32sc* b, std::ptrdiff_t n) { return dotOfPairsWide(a, b, n); });
 }
 
 }  // namespace zors

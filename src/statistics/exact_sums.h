@@ -28,15 +28,16 @@ class BlockSum {
 inline constexpr std::ptrdiff_t block = 65536;
 
 // kernel over all rows; endBlock() after each block.
-template <int L, class Kernel, class EndBlock, class... S> ZORS_INLINE void blocks(Kernel&& kernel, EndBlock&& endBlock, std::ptrdiff_t len, const S*... src) {
+template <int L, class Kernel, class EndBlock, class... S>
+ZORS_INLINE void blocks(Kernel&& kernel, EndBlock&& endBlock, std::ptrdiff_t len, const S*... src) {
   for (std::ptrdiff_t at = 0; at < len; at += block) {
     rows<L>(kernel, std::min(block, len - at), src + at...);
     endBlock();
   }
 }
 
-// Sums of unsigned 32-bit lanes in 64 bits: of the pairs as they are, and of their upper halves. Sums of signed lanes: each is
-// raised by a bias that is taken off again at the end.
+// Sums of unsigned 32-bit lanes in 64 bits: of the pairs as they are, and of their upper halves. Sums of signed lanes:
+// each is raised by a bias that is taken off again at the end.
 class WideSum {
  public:
   ZORS_INLINE void add(__m256i lanes) {

@@ -1,9 +1,9 @@
 // The greatest and the smallest element of a vector, and where they first stand.
 //
-// The running extreme starts at element 0 and is replaced only by an element that compares greater (or less): a NaN counts
-// only as element 0, where it stays, and of equal elements the first is the one found, also of zeros of both signs. All
-// lanes start at element 0, so this holds for any number of them; and as meeting an element twice changes nothing, the rest
-// of a vector is one more vector that overlaps.
+// The running extreme starts at element 0 and is replaced only by an element that compares greater (or less): a NaN
+// counts only as element 0, where it stays, and of equal elements the first is the one found, also of zeros of both
+// signs. All lanes start at element 0, so this holds for any number of them; and as meeting an element twice changes
+// nothing, the rest of a vector is one more vector that overlaps.
 #pragma once
 
 #include <array>
@@ -37,9 +37,13 @@ struct Magnitude {
   }
   template <int L> ZORS_INLINE simd::Vec<Zor32s, L> operator()(simd::Vec<Zor32s, L> x) const {
     const auto magnitude = simd::as<Zor32u>(simd::max(x, simd::sub(simd::same(x, 0), x)));  // the lowest stays, as 2^31
-    return simd::as<Zor32s>(simd::min(simd::sub(magnitude, simd::as<Zor32u>(simd::shiftRight(simd::as<Zor32s>(magnitude), 31))), simd::same(magnitude, INT32_MAX)));
+    return simd::as<Zor32s>(
+        simd::min(simd::sub(magnitude, simd::as<Zor32u>(simd::shiftRight(simd::as<Zor32s>(magnitude), 31))),
+                  simd::same(magnitude, INT32_MAX)));
   }
-  template <std::integral T> ZORS_INLINE T operator()(T x) const { return x >= 0 ? x : x == std::numeric_limits<T>::min() ? std::numeric_limits<T>::max() : T(-x); }
+  template <std::integral T> ZORS_INLINE T operator()(T x) const {
+    return x >= 0 ? x : x == std::numeric_limits<T>::min() ? std::numeric_limits<T>::max() : T(-x);
+  }
 };
 
 // f over the lanes of a register, pairwise, until all lanes hold the result.
@@ -54,9 +58,12 @@ template <class T, class F> ZORS_INLINE T foldLanes(simd::Vec<T, simd::lanesOf<T
   if constexpr (sizeof(T) == 1) folded(_mm256_alignr_epi8(simd::bits(x.r[0]), simd::bits(x.r[0]), 1));
   T out;
   const __m128i low = _mm256_castsi256_si128(simd::bits(x.r[0]));
-  if constexpr (std::same_as<T, Zor32f>) out = _mm_cvtss_f32(_mm_castsi128_ps(low));
-  else if constexpr (std::same_as<T, Zor64f>) out = _mm_cvtsd_f64(_mm_castsi128_pd(low));
-  else out = T(_mm_cvtsi128_si64(low));
+  if constexpr (std::same_as<T, Zor32f>)
+    out = _mm_cvtss_f32(_mm_castsi128_ps(low));
+  else if constexpr (std::same_as<T, Zor64f>)
+    out = _mm_cvtsd_f64(_mm_castsi128_pd(low));
+  else
+    out = T(_mm_cvtsi128_si64(low));
   return out;
 }
 
@@ -106,9 +113,12 @@ template <class Read, class T> std::ptrdiff_t firstEqual(const T* src, std::ptrd
   for (; i + step <= len; i += step) {
     const auto x = Read{}(simd::load<step>(src + i));
     unsigned found;
-    if constexpr (std::same_as<T, Zor32f>) found = unsigned(_mm256_movemask_ps(_mm256_cmp_ps(x.r[0], wanted.r[0], _CMP_EQ_OQ)));
-    else if constexpr (std::same_as<T, Zor64f>) found = unsigned(_mm256_movemask_pd(_mm256_cmp_pd(x.r[0], wanted.r[0], _CMP_EQ_OQ)));
-    else found = unsigned(_mm256_movemask_epi8(simd::equal(x, wanted).r[0]));
+    if constexpr (std::same_as<T, Zor32f>)
+      found = unsigned(_mm256_movemask_ps(_mm256_cmp_ps(x.r[0], wanted.r[0], _CMP_EQ_OQ)));
+    else if constexpr (std::same_as<T, Zor64f>)
+      found = unsigned(_mm256_movemask_pd(_mm256_cmp_pd(x.r[0], wanted.r[0], _CMP_EQ_OQ)));
+    else
+      found = unsigned(_mm256_movemask_epi8(simd::equal(x, wanted).r[0]));
     constexpr int bitsPerElement = std::floating_point<T> ? 1 : int{sizeof(T)};
     if (found != 0) return i + std::countr_zero(found) / bitsPerElement;
   }
@@ -130,13 +140,17 @@ template <class Read, class... Side, class T> [[gnu::flatten]] auto places(const
   std::array<Place<T>, sizeof...(Side)> found;
   found.fill({first, 0});
   for (std::ptrdiff_t at = 0; at < len; at += block) {
-    std::apply([&](auto&... side) ZORS_INLINE_LAMBDA { show<Read>(src + at, std::min(block, len - at), side...); }, running);
+    std::apply([&](auto&... side) ZORS_INLINE_LAMBDA { show<Read>(src + at, std::min(block, len - at), side...); },
+               running);
     [&]<std::size_t... k>(std::index_sequence<k...>) ZORS_INLINE_LAMBDA {
-      ([&] {
-        const T best = std::get<k>(running).best();
-        if (Side::better(best, found[k].val)) found[k] = {best, at};
-      }(), ...);
-    }(std::index_sequence_for<Side...>{});
+      (
+          [&] {
+            const T best = std::get<k>(running).best();
+            if (Side::better(best, found[k].val)) found[k] = {best, at};
+          }(),
+          ...);
+    }
+    (std::index_sequence_for<Side...>{});
   }
   for (auto& [val, index] : found)
     if (val == val) index += firstEqual<Read>(src + index, std::min(block, len - index), val);
@@ -144,19 +158,23 @@ template <class Read, class... Side, class T> [[gnu::flatten]] auto places(const
 }
 
 // The extremes alone. Of zeros the first is looked for, as they may differ in sign.
-template <class Read, class... Side, class T> [[gnu::flatten]] std::array<T, sizeof...(Side)> values(const T* src, std::ptrdiff_t len) {
+template <class Read, class... Side, class T>
+[[gnu::flatten]] std::array<T, sizeof...(Side)> values(const T* src, std::ptrdiff_t len) {
   const T first = Read{}(readAt(src));
   std::tuple<Running<Side, T>...> running{Running<Side, T>(first)...};
-  return std::apply([&](auto&... side) ZORS_INLINE_LAMBDA {
-    show<Read>(src, len, side...);
-    const auto value = [&](T best) {
-      if constexpr (std::floating_point<T>) {
-        if (best == 0) [[unlikely]] return readAt(src + firstEqual<Read>(src, len, best));
-      }
-      return best;
-    };
-    return std::array<T, sizeof...(Side)>{value(side.best())...};
-  }, running);
+  return std::apply(
+      [&](auto&... side) ZORS_INLINE_LAMBDA {
+        show<Read>(src, len, side...);
+        const auto value = [&](T best) {
+          if constexpr (std::floating_point<T>) {
+            if (best == 0) [[unlikely]]
+              return readAt(src + firstEqual<Read>(src, len, best));
+          }
+          return best;
+        };
+        return std::array<T, sizeof...(Side)>{value(side.best())...};
+      },
+      running);
 }
 
 }  // namespace zors::extremes

@@ -26,7 +26,8 @@ ZorStatus zorsFindNearestOne_16u(Zor16u val, Zor16u* nearest, Zor32s* index, con
   });
 }
 
-ZorStatus zorsFindNearest_16u(const Zor16u* src, Zor16u* dst, Zor32s* dstIndex, Zor32s len, const Zor16u* table, Zor32s tableLen) {
+ZorStatus zorsFindNearest_16u(const Zor16u* src, Zor16u* dst, Zor32s* dstIndex, Zor32s len, const Zor16u* table,
+                              Zor32s tableLen) {
   return check().pointers(src, dst, dstIndex, table).size(len).size(tableLen).then([&] {
     for (Zor32s i = 0; i < len; ++i) {
       dstIndex[i] = nearestEntry(src[i], table, tableLen);

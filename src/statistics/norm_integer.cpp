@@ -16,7 +16,9 @@ using Row = Vec<Zor16s, 16>;
 // |a - b|, up to 65,535.
 ZORS_INLINE Vec<Zor16u, 16> distance(Row a, Row b) { return simd::as<Zor16u>(sub(max(a, b), min(a, b))); }
 // |a - b| - 32768, signed. All lanes of the rest count, so that a total takes back what it took from each.
-ZORS_INLINE Row centred(Row a, Row b) { return simd::as<Zor16s>(differing(distance(a, b), same(Vec<Zor16u, 16>{}, 0x8000))); }
+ZORS_INLINE Row centred(Row a, Row b) {
+  return simd::as<Zor16s>(differing(distance(a, b), same(Vec<Zor16u, 16>{}, 0x8000)));
+}
 Zor64s lanesOfRows(Zor32s len) { return (Zor64s{len} + 15) / 16 * 16; }
 
 struct Inf {
@@ -33,12 +35,16 @@ struct Inf {
 struct L1 {
   static Zor64s of(Zor32s len, const Zor16s* src) {
     exact::BlockSum sum;
-    exact::blocks<16>([&](Row x) ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(x.r[0], _mm256_sign_epi16(exact::ones(), x.r[0]))); }, [&] { sum.endBlock(); }, len, src);
+    exact::blocks<16>(
+        [&](Row x) ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(x.r[0], _mm256_sign_epi16(exact::ones(), x.r[0]))); },
+        [&] { sum.endBlock(); }, len, src);
     return sum.total();
   }
   static Zor64s of(Zor32s len, const Zor16s* src1, const Zor16s* src2) {
     exact::BlockSum sum;
-    exact::blocks<16>([&](Row a, Row b) ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(centred(a, b).r[0], exact::ones())); }, [&] { sum.endBlock(); }, len, src1, src2);
+    exact::blocks<16>([&](Row a, Row b)
+                          ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(centred(a, b).r[0], exact::ones())); },
+                      [&] { sum.endBlock(); }, len, src1, src2);
     return sum.total() + 32768 * lanesOfRows(len);
   }
 };
@@ -79,8 +85,10 @@ Zor64s scaled64(Zor64s norm, Zor32s scaleFactor) {
 Zor32s scaledRoot32(Zor64s norm, Zor32s scaleFactor) {
   const auto shifted = [](Zor32u count) { return Zor64f(Zor32s(Zor32u{1} << (count % 32))); };
   Zor64f root = std::sqrt(Zor64f(norm));
-  if (scaleFactor > 0) root /= shifted(Zor32u(scaleFactor));
-  else if (scaleFactor < 0) root *= shifted(-Zor32u(scaleFactor));
+  if (scaleFactor > 0)
+    root /= shifted(Zor32u(scaleFactor));
+  else if (scaleFactor < 0)
+    root *= shifted(-Zor32u(scaleFactor));
   if (root > 2147483647.0) return INT32_MAX;
   if (root < -2147483648.0) return INT32_MIN;
   return static_cast<Zor32s>(root);
@@ -89,7 +97,8 @@ Zor32s scaledRoot32(Zor64s norm, Zor32s scaleFactor) {
 template <class Norm, class R, class... S> ZorStatus reduce(R (*finish)(Zor64s), R* norm, Zor32s len, const S*... src) {
   return check().pointers(src..., norm).size(len).then([&] { *norm = finish(Norm::of(len, src...)); });
 }
-template <class Norm, class R, class... S> ZorStatus reduceSfs(R (*finish)(Zor64s, Zor32s), Zor32s scaleFactor, R* norm, Zor32s len, const S*... src) {
+template <class Norm, class R, class... S>
+ZorStatus reduceSfs(R (*finish)(Zor64s, Zor32s), Zor32s scaleFactor, R* norm, Zor32s len, const S*... src) {
   return check().pointers(src..., norm).size(len).then([&] { *norm = finish(Norm::of(len, src...), scaleFactor); });
 }
 

@@ -1,4 +1,5 @@
-// The loop of the reductions: vectors go to a kernel in rows of L elements, the rest as a row whose other lanes are zero.
+// The loop of the reductions: vectors go to a kernel in rows of L elements, the rest as a row whose other lanes are
+// zero.
 #pragma once
 
 #include <cstring>
@@ -18,10 +19,15 @@ namespace detail {
 
 // -1 in the first count lanes, else 0; of 16-byte lanes the two halves.
 template <int bytes> ZORS_INLINE __m256i firstLanes(std::ptrdiff_t count) {
-  if constexpr (bytes == 16) return firstLanes<8>(2 * count);
-  else if constexpr (bytes == 8) return _mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3));
-  else if constexpr (bytes == 4) return _mm256_cmpgt_epi32(_mm256_set1_epi32(int(count)), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
-  else return _mm256_cmpgt_epi16(_mm256_set1_epi16(short(count)), _mm256_setr_epi16(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));
+  if constexpr (bytes == 16)
+    return firstLanes<8>(2 * count);
+  else if constexpr (bytes == 8)
+    return _mm256_cmpgt_epi64(_mm256_set1_epi64x(count), _mm256_setr_epi64x(0, 1, 2, 3));
+  else if constexpr (bytes == 4)
+    return _mm256_cmpgt_epi32(_mm256_set1_epi32(int(count)), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
+  else
+    return _mm256_cmpgt_epi16(_mm256_set1_epi16(short(count)),
+                              _mm256_setr_epi16(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15));
 }
 
 }  // namespace detail
@@ -36,7 +42,8 @@ template <int L, class T> ZORS_INLINE simd::Vec<T, L> loadFirst(const T* p, std:
     return simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_and_si256(x.r[i], present(i)); });
   } else {
     return simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA {
-      return simd::fromBits<typename V::Register>(_mm256_maskload_epi32(reinterpret_cast<const int*>(p + i * step), present(i)));
+      return simd::fromBits<typename V::Register>(
+          _mm256_maskload_epi32(reinterpret_cast<const int*>(p + i * step), present(i)));
     });
   }
 }

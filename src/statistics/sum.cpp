@@ -9,7 +9,8 @@ namespace {
 
 using namespace sums;
 
-// ---- Floats: streams of components, one an element or, interleaved, two --------------------------------------------------
+// ---- Floats: streams of components, one an element or, interleaved, two
+// --------------------------------------------------
 
 // Components before the first 32-byte boundary that an element meets; none where none does.
 template <int parts, class T> std::ptrdiff_t prefixOf(const T* p, std::ptrdiff_t n) {
@@ -17,7 +18,8 @@ template <int parts, class T> std::ptrdiff_t prefixOf(const T* p, std::ptrdiff_t
 }
 
 // Adds count components one by one and advances.
-template <int parts, class Sum, class T> ZORS_INLINE void addSingly(Pair<Sum>& total, const T*& p, std::ptrdiff_t& n, std::ptrdiff_t count) {
+template <int parts, class Sum, class T>
+ZORS_INLINE void addSingly(Pair<Sum>& total, const T*& p, std::ptrdiff_t& n, std::ptrdiff_t count) {
   for (std::ptrdiff_t i = 0; i < count; i += parts) {
     total.even += readAt(p + i);
     if constexpr (parts == 2) total.odd += readAt(p + i + 1);
@@ -25,8 +27,10 @@ template <int parts, class Sum, class T> ZORS_INLINE void addSingly(Pair<Sum>& t
   p += count, n -= count;
 }
 template <int parts, int L> ZORS_INLINE Pair<Zor64f> totalOf(Vec<Zor64f, L> lanes) {
-  if constexpr (parts == 1) return {folded(lanes), 0};
-  else return joined(lanes);
+  if constexpr (parts == 1)
+    return {folded(lanes), 0};
+  else
+    return joined(lanes);
 }
 
 // In binary64 throughout: eight sums, then four for the rest.
@@ -93,14 +97,18 @@ const Zor32f* components(const Zor32fc* p) { return reinterpret_cast<const Zor32
 const Zor64f* components(const Zor64fc* p) { return reinterpret_cast<const Zor64f*>(p); }
 const Zor16s* components(const Zor16sc* p) { return reinterpret_cast<const Zor16s*>(p); }
 
-// ---- Integers ------------------------------------------------------------------------------------------------------------
+// ---- Integers
+// ------------------------------------------------------------------------------------------------------------
 
 Zor64s exactSum(const Zor16s* src, Zor32s len) {
   exact::BlockSum sum;
-  exact::blocks<16>([&](auto x) ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(x.r[0], exact::ones())); }, [&] { sum.endBlock(); }, len, src);
+  exact::blocks<16>([&](auto x) ZORS_INLINE_LAMBDA { sum.add(_mm256_madd_epi16(x.r[0], exact::ones())); },
+                    [&] { sum.endBlock(); }, len, src);
   return sum.total();
 }
-struct Exact { Zor64s re, im; };
+struct Exact {
+  Zor64s re, im;
+};
 Exact exactSum(const Zor16sc* src, Zor32s len) {
   exact::BlockSum re, im;
   const __m256i onlyRe = _mm256_set1_epi32(1), onlyIm = _mm256_set1_epi32(1 << 16);
@@ -120,7 +128,9 @@ Zor64s exactSum(const Zor32s* src, Zor32s len) {
 }
 
 Zor32s scaledSum(Zor64s sum, Zor32s scaleFactor) { return toInteger<Zor32s>(Zor64f(sum) * scaleOf(scaleFactor)); }
-Zor16s scaledMean(Zor64s sum, Zor32s len, Zor32s scaleFactor) { return toInteger<Zor16s>(Zor64f(sum) / len * scaleOf(scaleFactor)); }
+Zor16s scaledMean(Zor64s sum, Zor32s len, Zor32s scaleFactor) {
+  return toInteger<Zor16s>(Zor64f(sum) / len * scaleOf(scaleFactor));
+}
 
 // |x| / len to nearest, ties to even, with the sign of x.
 Zor64s dividedToEven(Zor64s x, Zor32s len) {
@@ -130,8 +140,8 @@ Zor64s dividedToEven(Zor64s x, Zor32s len) {
   return x < 0 ? -Zor64s(rounded) : Zor64s(rounded);
 }
 
-// Scaling down rounds a second time: halves of the quotient's magnitude away from zero, and nothing saturates. Scaling up
-// multiplies the sum where it fits 32 bits, else the quotient.
+// Scaling down rounds a second time: halves of the quotient's magnitude away from zero, and nothing saturates. Scaling
+// up multiplies the sum where it fits 32 bits, else the quotient.
 Zor32s mean32s(Zor64s sum, Zor32s len, Zor32s scaleFactor) {
   if (scaleFactor < -31) {
     const Zor64s quotient = dividedToEven(sum, len);
@@ -173,7 +183,8 @@ ZorStatus zorsSum_16s32s_Sfs(const Zor16s* src, Zor32s len, Zor32s* sum, Zor32s 
   return check().pointers(src, sum).size(len).then([&] { *sum = scaledSum(exactSum(src, len), scaleFactor); });
 }
 ZorStatus zorsSum_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* sum, Zor32s scaleFactor) {
-  return check().pointers(src, sum).size(len).then([&] { *sum = saturated<Zor16s>(scaledSum(exactSum(src, len), scaleFactor)); });
+  return check().pointers(src, sum).size(len).then(
+      [&] { *sum = saturated<Zor16s>(scaledSum(exactSum(src, len), scaleFactor)); });
 }
 ZorStatus zorsSum_16sc32sc_Sfs(const Zor16sc* src, Zor32s len, Zor32sc* sum, Zor32s scaleFactor) {
   return check().pointers(src, sum).size(len).then([&] {
@@ -188,12 +199,14 @@ ZorStatus zorsSum_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* sum, Zor32s 
   });
 }
 ZorStatus zorsSum_32s_Sfs(const Zor32s* src, Zor32s len, Zor32s* sum, Zor32s scaleFactor) {
-  return check().pointers(src, sum).size(len).then([&] { *sum = scaledToNearest<Zor32s>(exactSum(src, len), scaleFactor, 31, 63); });
+  return check().pointers(src, sum).size(len).then(
+      [&] { *sum = scaledToNearest<Zor32s>(exactSum(src, len), scaleFactor, 31, 63); });
 }
 
 // The sum is narrowed before the division; that of pairs is not.
 ZorStatus zorsMean_32f(const Zor32f* src, Zor32s len, Zor32f* mean, ZorHintAlgorithm hint) {
-  return check().pointers(src, mean).size(len).then([&] { *mean = Zor32f(Zor64f(Zor32f(sumOf<1>(src, len, hint).even)) / len); });
+  return check().pointers(src, mean).size(len).then(
+      [&] { *mean = Zor32f(Zor64f(Zor32f(sumOf<1>(src, len, hint).even)) / len); });
 }
 ZorStatus zorsMean_32fc(const Zor32fc* src, Zor32s len, Zor32fc* mean, ZorHintAlgorithm hint) {
   return check().pointers(src, mean).size(len).then([&] {

@@ -7,8 +7,12 @@ namespace {
 
 using namespace sums;
 
-ZORS_INLINE __m256i toIntegers(const Zor8u* p) { return _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p))); }
-ZORS_INLINE __m256i toIntegers(const Zor16s* p) { return _mm256_cvtepi16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p))); }
+ZORS_INLINE __m256i toIntegers(const Zor8u* p) {
+  return _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i*>(p)));
+}
+ZORS_INLINE __m256i toIntegers(const Zor16s* p) {
+  return _mm256_cvtepi16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)));
+}
 template <class T> ZORS_INLINE __m256 toFloats(const T* p) { return _mm256_cvtepi32_ps(toIntegers(p)); }
 
 // One by one; from 64 elements on in 16 sums, seeded by what stands before the 32-byte boundary if the source meets it.
@@ -31,7 +35,8 @@ template <class T> Zor32f firstWindow(const T* src, std::ptrdiff_t n) {
 // The running value gains what enters less what leaves.
 template <class T> void carryFloat(const T* src, const T* entering, Zor32f* dst, std::ptrdiff_t len, Zor32f sum) {
   dst[0] = sum;
-  for (std::ptrdiff_t i = 1; i < len; ++i) dst[i] = sum += Zor32f(Zor32s{readAt(entering + i - 1)} - Zor32s{readAt(src + i - 1)});
+  for (std::ptrdiff_t i = 1; i < len; ++i)
+    dst[i] = sum += Zor32f(Zor32s{readAt(entering + i - 1)} - Zor32s{readAt(src + i - 1)});
 }
 
 // The same where no sum exceeds 2^24 and so none rounds: eight at a time, by the running sums of the differences.
@@ -55,17 +60,25 @@ template <class T> void carryInteger(const T* src, const T* entering, Zor32f* ds
 template <class T> void sumWindows(const T* src, Zor32f* dst, Zor32s len, Zor32s maskSize) {
   constexpr Zor64s largest = sizeof(T) == 1 ? 255 : 32768;
   const Zor32f first = firstWindow(src, maskSize);
-  if (maskSize * largest <= Zor64s{1} << 24) carryInteger(src, src + maskSize, dst, len, Zor32s(first));
-  else carryFloat(src, src + maskSize, dst, len, first);
+  if (maskSize * largest <= Zor64s{1} << 24)
+    carryInteger(src, src + maskSize, dst, len, Zor32s(first));
+  else
+    carryFloat(src, src + maskSize, dst, len, first);
 }
 
 template <class T> ZorStatus sumWindow(const T* src, Zor32f* dst, Zor32s len, Zor32s maskSize) {
-  return check().pointers(src, dst).size(len).require(maskSize >= 1, zorStatusBadMaskSize).then([&] { sumWindows(src, dst, len, maskSize); });
+  return check().pointers(src, dst).size(len).require(maskSize >= 1, zorStatusBadMaskSize).then([&] {
+    sumWindows(src, dst, len, maskSize);
+  });
 }
 
 }  // namespace
 
-ZorStatus zorsSumWindow_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len, Zor32s maskSize) { return sumWindow(src, dst, len, maskSize); }
-ZorStatus zorsSumWindow_16s32f(const Zor16s* src, Zor32f* dst, Zor32s len, Zor32s maskSize) { return sumWindow(src, dst, len, maskSize); }
+ZorStatus zorsSumWindow_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len, Zor32s maskSize) {
+  return sumWindow(src, dst, len, maskSize);
+}
+ZorStatus zorsSumWindow_16s32f(const Zor16s* src, Zor32f* dst, Zor32s len, Zor32s maskSize) {
+  return sumWindow(src, dst, len, maskSize);
+}
 
 }  // namespace zors

@@ -1,23 +1,30 @@
-// The butterflies of the Fourier transforms. Their roundings are what docs/numerics.md promises: each parenthesis one, each
-// fma one. The inverse is the forward butterfly with every sine negated.
+// The butterflies of the Fourier transforms. Their roundings are what docs/numerics.md promises: each parenthesis one,
+// each fma one. The inverse is the forward butterfly with every sine negated.
 #pragma once
 
 #include "transforms/fft_lanes.h"
 
 namespace zors::fft {
 
-// x times the twiddle w = (cos, -sin), or its conjugate for the inverse: one product of each part is rounded, the other fused.
+// x times the twiddle w = (cos, -sin), or its conjugate for the inverse: one product of each part is rounded, the other
+// fused.
 template <bool inverse, class T, int L> ZORS_INLINE Points<T, L> twiddle(Points<T, L> w, Points<T, L> x) {
-  if constexpr (inverse) return {fma(w.im, x.im, w.re * x.re), fnma(w.im, x.re, w.re * x.im)};
-  else return {fnma(w.im, x.im, w.re * x.re), fma(w.im, x.re, w.re * x.im)};
+  if constexpr (inverse)
+    return {fma(w.im, x.im, w.re * x.re), fnma(w.im, x.re, w.re * x.im)};
+  else
+    return {fnma(w.im, x.im, w.re * x.re), fma(w.im, x.re, w.re * x.im)};
 }
 
 // a - i b, or a + i b for the inverse; and the other way about.
 template <bool inverse, class T, int L> ZORS_INLINE Points<T, L> minusI(Points<T, L> a, Points<T, L> b) {
-  if constexpr (inverse) return {a.re - b.im, a.im + b.re};
-  else return {a.re + b.im, a.im - b.re};
+  if constexpr (inverse)
+    return {a.re - b.im, a.im + b.re};
+  else
+    return {a.re + b.im, a.im - b.re};
 }
-template <bool inverse, class T, int L> ZORS_INLINE Points<T, L> plusI(Points<T, L> a, Points<T, L> b) { return minusI<!inverse>(a, b); }
+template <bool inverse, class T, int L> ZORS_INLINE Points<T, L> plusI(Points<T, L> a, Points<T, L> b) {
+  return minusI<!inverse>(a, b);
+}
 
 template <class T, int L, int n> struct Parts { Points<T, L> at[n]; };
 
@@ -25,14 +32,16 @@ template <class T, int L, int n> struct Parts { Points<T, L> at[n]; };
 template <bool inverse, class T, int L>
 ZORS_INLINE Parts<T, L, 4> butterfly4(Points<T, L> a, Points<T, L> t1, Points<T, L> t2, Points<T, L> t3) {
   const auto sum02 = a + t2, difference02 = a - t2, sum13 = t1 + t3, difference13 = t1 - t3;
-  return {{sum02 + sum13, minusI<inverse>(difference02, difference13), sum02 - sum13, plusI<inverse>(difference02, difference13)}};
+  return {{sum02 + sum13, minusI<inverse>(difference02, difference13), sum02 - sum13,
+           plusI<inverse>(difference02, difference13)}};
 }
 
-// The compilers would schedule a long pass all at once and spill most of it; what goes through keepInMemory ends in memory.
+// The compilers would schedule a long pass all at once and spill most of it; what goes through keepInMemory ends in
+// memory.
 ZORS_INLINE void keepInMemory(const void* p) { __asm__ volatile("" : : "r"(p) : "memory"); }
 
-// Eight points: four of the odd residues and four of the even ones, then four pairs with eighth turns between, of which a
-// diagonal one is a sum, times the root of one half. part(q) gives the part of residue q.
+// Eight points: four of the odd residues and four of the even ones, then four pairs with eighth turns between, of which
+// a diagonal one is a sum, times the root of one half. part(q) gives the part of residue q.
 template <class T> inline constexpr T halfRoot = T(0.70710678118654752440L);
 template <int q> using Residue = std::integral_constant<int, q>;
 template <bool inverse, int L, class T, class Part> ZORS_INLINE Parts<T, L, 8> butterfly8(Part part) {
@@ -47,7 +56,8 @@ template <bool inverse, int L, class T, class Part> ZORS_INLINE Parts<T, L, 8> b
     if constexpr (L > 1) keepInMemory(odd);
   }
   const auto e = butterfly4<inverse>(part(Residue<0>{}), part(Residue<2>{}), part(Residue<4>{}), part(Residue<6>{}));
-  const auto o0 = loadPoints<L>(odd), o1 = loadPoints<L>(odd + 2 * L), o2 = loadPoints<L>(odd + 4 * L), o3 = loadPoints<L>(odd + 6 * L);
+  const auto o0 = loadPoints<L>(odd), o1 = loadPoints<L>(odd + 2 * L), o2 = loadPoints<L>(odd + 4 * L),
+             o3 = loadPoints<L>(odd + 6 * L);
   Parts<T, L, 8> out;
   out.at[0] = e.at[0] + o0;
   out.at[4] = e.at[0] - o0;
@@ -69,14 +79,19 @@ template <bool inverse, int L, class T, class Part> ZORS_INLINE Parts<T, L, 8> b
 
 // Parts in memory stand in the order of their bit-reversed residues.
 template <int radix> constexpr int residuePlace(int q) {
-  if constexpr (radix == 4) return (q & 1) << 1 | q >> 1;
-  else return (q & 1) << 2 | (q & 2) | q >> 2;
+  if constexpr (radix == 4)
+    return (q & 1) << 1 | q >> 1;
+  else
+    return (q & 1) << 2 | (q & 2) | q >> 2;
 }
 template <int radix, bool inverse, int L, class T, class Part> ZORS_INLINE Parts<T, L, radix> butterfly(Part part) {
-  if constexpr (radix == 4) return butterfly4<inverse>(part(Residue<0>{}), part(Residue<1>{}), part(Residue<2>{}), part(Residue<3>{}));
-  else return butterfly8<inverse, L, T>(part);
+  if constexpr (radix == 4)
+    return butterfly4<inverse>(part(Residue<0>{}), part(Residue<1>{}), part(Residue<2>{}), part(Residue<3>{}));
+  else
+    return butterfly8<inverse, L, T>(part);
 }
-template <int radix, bool inverse, class T, int L> ZORS_INLINE Parts<T, L, radix> butterfly(const Parts<T, L, radix>& t) {
+template <int radix, bool inverse, class T, int L>
+ZORS_INLINE Parts<T, L, radix> butterfly(const Parts<T, L, radix>& t) {
   return butterfly<radix, inverse, L, T>([&](auto q) ZORS_INLINE_LAMBDA { return t.at[q]; });
 }
 

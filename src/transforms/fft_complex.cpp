@@ -8,16 +8,25 @@ using namespace fft;
 
 enum Direction : bool { forward = false, inverse = true };
 
-template <class P, class S> ZorStatus interleaved(Direction direction, const P* src, P* dst, const S* spec, Zor8u* buffer) {
+template <class P, class S>
+ZorStatus interleaved(Direction direction, const P* src, P* dst, const S* spec, Zor8u* buffer) {
   using T = typename S::Element;
-  return withSpec(spec, buffer, [&](Zor8u* work) {
-    transform<T>(*spec, spec->order, direction, Interleaved<const T>{&src->re}, Interleaved<T>{&dst->re}, work);
-  }, src, dst);
+  return withSpec(
+      spec, buffer,
+      [&](Zor8u* work) {
+        transform<T>(*spec, spec->order, direction, Interleaved<const T>{&src->re}, Interleaved<T>{&dst->re}, work);
+      },
+      src, dst);
 }
-template <class T, class S> ZorStatus split(Direction direction, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm, const S* spec, Zor8u* buffer) {
-  return withSpec(spec, buffer, [&](Zor8u* work) {
-    transform<T>(*spec, spec->order, direction, SplitPoints<const T>{srcRe, srcIm}, SplitPoints<T>{dstRe, dstIm}, work);
-  }, srcRe, srcIm, dstRe, dstIm);
+template <class T, class S>
+ZorStatus split(Direction direction, const T* srcRe, const T* srcIm, T* dstRe, T* dstIm, const S* spec, Zor8u* buffer) {
+  return withSpec(
+      spec, buffer,
+      [&](Zor8u* work) {
+        transform<T>(*spec, spec->order, direction, SplitPoints<const T>{srcRe, srcIm}, SplitPoints<T>{dstRe, dstIm},
+                     work);
+      },
+      srcRe, srcIm, dstRe, dstIm);
 }
 
 }  // namespace

@@ -1,5 +1,5 @@
-// zorsFFTGetSize_*, zorsFFTInit_*, zorsFFTInitAlloc_*, zorsFFTFree_*, zorsFFTGetBufSize_*, zorsFFTFwd_*, zorsFFTInv_* of the 32-bit
-// integer kinds: conversion to floating point, a float transform in the work buffer, conversion back.
+// zorsFFTGetSize_*, zorsFFTInit_*, zorsFFTInitAlloc_*, zorsFFTFree_*, zorsFFTGetBufSize_*, zorsFFTFwd_*, zorsFFTInv_*
+// of the 32-bit integer kinds: conversion to floating point, a float transform in the work buffer, conversion back.
 #include <new>
 
 #include "transforms/fft_spec.h"
@@ -7,7 +7,9 @@
 namespace zors::fft {
 
 // A float kind by its operations.
-template <class S, decltype(&zors::zorsFFTGetSize_C_64fc) sizes, ZorStatus (*build)(S**, Zor32s, Zor32s, ZorHintAlgorithm, Zor8u*, Zor8u*)> struct FloatKind {
+template <class S, decltype(&zors::zorsFFTGetSize_C_64fc) sizes,
+          ZorStatus (*build)(S**, Zor32s, Zor32s, ZorHintAlgorithm, Zor8u*, Zor8u*)>
+struct FloatKind {
   using Spec = S;
   static constexpr auto getSize = sizes;
   static constexpr auto init = build;
@@ -17,7 +19,8 @@ using SplitComplex64 = FloatKind<ZorsFFTSpec_C_64f, zors::zorsFFTGetSize_C_64f, 
 using Real64 = FloatKind<ZorsFFTSpec_R_64f, zors::zorsFFTGetSize_R_64f, zors::zorsFFTInit_R_64f>;
 using Real32 = FloatKind<ZorsFFTSpec_R_32f, zors::zorsFFTGetSize_R_32f, zors::zorsFFTInit_R_32f>;
 
-// An integer kind stands before the float specification that does its work. headBytes is the room of the converted data.
+// An integer kind stands before the float specification that does its work. headBytes is the room of the converted
+// data.
 template <class Float> struct Wrapper {
   using Inner = Float;
   Zor32u tag;
@@ -50,62 +53,84 @@ namespace {
 
 using namespace fft;
 
-// ---- Specifications -----------------------------------------------------------------------------------------------------
+// ---- Specifications
+// -----------------------------------------------------------------------------------------------------
 
-constexpr Zor32s wrapped(Zor64s bytes) { return static_cast<Zor32s>(static_cast<Zor64u>(bytes)); }  // as 32-bit arithmetic does
+constexpr Zor32s wrapped(Zor64s bytes) {
+  return static_cast<Zor32s>(static_cast<Zor64u>(bytes));
+}  // as 32-bit arithmetic does
 
-struct WrapperSizes { Zor64s spec, init, work; };  // work without the slack for aligning
+struct WrapperSizes {
+  Zor64s spec, init, work;
+};  // work without the slack for aligning
 template <class S> ZorStatus innerSizes(Zor32s order, Zor32s flag, WrapperSizes& sizes) {
   Zor32s spec = 0, init = 0, work = 0;
   const ZorStatus status = S::Inner::getSize(order, flag, zorAlgHintNone, &spec, &init, &work);
-  sizes = {.spec = Zor64s{spec} + 128, .init = init > 0 ? Zor64s{init} + 64 : 0, .work = work + S::headBytes(Zor64s{1} << order)};
+  sizes = {.spec = Zor64s{spec} + 128,
+           .init = init > 0 ? Zor64s{init} + 64 : 0,
+           .work = work + S::headBytes(Zor64s{1} << order)};
   return status;
 }
 
 template <class S> ZorStatus getSize(Zor32s order, Zor32s flag, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) {
   constexpr Zor32u largestOfAll = 30;
-  return check().require(static_cast<Zor32u>(order) <= largestOfAll, zorStatusBadOrder).pointers(specSize, initSize, workSize).then([&] {
-    WrapperSizes sizes{};
-    const ZorStatus status = innerSizes<S>(order, flag, sizes);
-    if (status != zorStatusOk) return status;
-    *specSize = wrapped(sizes.spec);
-    *initSize = wrapped(sizes.init);
-    *workSize = wrapped(withSlack(sizes.work));
-    return status;
-  });
+  return check()
+      .require(static_cast<Zor32u>(order) <= largestOfAll, zorStatusBadOrder)
+      .pointers(specSize, initSize, workSize)
+      .then([&] {
+        WrapperSizes sizes{};
+        const ZorStatus status = innerSizes<S>(order, flag, sizes);
+        if (status != zorStatusOk) return status;
+        *specSize = wrapped(sizes.spec);
+        *initSize = wrapped(sizes.init);
+        *workSize = wrapped(withSlack(sizes.work));
+        return status;
+      });
 }
 
-template <class S> ZorStatus init(S** specOut, Zor32s order, Zor32s flag, Zor32s hint, Zor8u* specBlock, Zor8u* initBuffer) {
-  return check().pointers(specOut).require(order >= 0 && order <= 30, zorStatusBadOrder).pointers(specBlock).then([&]() -> ZorStatus {
-    S& spec = *new (alignUp(specBlock, Scratch::alignment)) S{};
-    static_assert(sizeof(S) <= Scratch::alignment);
-    WrapperSizes sizes{};
-    ZorStatus status = innerSizes<S>(order, flag, sizes);
-    if (status == zorStatusOk) status = S::Inner::init(&spec.inner, order, flag, hint, reinterpret_cast<Zor8u*>(&spec) + Scratch::alignment, initBuffer);
-    if (status != zorStatusOk) {
-      spec = {};
-      return status;
-    }
-    spec.order = order;
-    spec.hint = hint;
-    spec.workSize = wrapped(sizes.work);
-    spec.tag = S::kind;
-    *specOut = &spec;
-    return zorStatusOk;
-  });
+template <class S>
+ZorStatus init(S** specOut, Zor32s order, Zor32s flag, Zor32s hint, Zor8u* specBlock, Zor8u* initBuffer) {
+  return check()
+      .pointers(specOut)
+      .require(order >= 0 && order <= 30, zorStatusBadOrder)
+      .pointers(specBlock)
+      .then([&]() -> ZorStatus {
+        S& spec = *new (alignUp(specBlock, Scratch::alignment)) S{};
+        static_assert(sizeof(S) <= Scratch::alignment);
+        WrapperSizes sizes{};
+        ZorStatus status = innerSizes<S>(order, flag, sizes);
+        if (status == zorStatusOk)
+          status = S::Inner::init(&spec.inner, order, flag, hint, reinterpret_cast<Zor8u*>(&spec) + Scratch::alignment,
+                                  initBuffer);
+        if (status != zorStatusOk) {
+          spec = {};
+          return status;
+        }
+        spec.order = order;
+        spec.hint = hint;
+        spec.workSize = wrapped(sizes.work);
+        spec.tag = S::kind;
+        *specOut = &spec;
+        return zorStatusOk;
+      });
 }
 
 template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Zor32s hint) {
   Zor32s specSize = 0, initSize = 0, workSize = 0;
   if (specOut == nullptr) return zorStatusNullPointer;
-  if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk) return status;
-  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) { return init(specOut, order, flag, hint, block, initBuffer); });
+  if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk)
+    return status;
+  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) {
+    return init(specOut, order, flag, hint, block, initBuffer);
+  });
 }
 
-// ---- Transforms ---------------------------------------------------------------------------------------------------------
+// ---- Transforms
+// ---------------------------------------------------------------------------------------------------------
 
 // spec, its kind, data; then run(head, rest of the work memory), which returns a status.
-template <class T, class S, class Run, class... P> ZorStatus throughFloat(const S* spec, Zor8u* buffer, Run run, P*... data) {
+template <class T, class S, class Run, class... P>
+ZorStatus throughFloat(const S* spec, Zor8u* buffer, Run run, P*... data) {
   return check().pointers(spec).state(spec, S::kind).pointers(data...).then([&]() -> ZorStatus {
     const Scratch work(buffer, static_cast<std::size_t>(spec->workSize));
     if (!work) return zorStatusNoMemory;
@@ -120,40 +145,65 @@ template <class... Step> ZorStatus inTurn(Step... step) {
   return status;
 }
 
-ZorStatus interleaved(ZorStatus (*inPlace)(Zor64fc*, const ZorsFFTSpec_C_64fc*, Zor8u*), const Zor32sc* src, Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer) {
-  return throughFloat<Zor64f>(spec, buffer, [&](Zor64f* head, Zor8u* rest, Zor32s n) {
-    return inTurn([&] { return zors::zorsConvert_32s64f(&src->re, head, 2 * n); }, [&] { return inPlace(reinterpret_cast<Zor64fc*>(head), spec->inner, rest); },
-                  [&] { return zors::zorsConvert_64f32s_Sfs(head, &dst->re, 2 * n, zorRoundNearestEven, scaleFactor); });
-  }, src, dst);
+ZorStatus interleaved(ZorStatus (*inPlace)(Zor64fc*, const ZorsFFTSpec_C_64fc*, Zor8u*), const Zor32sc* src,
+                      Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer) {
+  return throughFloat<Zor64f>(
+      spec, buffer,
+      [&](Zor64f* head, Zor8u* rest, Zor32s n) {
+        return inTurn(
+            [&] { return zors::zorsConvert_32s64f(&src->re, head, 2 * n); },
+            [&] { return inPlace(reinterpret_cast<Zor64fc*>(head), spec->inner, rest); },
+            [&] { return zors::zorsConvert_64f32s_Sfs(head, &dst->re, 2 * n, zorRoundNearestEven, scaleFactor); });
+      },
+      src, dst);
 }
-ZorStatus split(ZorStatus (*inPlace)(Zor64f*, Zor64f*, const ZorsFFTSpec_C_64f*, Zor8u*), const Zor32s* srcRe, const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm, const ZorsFFTSpec_C_32s* spec,
-                Zor32s scaleFactor, Zor8u* buffer) {
-  return throughFloat<Zor64f>(spec, buffer, [&](Zor64f* re, Zor8u* rest, Zor32s n) {
-    Zor64f* const im = re + n;
-    return inTurn([&] { return zors::zorsConvert_32s64f(srcRe, re, n); }, [&] { return zors::zorsConvert_32s64f(srcIm, im, n); }, [&] { return inPlace(re, im, spec->inner, rest); },
-                  [&] { return zors::zorsConvert_64f32s_Sfs(re, dstRe, n, zorRoundNearestEven, scaleFactor); },
-                  [&] { return zors::zorsConvert_64f32s_Sfs(im, dstIm, n, zorRoundNearestEven, scaleFactor); });
-  }, srcRe, srcIm, dstRe, dstIm);
+ZorStatus split(ZorStatus (*inPlace)(Zor64f*, Zor64f*, const ZorsFFTSpec_C_64f*, Zor8u*), const Zor32s* srcRe,
+                const Zor32s* srcIm, Zor32s* dstRe, Zor32s* dstIm, const ZorsFFTSpec_C_32s* spec, Zor32s scaleFactor,
+                Zor8u* buffer) {
+  return throughFloat<Zor64f>(
+      spec, buffer,
+      [&](Zor64f* re, Zor8u* rest, Zor32s n) {
+        Zor64f* const im = re + n;
+        return inTurn([&] { return zors::zorsConvert_32s64f(srcRe, re, n); },
+                      [&] { return zors::zorsConvert_32s64f(srcIm, im, n); },
+                      [&] { return inPlace(re, im, spec->inner, rest); },
+                      [&] { return zors::zorsConvert_64f32s_Sfs(re, dstRe, n, zorRoundNearestEven, scaleFactor); },
+                      [&] { return zors::zorsConvert_64f32s_Sfs(im, dstIm, n, zorRoundNearestEven, scaleFactor); });
+      },
+      srcRe, srcIm, dstRe, dstIm);
 }
 
 enum class Spectrum { packed, ccs };
-constexpr Zor32s spectrumLen(Spectrum spectrum, Zor32s n) { return spectrum == Spectrum::packed ? n : n == 1 ? 2 : n + 2; }
+constexpr Zor32s spectrumLen(Spectrum spectrum, Zor32s n) {
+  return spectrum == Spectrum::packed ? n : n == 1 ? 2 : n + 2;
+}
 using RealInPlace = ZorStatus (*)(Zor64f*, const ZorsFFTSpec_R_64f*, Zor8u*);
 
-ZorStatus real(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer, Spectrum from, Spectrum to) {
-  return throughFloat<Zor64f>(spec, buffer, [&](Zor64f* head, Zor8u* rest, Zor32s n) {
-    return inTurn([&] { return zors::zorsConvert_32s64f(src, head, spectrumLen(from, n)); }, [&] { return inPlace(head, spec->inner, rest); },
-                  [&] { return zors::zorsConvert_64f32s_Sfs(head, dst, spectrumLen(to, n), zorRoundNearestEven, scaleFactor); });
-  }, src, dst);
+ZorStatus real(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+               Zor8u* buffer, Spectrum from, Spectrum to) {
+  return throughFloat<Zor64f>(
+      spec, buffer,
+      [&](Zor64f* head, Zor8u* rest, Zor32s n) {
+        return inTurn([&] { return zors::zorsConvert_32s64f(src, head, spectrumLen(from, n)); },
+                      [&] { return inPlace(head, spec->inner, rest); },
+                      [&] {
+                        return zors::zorsConvert_64f32s_Sfs(head, dst, spectrumLen(to, n), zorRoundNearestEven,
+                                                            scaleFactor);
+                      });
+      },
+      src, dst);
 }
 
-ZorStatus packed(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer) {
+ZorStatus packed(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                 Zor8u* buffer) {
   return real(inPlace, src, dst, spec, scaleFactor, buffer, Spectrum::packed, Spectrum::packed);
 }
-ZorStatus toCcs(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer) {
+ZorStatus toCcs(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
+                Zor8u* buffer) {
   return real(inPlace, src, dst, spec, scaleFactor, buffer, Spectrum::packed, Spectrum::ccs);
 }
-ZorStatus fromCcs(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor, Zor8u* buffer) {
+ZorStatus fromCcs(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec,
+                  Zor32s scaleFactor, Zor8u* buffer) {
   return real(inPlace, src, dst, spec, scaleFactor, buffer, Spectrum::ccs, Spectrum::packed);
 }
 
@@ -204,17 +254,30 @@ ZorStatus zorsFFTInv_CCSToR_32s_ISfs(Zor32s* srcDst, const ZorsFFTSpec_R_32s* sp
 // clang-format on
 
 // 16-bit values and a 32-bit spectrum, in binary32.
-ZorStatus zorsFFTFwd_RToCCS_16s32s_Sfs(const Zor16s* src, Zor32s* dst, const ZorsFFTSpec_R_16s32s* spec, Zor32s scaleFactor, Zor8u* buffer) {
-  return throughFloat<Zor32f>(spec, buffer, [&](Zor32f* head, Zor8u* rest, Zor32s n) {
-    return inTurn([&] { return zors::zorsConvert_16s32f(src, head, n); }, [&] { return zors::zorsFFTFwd_RToCCS_32f_I(head, spec->inner, rest); },
-                  [&] { return zors::zorsConvert_32f32s_Sfs(head, dst, spectrumLen(Spectrum::ccs, n), zorRoundNearestEven, scaleFactor); });
-  }, src, dst);
+ZorStatus zorsFFTFwd_RToCCS_16s32s_Sfs(const Zor16s* src, Zor32s* dst, const ZorsFFTSpec_R_16s32s* spec,
+                                       Zor32s scaleFactor, Zor8u* buffer) {
+  return throughFloat<Zor32f>(
+      spec, buffer,
+      [&](Zor32f* head, Zor8u* rest, Zor32s n) {
+        return inTurn([&] { return zors::zorsConvert_16s32f(src, head, n); },
+                      [&] { return zors::zorsFFTFwd_RToCCS_32f_I(head, spec->inner, rest); },
+                      [&] {
+                        return zors::zorsConvert_32f32s_Sfs(head, dst, spectrumLen(Spectrum::ccs, n),
+                                                            zorRoundNearestEven, scaleFactor);
+                      });
+      },
+      src, dst);
 }
-ZorStatus zorsFFTInv_CCSToR_32s16s_Sfs(const Zor32s* src, Zor16s* dst, const ZorsFFTSpec_R_16s32s* spec, Zor32s scaleFactor, Zor8u* buffer) {
-  return throughFloat<Zor32f>(spec, buffer, [&](Zor32f* head, Zor8u* rest, Zor32s n) {
-    return inTurn([&] { return zors::zorsConvert_32s32f(src, head, spectrumLen(Spectrum::ccs, n)); }, [&] { return zors::zorsFFTInv_CCSToR_32f_I(head, spec->inner, rest); },
-                  [&] { return zors::zorsConvert_32f16s_Sfs(head, dst, n, zorRoundNearestEven, scaleFactor); });
-  }, src, dst);
+ZorStatus zorsFFTInv_CCSToR_32s16s_Sfs(const Zor32s* src, Zor16s* dst, const ZorsFFTSpec_R_16s32s* spec,
+                                       Zor32s scaleFactor, Zor8u* buffer) {
+  return throughFloat<Zor32f>(
+      spec, buffer,
+      [&](Zor32f* head, Zor8u* rest, Zor32s n) {
+        return inTurn([&] { return zors::zorsConvert_32s32f(src, head, spectrumLen(Spectrum::ccs, n)); },
+                      [&] { return zors::zorsFFTInv_CCSToR_32f_I(head, spec->inner, rest); },
+                      [&] { return zors::zorsConvert_32f16s_Sfs(head, dst, n, zorRoundNearestEven, scaleFactor); });
+      },
+      src, dst);
 }
 
 }  // namespace zors

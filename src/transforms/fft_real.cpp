@@ -1,6 +1,6 @@
 // zorsFFTFwd_RToPack_*, zorsFFTFwd_RToPerm_*, zorsFFTFwd_RToCCS_*, zorsFFTInv_PackToR_*, zorsFFTInv_PermToR_*,
-// zorsFFTInv_CCSToR_* of float values: a complex transform of half the length on pairs of values, and one sweep that parts
-// the spectra of the even and the odd values.
+// zorsFFTInv_CCSToR_* of float values: a complex transform of half the length on pairs of values, and one sweep that
+// parts the spectra of the even and the odd values.
 #include "transforms/fft_spec.h"
 #include "transforms/fft_stages.h"
 #include "transforms/packed.h"
@@ -32,7 +32,8 @@ template <class T, int L> ZORS_INLINE Mirrored<T, L> partInverse(Mirrored<T, L> 
   return {u + t, {mirror.re, -mirror.im}};
 }
 
-// The same forward with (cos, -sin) for a factor: h + u and conj(h - u) with h = p/2 + q/2 and u = -i (cos - i sin) d/2.
+// The same forward with (cos, -sin) for a factor: h + u and conj(h - u) with h = p/2 + q/2 and u = -i (cos - i sin)
+// d/2.
 template <class T, int L> ZORS_INLINE Mirrored<T, L> partForwardHalving(Mirrored<T, L> z, Points<T, L> w) {
   const auto half = allLanes<L>(T(0.5)), halfCosine = half * w.re, halfMinusSine = half * w.im;
   const auto p = z.low;
@@ -44,10 +45,12 @@ template <class T, int L> ZORS_INLINE Mirrored<T, L> partForwardHalving(Mirrored
 }
 
 // The sweep goes from both ends to the middle, L pairs at a time.
-template <int L, class T, class Part> ZORS_INLINE void partAt(const T* src, T* dst, std::size_t n, std::size_t k, Part part) {
+template <int L, class T, class Part>
+ZORS_INLINE void partAt(const T* src, T* dst, std::size_t n, std::size_t k, Part part) {
   const std::size_t mirror = n / 2 - k - (L - 1);
   const auto back = loadInterleaved<L>(src + 2 * mirror);
-  const Mirrored<T, L> out = part(Mirrored<T, L>{loadInterleaved<L>(src + 2 * k), {reversed(back.re), reversed(back.im)}});
+  const Mirrored<T, L> out =
+      part(Mirrored<T, L>{loadInterleaved<L>(src + 2 * k), {reversed(back.re), reversed(back.im)}});
   storeInterleaved<L>(dst + 2 * k, out.low);
   storeInterleaved<L>(dst + 2 * mirror, Points<T, L>{reversed(out.high.re), reversed(out.high.im)});
 }
@@ -58,7 +61,8 @@ template <class T> ZORS_INLINE void sumAndDifference(const T* src, T* dst) {
 }
 
 // All pairs; the middle term meets itself and is written twice.
-template <bool inverse, int L, class T> [[gnu::flatten]] void part(const T* src, T* dst, std::size_t n, const T* factors) {
+template <bool inverse, int L, class T>
+[[gnu::flatten]] void part(const T* src, T* dst, std::size_t n, const T* factors) {
   sumAndDifference(src, dst);
   for (std::size_t k = 1; k <= n / 4; k += L, factors += 2 * L)
     partAt<L>(src, dst, n, k, [&](auto pair) ZORS_INLINE_LAMBDA {
@@ -66,7 +70,8 @@ template <bool inverse, int L, class T> [[gnu::flatten]] void part(const T* src,
       return inverse ? partInverse(pair, factor) : partForward(pair, factor);
     });
 }
-template <bool inverse, class T> [[gnu::flatten]] void partTwoLevel(const T* src, T* dst, std::size_t n, const T* factors) {
+template <bool inverse, class T>
+[[gnu::flatten]] void partTwoLevel(const T* src, T* dst, std::size_t n, const T* factors) {
   constexpr int L = fullLanes<T>;
   sumAndDifference(src, dst);
   const T* coarse = factors + 2 * fineFactors<T>;
@@ -81,14 +86,18 @@ template <bool inverse, class T> [[gnu::flatten]] void partTwoLevel(const T* src
 }
 
 // Orders 3 and 4, and what they need of the tables.
-template <int order, class T> constexpr auto smallFactors = [] {
-  struct { std::array<T, factorValues<T>(order)> forward{}, inverse{}; } tables;
+template <int order, class T>
+constexpr auto smallFactors = [] {
+  struct {
+    std::array<T, factorValues<T>(order)> forward{}, inverse{};
+  } tables;
   factorRecords<1>(order, staticSineTable<T>(order), tables.forward.data(), tables.inverse.data());
   return tables;
 }();
 
 // All values are read before the first is written.
-template <int order, bool inverse, bool scaled, class T> [[gnu::flatten]] void straightLine(const T* src, T* dst, T scale) {
+template <int order, bool inverse, bool scaled, class T>
+[[gnu::flatten]] void straightLine(const T* src, T* dst, T scale) {
   constexpr int n = 1 << order;
   T x[n], out[n];
   simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA { x[i] = src[i]; });
@@ -112,7 +121,9 @@ template <int order, bool inverse, bool scaled, class T> [[gnu::flatten]] void s
   } else {
     T pairs[n];
     const auto complexTransform = [&](const T* from, T* to) ZORS_INLINE_LAMBDA {
-      const auto y = butterfly<n / 2, inverse, 1, T>([&](auto q) ZORS_INLINE_LAMBDA { return Points<T, 1>{{from[2 * q]}, {from[2 * q + 1]}}; });
+      const auto y = butterfly<n / 2, inverse, 1, T>([&](auto q) ZORS_INLINE_LAMBDA {
+        return Points<T, 1>{{from[2 * q]}, {from[2 * q + 1]}};
+      });
       simd::unrolled<n / 2>([&](auto q) ZORS_INLINE_LAMBDA { storeInterleaved<1>(to + 2 * q, y.at[q]); });
     };
     const auto parting = [&](const T* from, T* to, const auto& factors) ZORS_INLINE_LAMBDA {
@@ -136,48 +147,65 @@ template <int order, bool inverse, bool scaled, class T> [[gnu::flatten]] void s
 }
 template <bool inverse, bool scaled, class T> void smallReal(int order, const T* src, T* dst, T scale) {
   switch (order) {
-    case 0: return straightLine<0, inverse, scaled>(src, dst, scale);
-    case 1: return straightLine<1, inverse, scaled>(src, dst, scale);
-    case 2: return straightLine<2, inverse, scaled>(src, dst, scale);
-    case 3: return straightLine<3, inverse, scaled>(src, dst, scale);
-    default: return straightLine<4, inverse, scaled>(src, dst, scale);
+    case 0:
+      return straightLine<0, inverse, scaled>(src, dst, scale);
+    case 1:
+      return straightLine<1, inverse, scaled>(src, dst, scale);
+    case 2:
+      return straightLine<2, inverse, scaled>(src, dst, scale);
+    case 3:
+      return straightLine<3, inverse, scaled>(src, dst, scale);
+    default:
+      return straightLine<4, inverse, scaled>(src, dst, scale);
   }
 }
 template <bool inverse, class T> void smallReal(const Spec<T>& spec, const T* src, T* dst) {
-  if (spec.scales(inverse)) smallReal<inverse, true>(spec.order, src, dst, spec.scale);
-  else smallReal<inverse, false>(spec.order, src, dst, spec.scale);
+  if (spec.scales(inverse))
+    smallReal<inverse, true>(spec.order, src, dst, spec.scale);
+  else
+    smallReal<inverse, false>(spec.order, src, dst, spec.scale);
 }
 
 template <Packed format, class S, class T> ZorStatus realForward(const T* src, T* dst, const S* spec, Zor8u* buffer) {
-  return withSpec(spec, buffer, [&](Zor8u* work) {
-    const std::size_t n = std::size_t{1} << spec->order;
-    if (spec->order <= largestSmallRealOrder) {
-      smallReal<false, T>(*spec, src, dst);
-    } else {
-      transform<T>(*spec, spec->order - 1, false, Interleaved<const T>{src}, Interleaved<T>{dst}, work);
-      if (spec->order < twoLevelOrder<T>) part<false, fullLanes<T>>(dst, dst, n, spec->realForward);
-      else partTwoLevel<false>(dst, dst, n, spec->realForward);
-    }
-    fromPerm<format>(dst, n);
-  }, src, dst);
+  return withSpec(
+      spec, buffer,
+      [&](Zor8u* work) {
+        const std::size_t n = std::size_t{1} << spec->order;
+        if (spec->order <= largestSmallRealOrder) {
+          smallReal<false, T>(*spec, src, dst);
+        } else {
+          transform<T>(*spec, spec->order - 1, false, Interleaved<const T>{src}, Interleaved<T>{dst}, work);
+          if (spec->order < twoLevelOrder<T>)
+            part<false, fullLanes<T>>(dst, dst, n, spec->realForward);
+          else
+            partTwoLevel<false>(dst, dst, n, spec->realForward);
+        }
+        fromPerm<format>(dst, n);
+      },
+      src, dst);
 }
 
 template <Packed format, class S, class T> ZorStatus realInverse(const T* src, T* dst, const S* spec, Zor8u* buffer) {
-  return withSpec(spec, buffer, [&](Zor8u* work) {
-    const std::size_t n = std::size_t{1} << spec->order;
-    const T* perm = src;
-    if constexpr (format != Packed::perm) {
-      toPerm<format>(src, dst, n);
-      perm = dst;
-    }
-    if (spec->order <= largestSmallRealOrder) {
-      smallReal<true, T>(*spec, perm, dst);
-    } else {
-      if (spec->order < twoLevelOrder<T>) part<true, fullLanes<T>>(perm, dst, n, spec->realInverse);
-      else partTwoLevel<true>(perm, dst, n, spec->realInverse);
-      transform<T>(*spec, spec->order - 1, true, Interleaved<const T>{dst}, Interleaved<T>{dst}, work);
-    }
-  }, src, dst);
+  return withSpec(
+      spec, buffer,
+      [&](Zor8u* work) {
+        const std::size_t n = std::size_t{1} << spec->order;
+        const T* perm = src;
+        if constexpr (format != Packed::perm) {
+          toPerm<format>(src, dst, n);
+          perm = dst;
+        }
+        if (spec->order <= largestSmallRealOrder) {
+          smallReal<true, T>(*spec, perm, dst);
+        } else {
+          if (spec->order < twoLevelOrder<T>)
+            part<true, fullLanes<T>>(perm, dst, n, spec->realInverse);
+          else
+            partTwoLevel<true>(perm, dst, n, spec->realInverse);
+          transform<T>(*spec, spec->order - 1, true, Interleaved<const T>{dst}, Interleaved<T>{dst}, work);
+        }
+      },
+      src, dst);
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// zorsFFTGetSize_*, zorsFFTInit_*, zorsFFTInitAlloc_*, zorsFFTFree_*, zorsFFTGetBufSize_*: specifications of the float kinds.
+// zorsFFTGetSize_*, zorsFFTInit_*, zorsFFTInitAlloc_*, zorsFFTFree_*, zorsFFTGetBufSize_*: specifications of the float
+// kinds.
 #include "transforms/fft_spec.h"
 
 #include <algorithm>
@@ -12,7 +13,8 @@ namespace {
 
 using namespace fft;
 
-// ---- Sizes: fixed formulas, which do not depend on what this implementation lays out ------------------------------------
+// ---- Sizes: fixed formulas, which do not depend on what this implementation lays out
+// ------------------------------------
 
 struct Sizes {
   std::size_t spec = 0, init = 0, work = 0;  // without slack for the header, the init buffer and the work buffer
@@ -30,8 +32,10 @@ template <class T> constexpr Sizes blockedSizes(int order) {
   constexpr std::size_t bytes = pointBytes<T>;
   const int bits = tileBits<T>(order), rest = order - bits;
   Sizes sizes;
-  if (rest < blockedOrder<T>) sizes = {.spec = down64(bytes * power(rest) + bytes + 63), .work = down64(bytes * power(rest) + 63)};
-  else sizes = blockedSizes<T>(rest);
+  if (rest < blockedOrder<T>)
+    sizes = {.spec = down64(bytes * power(rest) + bytes + 63), .work = down64(bytes * power(rest) + 63)};
+  else
+    sizes = blockedSizes<T>(rest);
   sizes.spec += bytes * power(order - 1);
   sizes.work = std::max(sizes.work, bytes * power(bits + (sizeof(T) == 4 ? 6 : 5)));
   return sizes;
@@ -40,7 +44,9 @@ template <class T> constexpr Sizes complexSizes(int order) {
   constexpr std::size_t bytes = pointBytes<T>;
   if (order <= largestSmallOrder) return {};
   if (order < blockedOrder<T>)
-    return {.spec = down64(bytes * power(order) + bytes + 63) + reversalBytes(order), .init = sineBytes<T>(order), .work = down64(bytes * power(order) + 63)};
+    return {.spec = down64(bytes * power(order) + bytes + 63) + reversalBytes(order),
+            .init = sineBytes<T>(order),
+            .work = down64(bytes * power(order) + 63)};
   Sizes sizes = blockedSizes<T>(order);
   sizes.spec += sizeof(T) == 4 ? 4 * power(order - 12) + 4160 : 4 * power(order - 10) + 1088;
   sizes.work = std::max<std::size_t>(sizes.work, sizeof(T) == 4 ? 65536 : 32768);
@@ -68,7 +74,8 @@ constexpr std::size_t headerBytes = 144;
 constexpr std::size_t specBytes(const Sizes& sizes) { return sizes.spec + (sizes.spec == 0 ? headerBytes + 64 : 256); }
 constexpr std::size_t bufferBytes(std::size_t bytes) { return bytes == 0 ? 0 : bytes + 64; }
 
-// ---- What a specification holds -----------------------------------------------------------------------------------------
+// ---- What a specification holds
+// -----------------------------------------------------------------------------------------
 
 // The one account of it. Without a block it counts.
 template <class S> constexpr void lay(Layout& block, S& spec, int order) {
@@ -97,10 +104,12 @@ template <class S> consteval bool fits() {
   return true;
 }
 
-// ---- The operations -----------------------------------------------------------------------------------------------------
+// ---- The operations
+// -----------------------------------------------------------------------------------------------------
 
 constexpr bool isFlag(Zor32s flag) {
-  return flag == ZOR_FFT_DIVIDE_FORWARD || flag == ZOR_FFT_DIVIDE_INVERSE || flag == ZOR_FFT_DIVIDE_BOTH_ROOT || flag == ZOR_FFT_DIVIDE_NONE;
+  return flag == ZOR_FFT_DIVIDE_FORWARD || flag == ZOR_FFT_DIVIDE_INVERSE || flag == ZOR_FFT_DIVIDE_BOTH_ROOT ||
+         flag == ZOR_FFT_DIVIDE_NONE;
 }
 template <class S> constexpr bool isOrder(Zor32s order) { return order >= 0 && order <= S::largestOrder; }
 
@@ -125,8 +134,10 @@ template <class T> void setScale(Spec<T>& spec, Zor32s flag, int order) {
   const double n = static_cast<double>(power(order));
   spec.scaleForward = flag == ZOR_FFT_DIVIDE_FORWARD || flag == ZOR_FFT_DIVIDE_BOTH_ROOT;
   spec.scaleInverse = flag == ZOR_FFT_DIVIDE_INVERSE || flag == ZOR_FFT_DIVIDE_BOTH_ROOT;
-  if (flag == ZOR_FFT_DIVIDE_BOTH_ROOT) spec.scale = static_cast<T>(1 / std::sqrt(n));
-  else if (flag != ZOR_FFT_DIVIDE_NONE) spec.scale = 1 / static_cast<T>(n);
+  if (flag == ZOR_FFT_DIVIDE_BOTH_ROOT)
+    spec.scale = static_cast<T>(1 / std::sqrt(n));
+  else if (flag != ZOR_FFT_DIVIDE_NONE)
+    spec.scale = 1 / static_cast<T>(n);
 }
 
 template <class S> void buildTables(S& spec, Zor8u* initBuffer) {
@@ -138,38 +149,49 @@ template <class S> void buildTables(S& spec, Zor8u* initBuffer) {
   if (engine > largestSmallOrder) {
     fillReversal(reversalBits<T>(engine), spec.bitReverse);
     fillStageTwiddles(innermostOrder<T>(engine), sines, spec.twiddles);
-    for (int level = 0; engine >= blockedOrder<T>; ++level, engine -= tileBits<T>(engine)) fillLevelTwiddles(engine, sines, spec.levelTwiddles[level]);
+    for (int level = 0; engine >= blockedOrder<T>; ++level, engine -= tileBits<T>(engine))
+      fillLevelTwiddles(engine, sines, spec.levelTwiddles[level]);
   }
   if constexpr (real) {
-    if (spec.order < twoLevelOrder<T>) fillFactors(spec.order, sines, spec.realForward, spec.realInverse);
-    else fillTwoLevelFactors(spec.order, sines, spec.realForward);
+    if (spec.order < twoLevelOrder<T>)
+      fillFactors(spec.order, sines, spec.realForward, spec.realInverse);
+    else
+      fillTwoLevelFactors(spec.order, sines, spec.realForward);
   }
 }
 
-template <class S> ZorStatus init(S** specOut, Zor32s order, Zor32s flag, Zor32s hint, Zor8u* specBlock, Zor8u* initBuffer) {
-  return check().pointers(specOut).require(isOrder<S>(order), zorStatusBadOrder).pointers(specBlock).then([&]() -> ZorStatus {
-    S& spec = *new (alignUp(specBlock, Scratch::alignment)) S{};
-    if (!isFlag(flag)) return zorStatusBadFlag;
-    const Sizes sizes = sizesOf<S>(order);
-    if (sizes.init != 0 && initBuffer == nullptr) return zorStatusNullPointer;
-    spec.order = order;
-    spec.hint = hint;
-    spec.workSize = static_cast<Zor32s>(sizes.work);
-    setScale(spec, flag, order);
-    Layout layout(Scratch::alignment, specBlock);
-    lay(layout, spec, order);
-    buildTables(spec, initBuffer);
-    spec.tag = S::kind;
-    *specOut = &spec;
-    return zorStatusOk;
-  });
+template <class S>
+ZorStatus init(S** specOut, Zor32s order, Zor32s flag, Zor32s hint, Zor8u* specBlock, Zor8u* initBuffer) {
+  return check()
+      .pointers(specOut)
+      .require(isOrder<S>(order), zorStatusBadOrder)
+      .pointers(specBlock)
+      .then([&]() -> ZorStatus {
+        S& spec = *new (alignUp(specBlock, Scratch::alignment)) S{};
+        if (!isFlag(flag)) return zorStatusBadFlag;
+        const Sizes sizes = sizesOf<S>(order);
+        if (sizes.init != 0 && initBuffer == nullptr) return zorStatusNullPointer;
+        spec.order = order;
+        spec.hint = hint;
+        spec.workSize = static_cast<Zor32s>(sizes.work);
+        setScale(spec, flag, order);
+        Layout layout(Scratch::alignment, specBlock);
+        lay(layout, spec, order);
+        buildTables(spec, initBuffer);
+        spec.tag = S::kind;
+        *specOut = &spec;
+        return zorStatusOk;
+      });
 }
 
 template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Zor32s hint) {
   Zor32s specSize = 0, initSize = 0, workSize = 0;
   if (specOut == nullptr) return zorStatusNullPointer;
-  if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk) return status;
-  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) { return init(specOut, order, flag, hint, block, initBuffer); });
+  if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk)
+    return status;
+  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) {
+    return init(specOut, order, flag, hint, block, initBuffer);
+  });
 }
 
 }  // namespace

@@ -71,8 +71,10 @@ template <class T> constexpr int innermostOrder(int order) {
 // ---- The engine -----------------------------------------------------------------------------------------------------
 
 // One transform of 2^order points; work is null or workSize bytes, aligned to 64. src may be dst.
-template <class T> void transform(const Spec<T>& spec, int order, bool inverse, Interleaved<const T> src, Interleaved<T> dst, Zor8u* work);
-template <class T> void transform(const Spec<T>& spec, int order, bool inverse, SplitPoints<const T> src, SplitPoints<T> dst, Zor8u* work);
+template <class T>
+void transform(const Spec<T>& spec, int order, bool inverse, Interleaved<const T> src, Interleaved<T> dst, Zor8u* work);
+template <class T>
+void transform(const Spec<T>& spec, int order, bool inverse, SplitPoints<const T> src, SplitPoints<T> dst, Zor8u* work);
 
 // ---- Kinds ----------------------------------------------------------------------------------------------------------
 
@@ -85,7 +87,8 @@ template <Tag tag, class T, Field dataField> struct Kind : Spec<T> {
   static constexpr int largestOrder = largestComplexOrder<T> + (dataField == Field::real ? 1 : 0);
 };
 
-// ---- Lifecycles, of float and integer kinds alike ---------------------------------------------------------------------
+// ---- Lifecycles, of float and integer kinds alike
+// ---------------------------------------------------------------------
 
 // Bytes to report: with room for aligning, where any are needed.
 constexpr Zor64s withSlack(Zor64s bytes) { return bytes >= 1 ? bytes + 64 : 0; }
@@ -113,7 +116,9 @@ template <class S> ZorStatus release(S* spec) {
 }
 
 template <class S> ZorStatus getBufSize(const S* spec, Zor32s* size) {
-  return check().pointers(spec, size).state(spec, S::kind).then([&] { *size = static_cast<Zor32s>(withSlack(spec->workSize)); });
+  return check().pointers(spec, size).state(spec, S::kind).then([&] {
+    *size = static_cast<Zor32s>(withSlack(spec->workSize));
+  });
 }
 
 // ---- Checks ---------------------------------------------------------------------------------------------------------

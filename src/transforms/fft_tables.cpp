@@ -42,11 +42,13 @@ template <class T> void fillLevelTwiddles(int order, const SineTable<T>& sines, 
   for (std::size_t group = 0; group < columns; group += tileColumns<T>)
     for (int done = 0; done < bits; done += tileStageBits(bits, done)) {
       const int stage = tileStageBits(bits, done);
-      const std::size_t rows = std::size_t{1} << done, radix = std::size_t{1} << stage, powers = done + stage == bits ? 1 : radix - 1;
+      const std::size_t rows = std::size_t{1} << done, radix = std::size_t{1} << stage,
+                        powers = done + stage == bits ? 1 : radix - 1;
       for (std::size_t row = 0; row < rows; ++row)
         for (std::size_t k = group + columns * row, end = k + tileColumns<T>; k < end; k += fullLanes<T>)
           for (std::size_t q = 1; q <= powers; ++q)
-            out = record<fullLanes<T>>(out, [&](std::size_t point) { return sines.rotation(q * (k + point), columns * rows * radix); });
+            out = record<fullLanes<T>>(
+                out, [&](std::size_t point) { return sines.rotation(q * (k + point), columns * rows * radix); });
     }
 }
 
@@ -68,7 +70,8 @@ template <class T> void fillTwoLevelFactors(int order, const SineTable<T>& sines
   const std::size_t n = std::size_t{1} << order;
   for (std::size_t k = 1; k <= fineFactors<T>; k += fullLanes<T>)
     out = record<fullLanes<T>>(out, [&](std::size_t point) { return sines.rotation(k + point, n); });
-  for (std::size_t k = 0; k < n / 4; k += fineFactors<T>) out = record<1>(out, [&](std::size_t) { return sines.rotation(k, n); });
+  for (std::size_t k = 0; k < n / 4; k += fineFactors<T>)
+    out = record<1>(out, [&](std::size_t) { return sines.rotation(k, n); });
 }
 
 template SineTable<Zor32f> sineTable(int, Zor32f*);

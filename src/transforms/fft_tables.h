@@ -13,7 +13,8 @@ inline constexpr int largestStaticOrder = 10;
 
 namespace detail {
 
-// The series of the sine (first = 1) or the cosine (first = 0) for x from 0 to pi / 4, to the last bits of a long double.
+// The series of the sine (first = 1) or the cosine (first = 0) for x from 0 to pi / 4, to the last bits of a long
+// double.
 consteval long double sineSeries(long double x, int first) {
   long double term = first == 1 ? x : 1, sum = 0;
   for (int n = first; n < first + 30; n += 2) {
@@ -43,11 +44,14 @@ static_assert(staticSines<Zor32f>.back() == 1 && staticSines<Zor64f>.back() == 1
 // S[i] = sin(2 pi i / turn) for i from 0 to turn / 4, in every stride-th place of a table.
 template <class T> class SineTable {
  public:
-  constexpr SineTable(const T* table, std::size_t turn, std::size_t stride) : table_(table), turn_(turn), stride_(stride) {}
+  constexpr SineTable(const T* table, std::size_t turn, std::size_t stride)
+      : table_(table), turn_(turn), stride_(stride) {}
 
-  // (cos, -sin) of k turns in n, where n divides the turn of the table: a half turn changes both signs, and within a half
-  // turn the second quarter mirrors the first.
-  struct Rotation { T re, im; };
+  // (cos, -sin) of k turns in n, where n divides the turn of the table: a half turn changes both signs, and within a
+  // half turn the second quarter mirrors the first.
+  struct Rotation {
+    T re, im;
+  };
   constexpr Rotation rotation(std::size_t k, std::size_t n) const {
     const std::size_t quarter = turn_ / 4, half = turn_ / 2, at = k * (turn_ / n);
     const bool beyondHalf = at > half, beyondQuarter = (beyondHalf ? at - half : at) > quarter;
@@ -67,8 +71,8 @@ template <class T> constexpr SineTable<T> staticSineTable(int order) {
 // The table of an order: the static one, or computed in memory for 2^order / 4 + 1 values.
 template <class T> SineTable<T> sineTable(int order, T* memory);
 
-// A record of one register of rotations and more: L cosines and L minus sines, of point(0), point(1), ... in the order that
-// registers of L lanes have.
+// A record of one register of rotations and more: L cosines and L minus sines, of point(0), point(1), ... in the order
+// that registers of L lanes have.
 template <int L, class T, class Point> constexpr T* record(T* out, Point point) {
   for (int lane = 0; lane < L; ++lane) {
     const auto w = point(static_cast<std::size_t>(L == fullLanes<T> ? lanePoint<T>(lane) : lane));
@@ -78,15 +82,16 @@ template <int L, class T, class Point> constexpr T* record(T* out, Point point) 
   return out + 2 * L;
 }
 // The records of one stage: of `radix` parts of `span` points.
-template <int L, class T> constexpr T* stageRecords(std::size_t span, std::size_t radix, const SineTable<T>& sines, T* out) {
+template <int L, class T>
+constexpr T* stageRecords(std::size_t span, std::size_t radix, const SineTable<T>& sines, T* out) {
   for (std::size_t k = 0; k < span; k += L)
     for (std::size_t q = 1; q < radix; ++q)
       out = record<L>(out, [&](std::size_t point) { return sines.rotation(q * (k + point), span * radix); });
   return out;
 }
 
-// ---- Twiddles: first single pairs for the second stage, then records of full registers of cosines and of minus sines in
-// lane order, one after another as the stages use them
+// ---- Twiddles: first single pairs for the second stage, then records of full registers of cosines and of minus sines
+// in lane order, one after another as the stages use them
 
 inline constexpr std::size_t firstPassTwiddleValues = 32;  // 24, and the rest of a line
 constexpr std::size_t stageTwiddleValues(int order) {
@@ -99,8 +104,8 @@ constexpr std::size_t stageTwiddleValues(int order) {
 }
 template <class T> void fillStageTwiddles(int order, const SineTable<T>& sines, T* out);
 
-// Of a level of the blocked path: for each group of columns the records of each tile stage, of the last stage those of the
-// first powers alone.
+// Of a level of the blocked path: for each group of columns the records of each tile stage, of the last stage those of
+// the first powers alone.
 template <class T> constexpr std::size_t levelTwiddleValues(int order) {
   const int bits = tileBits<T>(order);
   std::size_t rows = 0;
@@ -116,9 +121,9 @@ template <class T> void fillLevelTwiddles(int order, const SineTable<T>& sines, 
 
 void fillReversal(int bits, Zor32u* out);
 
-// ---- Factors of the real transforms, for k from 1 to N / 4: forward (cos / 2, 1 / 2 - sin / 2), inverse (cos, -sin), in
-// records like the twiddles'. Long transforms have one table instead, of fine factors (cos, -sin) for k up to fineFactors and
-// then coarse ones, single pairs for multiples of fineFactors; k = coarse + fine is a product of two.
+// ---- Factors of the real transforms, for k from 1 to N / 4: forward (cos / 2, 1 / 2 - sin / 2), inverse (cos, -sin),
+// in records like the twiddles'. Long transforms have one table instead, of fine factors (cos, -sin) for k up to
+// fineFactors and then coarse ones, single pairs for multiples of fineFactors; k = coarse + fine is a product of two.
 
 template <class T> inline constexpr std::size_t fineFactors = sizeof(T) == 4 ? 1024 : 512;
 template <class T> constexpr std::size_t factorValues(int order) {
@@ -131,7 +136,8 @@ template <int L, class T> constexpr void factorRecords(int order, const SineTabl
     inverse = record<L>(inverse, [&](std::size_t point) { return sines.rotation(k + point, n); });
     forward = record<L>(forward, [&](std::size_t point) {
       const auto w = sines.rotation(k + point, n);
-      return typename SineTable<T>::Rotation{T(0.5) * w.re, static_cast<T>(0.5 + 0.5 * static_cast<double>(w.im))};  // halves are exact
+      return typename SineTable<T>::Rotation{
+          T(0.5) * w.re, static_cast<T>(0.5 + 0.5 * static_cast<double>(w.im))};  // halves are exact
     });
   }
 }

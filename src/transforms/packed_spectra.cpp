@@ -15,7 +15,9 @@ ZORS_INLINE __m256 exchanged(__m256 x) { return _mm256_permute_ps(x, 0xB1); }
 ZORS_INLINE __m256d exchanged(__m256d x) { return _mm256_permute_pd(x, 0x5); }
 ZORS_INLINE __m256 times(__m256 a, __m256 b) { return _mm256_mul_ps(a, b); }
 ZORS_INLINE __m256d times(__m256d a, __m256d b) { return _mm256_mul_pd(a, b); }
-ZORS_INLINE __m256 fmaMinusPlus(__m256 a, __m256 b, __m256 c) { return _mm256_fmaddsub_ps(a, b, c); }  // minus c in real parts
+ZORS_INLINE __m256 fmaMinusPlus(__m256 a, __m256 b, __m256 c) {
+  return _mm256_fmaddsub_ps(a, b, c);
+}  // minus c in real parts
 ZORS_INLINE __m256d fmaMinusPlus(__m256d a, __m256d b, __m256d c) { return _mm256_fmaddsub_pd(a, b, c); }
 ZORS_INLINE __m256 fmaPlusMinus(__m256 a, __m256 b, __m256 c) { return _mm256_fmsubadd_ps(a, b, c); }
 ZORS_INLINE __m256d fmaPlusMinus(__m256d a, __m256d b, __m256d c) { return _mm256_fmsubadd_pd(a, b, c); }
@@ -51,13 +53,17 @@ template <class Op, Packed format, class T> ZorStatus multiply(const T* src1, co
       const std::size_t last = format == Packed::perm ? 1 : n - 1;
       dst[last] = src1[last] * src2[last];
     }
-    const auto pairsOf = [&](auto* x) { return reinterpret_cast<std::conditional_t<std::is_const_v<std::remove_pointer_t<decltype(x)>>, const Pair, Pair>*>(x + start); };
+    const auto pairsOf = [&](auto* x) {
+      return reinterpret_cast<
+          std::conditional_t<std::is_const_v<std::remove_pointer_t<decltype(x)>>, const Pair, Pair>*>(x + start);
+    };
     if (pairs > 0) map<block<Pair>>(Op{}, std::ptrdiff_t(pairs), pairsOf(dst), pairsOf(src1), pairsOf(src2));
   });
 }
 // The operand that is overwritten is the second one.
 template <Packed format, class T> ZorStatus multiplied(const T* src1, const T* src2, T* dst, Zor32s len) {
-  return src1 == dst ? multiply<Product, format>(src2, src1, dst, len) : multiply<Product, format>(src1, src2, dst, len);
+  return src1 == dst ? multiply<Product, format>(src2, src1, dst, len)
+                     : multiply<Product, format>(src1, src2, dst, len);
 }
 
 }  // namespace

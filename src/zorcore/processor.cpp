@@ -23,7 +23,8 @@ int64_t largestCache(unsigned leaf) {
     if (type == 0) return largest;
     constexpr unsigned instructionCache = 2;
     if (type == instructionCache) continue;
-    const int64_t ways = (b >> 22) + 1, partitions = ((b >> 12) & 1023) + 1, line = (b & 4095) + 1, sets = int64_t{c} + 1;
+    const int64_t ways = (b >> 22) + 1, partitions = ((b >> 12) & 1023) + 1, line = (b & 4095) + 1,
+                  sets = int64_t{c} + 1;
     largest = std::max(largest, ways * partitions * line * sets);
   }
   return largest;

@@ -9,8 +9,11 @@ namespace {
 using kit::sweep;
 
 constexpr Zor32s ordinaryScales[] = {0, 1, -1, 2, -2, 7, -7, 15, -15, 16, 31, -31};
-constexpr Zor32s extremeScales[] = {17, 18, 19, -6, -8, 24, -24, 30, -30, 32, -32, 40, 62, 63, 64, -62, -63, -64, 96, -96, -97, 112, -112, -113, 126, 127, 128, -126, -127,
-                                    -128, 149, 150, -149, 200, 255, 256, -255, -256, 992, -992, -993, 1008, -1008, -1009, 1022, 1023, 1074, 1075, -1023, -1024, 5000, INT32_MAX, INT32_MIN};
+constexpr Zor32s extremeScales[] = {17,   18,   19,   -6,   -8,    24,    -24,  30,        -30,      32,    -32,
+                                    40,   62,   63,   64,   -62,   -63,   -64,  96,        -96,      -97,   112,
+                                    -112, -113, 126,  127,  128,   -126,  -127, -128,      149,      150,   -149,
+                                    200,  255,  256,  -255, -256,  992,   -992, -993,      1008,     -1008, -1009,
+                                    1022, 1023, 1074, 1075, -1023, -1024, 5000, INT32_MAX, INT32_MIN};
 std::vector<Zor32s> allScales() {
   std::vector<Zor32s> scales(std::begin(ordinaryScales), std::end(ordinaryScales));
   scales.insert(scales.end(), std::begin(extremeScales), std::end(extremeScales));
@@ -41,7 +44,9 @@ template <class D> D limited(__int128 t) {
   using L = std::numeric_limits<D>;
   return t > L::max() ? L::max() : t < L::min() ? L::min() : D(t);
 }
-template <class D> D byRule(__int128 t, int s) { return limited<D>(s >= 0 ? roundedShift(t, s) : t * (__int128{1} << -s)); }
+template <class D> D byRule(__int128 t, int s) {
+  return limited<D>(s >= 0 ? roundedShift(t, s) : t * (__int128{1} << -s));
+}
 template <class D> D byMagnitude(__int128 t, int s, ZorRoundMode rnd) {
   const __int128 m = t < 0 ? -t : t;
   const __int128 q = rnd == 1 ? roundedShift(m, s) : rnd == 0 ? m >> s : (m + (__int128{1} << (s - 1))) >> s;
@@ -51,7 +56,8 @@ template <class D> D byMagnitude(__int128 t, int s, ZorRoundMode rnd) {
 long double halfValue(Zor16f h) {
   const int e = h >> 10 & 31, m = h & 1023;
   const long double sign = h & 0x8000 ? -1 : 1;
-  if (e == 31) return m ? std::numeric_limits<long double>::quiet_NaN() : sign * std::numeric_limits<long double>::infinity();
+  if (e == 31)
+    return m ? std::numeric_limits<long double>::quiet_NaN() : sign * std::numeric_limits<long double>::infinity();
   return sign * (e == 0 ? std::ldexp(m, -24) : std::ldexp(m + 1024, e - 25));
 }
 Zor16f toHalf(Zor32f x, ZorRoundMode rnd) {
@@ -89,10 +95,21 @@ TEST(Convert, WidensExactly) {
 TEST(Convert, RoundsInTheCurrentDirectionWhereTheTypeIsTooNarrow) {
   for (unsigned direction : kit::allDirections) {
     const kit::Direction scope(direction);
-    sweep<Zor32f, Zor32s>("zorsConvert_32s32f", zorsConvert_32s32f, [](Zor32s x) { volatile Zor32s v = x; return Zor32f(v); });
-    sweep<Zor32f, Zor64f>("zorsConvert_64f32f", zorsConvert_64f32f, [](Zor64f x) { volatile Zor64f v = x; return Zor32f(v); });
-    sweep<Zor64f, Zor64s>("zorsConvert_64s64f", [](const Zor64s* s, Zor64f* d, Zor32s len) { return zorsConvert_64s64f(s, d, Zor32u(len)); },
-                          [](Zor64s x) { volatile Zor64s v = x; return Zor64f(v); });
+    sweep<Zor32f, Zor32s>("zorsConvert_32s32f", zorsConvert_32s32f, [](Zor32s x) {
+      volatile Zor32s v = x;
+      return Zor32f(v);
+    });
+    sweep<Zor32f, Zor64f>("zorsConvert_64f32f", zorsConvert_64f32f, [](Zor64f x) {
+      volatile Zor64f v = x;
+      return Zor32f(v);
+    });
+    sweep<Zor64f, Zor64s>(
+        "zorsConvert_64s64f",
+        [](const Zor64s* s, Zor64f* d, Zor32s len) { return zorsConvert_64s64f(s, d, Zor32u(len)); },
+        [](Zor64s x) {
+          volatile Zor64s v = x;
+          return Zor64f(v);
+        });
   }
 }
 
@@ -100,10 +117,22 @@ TEST(Convert, IntegerToFloatIsThenMultipliedByALimitedPowerOfTwo) {
   for (Zor32s s : allScales()) {
     const auto lengths = s == 0 || s == 1 ? kit::sweepLengths() : kit::fewLengths();
     const auto f = [s](Zor32s low, Zor32s high) { return power(s, low, high); };
-    sweep<Zor32f, Zor16s>("zorsConvert_16s32f_Sfs", [s](const Zor16s* a, Zor32f* d, Zor32s n) { return zorsConvert_16s32f_Sfs(a, d, n, s); }, [=](Zor16s x) { return Zor32f(x) * Zor32f(f(-112, 126)); }, lengths);
-    sweep<Zor32f, Zor32s>("zorsConvert_32s32f_Sfs", [s](const Zor32s* a, Zor32f* d, Zor32s n) { return zorsConvert_32s32f_Sfs(a, d, n, s); }, [=](Zor32s x) { return Zor32f(x) * Zor32f(f(-96, 126)); }, lengths);
-    sweep<Zor64f, Zor16s>("zorsConvert_16s64f_Sfs", [s](const Zor16s* a, Zor64f* d, Zor32s n) { return zorsConvert_16s64f_Sfs(a, d, n, s); }, [=](Zor16s x) { return Zor64f(x) * Zor64f(f(-1008, 1022)); }, lengths);
-    sweep<Zor64f, Zor32s>("zorsConvert_32s64f_Sfs", [s](const Zor32s* a, Zor64f* d, Zor32s n) { return zorsConvert_32s64f_Sfs(a, d, n, s); }, [=](Zor32s x) { return Zor64f(x) * Zor64f(f(-992, 1022)); }, lengths);
+    sweep<Zor32f, Zor16s>(
+        "zorsConvert_16s32f_Sfs",
+        [s](const Zor16s* a, Zor32f* d, Zor32s n) { return zorsConvert_16s32f_Sfs(a, d, n, s); },
+        [=](Zor16s x) { return Zor32f(x) * Zor32f(f(-112, 126)); }, lengths);
+    sweep<Zor32f, Zor32s>(
+        "zorsConvert_32s32f_Sfs",
+        [s](const Zor32s* a, Zor32f* d, Zor32s n) { return zorsConvert_32s32f_Sfs(a, d, n, s); },
+        [=](Zor32s x) { return Zor32f(x) * Zor32f(f(-96, 126)); }, lengths);
+    sweep<Zor64f, Zor16s>(
+        "zorsConvert_16s64f_Sfs",
+        [s](const Zor16s* a, Zor64f* d, Zor32s n) { return zorsConvert_16s64f_Sfs(a, d, n, s); },
+        [=](Zor16s x) { return Zor64f(x) * Zor64f(f(-1008, 1022)); }, lengths);
+    sweep<Zor64f, Zor32s>(
+        "zorsConvert_32s64f_Sfs",
+        [s](const Zor32s* a, Zor64f* d, Zor32s n) { return zorsConvert_32s64f_Sfs(a, d, n, s); },
+        [=](Zor32s x) { return Zor64f(x) * Zor64f(f(-992, 1022)); }, lengths);
   }
 }
 
@@ -123,8 +152,10 @@ template <class S, class D> void floatMember(const FloatMember<S, D>& member, Zo
     if (std::isnan(product)) return member.notANumber(std::isnan(x) ? std::signbit(x) : true);
     return saturated<D>(rounded(product, rnd));
   };
-  sweep<D, S>(std::string(member.name) + " rnd " + std::to_string(rnd) + " scale " + std::to_string(scale),
-              [&](const S* src, D* dst, Zor32s len) { return member.function(src, dst, len, rnd, scale); }, model, scale == 0 ? kit::sweepLengths() : kit::fewLengths());
+  sweep<D, S>(
+      std::string(member.name) + " rnd " + std::to_string(rnd) + " scale " + std::to_string(scale),
+      [&](const S* src, D* dst, Zor32s len) { return member.function(src, dst, len, rnd, scale); }, model,
+      scale == 0 ? kit::sweepLengths() : kit::fewLengths());
 }
 
 template <class S, class D> void floatMembers(const FloatMember<S, D>& member) {
@@ -138,17 +169,21 @@ template <class S, class D> void floatMembers(const FloatMember<S, D>& member) {
     for (Zor32s scale : extremeScales) floatMember(member, rnd, scale);
   // Around every tie and both limits.
   std::vector<S> values;
-  for (long double centre : {0.0L, 1.0L, 2.0L, 126.0L, 127.0L, 128.0L, 254.0L, 255.0L, 256.0L, 32766.0L, 32767.0L, 32768.0L, 65534.0L, 65535.0L, 65536.0L, 0x1p31L - 1, 0x1p31L, 0x1p31L - 128, 0x1p63L, 0x1p63L - 0x1p39L})
+  for (long double centre : {0.0L,     1.0L,        2.0L,     126.0L,        127.0L,   128.0L,           254.0L,
+                             255.0L,   256.0L,      32766.0L, 32767.0L,      32768.0L, 65534.0L,         65535.0L,
+                             65536.0L, 0x1p31L - 1, 0x1p31L,  0x1p31L - 128, 0x1p63L,  0x1p63L - 0x1p39L})
     for (long double offset : {-0.5L, 0.0L, 0.5L})
       for (S sign : {S(1), S(-1)}) {
         const S x = sign * S(centre + offset);
-        values.insert(values.end(), {x, std::nextafter(x, S(0)), std::nextafter(x, sign * std::numeric_limits<S>::infinity())});
+        values.insert(values.end(),
+                      {x, std::nextafter(x, S(0)), std::nextafter(x, sign * std::numeric_limits<S>::infinity())});
       }
   std::vector<D> got(values.size());
   for (ZorRoundMode rnd : {0, 1, 2}) {
     ASSERT_EQ(member.function(values.data(), got.data(), Zor32s(got.size()), rnd, 0), zorStatusOk);
     for (std::size_t i = 0; i < got.size(); ++i)
-      ASSERT_EQ(got[i], saturated<D>(rounded(values[i], rnd))) << member.name << " of " << kit::text(values[i]) << " rnd " << rnd;
+      ASSERT_EQ(got[i], saturated<D>(rounded(values[i], rnd)))
+          << member.name << " of " << kit::text(values[i]) << " rnd " << rnd;
   }
 }
 
@@ -166,25 +201,31 @@ TEST(Convert, FloatToIntegerRoundsByModeAndSaturates) {
   floatMembers<Zor32f, Zor8u>({"zorsConvert_32f8u_Sfs", zorsConvert_32f8u_Sfs, wrapping32, lowest<Zor8u>});
   floatMembers<Zor32f, Zor16s>({"zorsConvert_32f16s_Sfs", zorsConvert_32f16s_Sfs, wrapping32, lowest<Zor16s>});
   floatMembers<Zor32f, Zor16u>({"zorsConvert_32f16u_Sfs", zorsConvert_32f16u_Sfs, wrapping32, lowest<Zor16u>});
-  floatMembers<Zor32f, Zor32s>({"zorsConvert_32f32s_Sfs", zorsConvert_32f32s_Sfs, wrapping32, [](bool negative) { return negative ? INT32_MIN : INT32_MAX; }});
+  floatMembers<Zor32f, Zor32s>({"zorsConvert_32f32s_Sfs", zorsConvert_32f32s_Sfs, wrapping32,
+                                [](bool negative) { return negative ? INT32_MIN : INT32_MAX; }});
   floatMembers<Zor64f, Zor16s>({"zorsConvert_64f16s_Sfs", zorsConvert_64f16s_Sfs, double64, lowest<Zor16s>});
   floatMembers<Zor64f, Zor32s>({"zorsConvert_64f32s_Sfs", zorsConvert_64f32s_Sfs, double64, lowest<Zor32s>});
 }
 
 TEST(Convert, DoubleTo64Bits) {
   const auto call = [](ZorRoundMode rnd, Zor32s scale) {
-    return [=](const Zor64f* src, Zor64s* dst, Zor32s len) { return zorsConvert_64f64s_Sfs(src, dst, Zor32u(len), rnd, scale); };
+    return [=](const Zor64f* src, Zor64s* dst, Zor32s len) {
+      return zorsConvert_64f64s_Sfs(src, dst, Zor32u(len), rnd, scale);
+    };
   };
   for (unsigned direction : kit::allDirections) {
     const kit::Direction scope(direction);
     for (ZorRoundMode rnd : {0, 1, 2})
       for (Zor32s scale : allScales())
-        sweep<Zor64s, Zor64f>("zorsConvert_64f64s_Sfs scale " + std::to_string(scale), call(rnd, scale), [=](Zor64f x) {
-          if (std::isnan(x)) return INT64_MIN;
-          if (scale > 1074) return Zor64s{0};  // a factor of 0
-          if (scale < -1023) return x == 0 ? Zor64s{0} : x > 0 ? INT64_MAX : INT64_MIN;
-          return saturated<Zor64s>(rounded(std::ldexp(static_cast<long double>(x), -scale), rnd));
-        }, scale == 0 ? kit::sweepLengths() : kit::fewLengths());
+        sweep<Zor64s, Zor64f>(
+            "zorsConvert_64f64s_Sfs scale " + std::to_string(scale), call(rnd, scale),
+            [=](Zor64f x) {
+              if (std::isnan(x)) return INT64_MIN;
+              if (scale > 1074) return Zor64s{0};  // a factor of 0
+              if (scale < -1023) return x == 0 ? Zor64s{0} : x > 0 ? INT64_MAX : INT64_MIN;
+              return saturated<Zor64s>(rounded(std::ldexp(static_cast<long double>(x), -scale), rnd));
+            },
+            scale == 0 ? kit::sweepLengths() : kit::fewLengths());
   }
 }
 
@@ -199,20 +240,34 @@ Zor8u* bytes(Bytes24* p) { return p->bytes; }
 TEST(Convert, ThreeByteElements) {
   for (unsigned direction : kit::allDirections) {
     const kit::Direction scope(direction);
-    sweep<Zor32s, Bytes24>("zorsConvert_24s32s", [](const Bytes24* s, Zor32s* d, Zor32s n) { return zorsConvert_24s32s(bytes(s), d, n); }, [](Bytes24 x) { return Zor32s(from24(x.bytes, true)); });
-    sweep<Zor32u, Bytes24>("zorsConvert_24u32u", [](const Bytes24* s, Zor32u* d, Zor32s n) { return zorsConvert_24u32u(bytes(s), d, n); }, [](Bytes24 x) { return Zor32u(from24(x.bytes, false)); });
-    sweep<Zor32f, Bytes24>("zorsConvert_24s32f", [](const Bytes24* s, Zor32f* d, Zor32s n) { return zorsConvert_24s32f(bytes(s), d, n); }, [](Bytes24 x) { return Zor32f(from24(x.bytes, true)); });
-    sweep<Zor32f, Bytes24>("zorsConvert_24u32f", [](const Bytes24* s, Zor32f* d, Zor32s n) { return zorsConvert_24u32f(bytes(s), d, n); }, [](Bytes24 x) { return Zor32f(from24(x.bytes, false)); });
+    sweep<Zor32s, Bytes24>(
+        "zorsConvert_24s32s", [](const Bytes24* s, Zor32s* d, Zor32s n) { return zorsConvert_24s32s(bytes(s), d, n); },
+        [](Bytes24 x) { return Zor32s(from24(x.bytes, true)); });
+    sweep<Zor32u, Bytes24>(
+        "zorsConvert_24u32u", [](const Bytes24* s, Zor32u* d, Zor32s n) { return zorsConvert_24u32u(bytes(s), d, n); },
+        [](Bytes24 x) { return Zor32u(from24(x.bytes, false)); });
+    sweep<Zor32f, Bytes24>(
+        "zorsConvert_24s32f", [](const Bytes24* s, Zor32f* d, Zor32s n) { return zorsConvert_24s32f(bytes(s), d, n); },
+        [](Bytes24 x) { return Zor32f(from24(x.bytes, true)); });
+    sweep<Zor32f, Bytes24>(
+        "zorsConvert_24u32f", [](const Bytes24* s, Zor32f* d, Zor32s n) { return zorsConvert_24u32f(bytes(s), d, n); },
+        [](Bytes24 x) { return Zor32f(from24(x.bytes, false)); });
   }
   for (Zor32s scale : allScales()) {
     const int s = std::clamp(scale, -30, 31);
     const auto lengths = scale == 0 || scale == 1 || scale == -2 ? kit::sweepLengths() : kit::fewLengths();
-    const auto limit24 = [](__int128 t, Zor32s low, Zor32s high) { return to24(Zor32s(t < low ? low : t > high ? high : t)); };
+    const auto limit24 = [](__int128 t, Zor32s low, Zor32s high) {
+      return to24(Zor32s(t < low ? low : t > high ? high : t));
+    };
     const auto scaled = [s](__int128 t) { return s >= 0 ? roundedShift(t, s) : t * (__int128{1} << -s); };
-    sweep<Bytes24, Zor32s>("zorsConvert_32s24s_Sfs " + std::to_string(scale), [scale](const Zor32s* a, Bytes24* d, Zor32s n) { return zorsConvert_32s24s_Sfs(a, bytes(d), n, scale); },
-                           [=](Zor32s x) { return limit24(scaled(x), -8388608, 8388607); }, lengths);
-    sweep<Bytes24, Zor32u>("zorsConvert_32u24u_Sfs " + std::to_string(scale), [scale](const Zor32u* a, Bytes24* d, Zor32s n) { return zorsConvert_32u24u_Sfs(a, bytes(d), n, scale); },
-                           [=](Zor32u x) { return limit24(scaled(x), 0, 16777215); }, lengths);
+    sweep<Bytes24, Zor32s>(
+        "zorsConvert_32s24s_Sfs " + std::to_string(scale),
+        [scale](const Zor32s* a, Bytes24* d, Zor32s n) { return zorsConvert_32s24s_Sfs(a, bytes(d), n, scale); },
+        [=](Zor32s x) { return limit24(scaled(x), -8388608, 8388607); }, lengths);
+    sweep<Bytes24, Zor32u>(
+        "zorsConvert_32u24u_Sfs " + std::to_string(scale),
+        [scale](const Zor32u* a, Bytes24* d, Zor32s n) { return zorsConvert_32u24u_Sfs(a, bytes(d), n, scale); },
+        [=](Zor32u x) { return limit24(scaled(x), 0, 16777215); }, lengths);
     // The largest clamp's factor has no exponent left: it is 0.
     const long double f = scale >= 127 ? 0 : power(scale, -127, 127);
     const auto byFloat = [=](Zor32f x, long double low, long double high) {
@@ -221,10 +276,14 @@ TEST(Convert, ThreeByteElements) {
     };
     for (unsigned direction : {unsigned{_MM_ROUND_NEAREST}, unsigned{_MM_ROUND_UP}}) {
       const kit::Direction scope(direction);
-      sweep<Bytes24, Zor32f>("zorsConvert_32f24s_Sfs " + std::to_string(scale), [scale](const Zor32f* a, Bytes24* d, Zor32s n) { return zorsConvert_32f24s_Sfs(a, bytes(d), n, scale); },
-                             [=](Zor32f x) { return byFloat(x, -8388608, 8388607); }, lengths);
-      sweep<Bytes24, Zor32f>("zorsConvert_32f24u_Sfs " + std::to_string(scale), [scale](const Zor32f* a, Bytes24* d, Zor32s n) { return zorsConvert_32f24u_Sfs(a, bytes(d), n, scale); },
-                             [=](Zor32f x) { return byFloat(x, 0, 16777215); }, lengths);
+      sweep<Bytes24, Zor32f>(
+          "zorsConvert_32f24s_Sfs " + std::to_string(scale),
+          [scale](const Zor32f* a, Bytes24* d, Zor32s n) { return zorsConvert_32f24s_Sfs(a, bytes(d), n, scale); },
+          [=](Zor32f x) { return byFloat(x, -8388608, 8388607); }, lengths);
+      sweep<Bytes24, Zor32f>(
+          "zorsConvert_32f24u_Sfs " + std::to_string(scale),
+          [scale](const Zor32f* a, Bytes24* d, Zor32s n) { return zorsConvert_32f24u_Sfs(a, bytes(d), n, scale); },
+          [=](Zor32f x) { return byFloat(x, 0, 16777215); }, lengths);
     }
   }
 }
@@ -235,16 +294,28 @@ TEST(Convert, IntegerToNarrowerInteger) {
   for (Zor32s scale : allScales()) {
     const std::string at = " scale " + std::to_string(scale);
     const auto lengths = scale == 0 || scale == 1 || scale == -2 ? kit::sweepLengths() : kit::fewLengths();
-    sweep<Zor16s, Zor32s>("zorsConvert_32s16s_Sfs" + at, [scale](const Zor32s* a, Zor16s* d, Zor32s n) { return zorsConvert_32s16s_Sfs(a, d, n, scale); },
-                          [=](Zor32s x) { return byRule<Zor16s>(x, std::clamp(scale, -15, 31)); }, lengths);
+    sweep<Zor16s, Zor32s>(
+        "zorsConvert_32s16s_Sfs" + at,
+        [scale](const Zor32s* a, Zor16s* d, Zor32s n) { return zorsConvert_32s16s_Sfs(a, d, n, scale); },
+        [=](Zor32s x) { return byRule<Zor16s>(x, std::clamp(scale, -15, 31)); }, lengths);
     for (ZorRoundMode rnd : {0, 1, 2, -1}) {
-      sweep<Zor8s, Zor16s>("zorsConvert_16s8s_Sfs" + at, [=](const Zor16s* a, Zor8s* d, Zor32s n) { return zorsConvert_16s8s_Sfs(a, d, Zor32u(n), rnd, scale); }, [=](Zor16s x) {
-        if (scale >= 18) return Zor8s{0};
-        if (scale < -6) return Zor8s(x == 0 ? 0 : x > 0 ? 127 : -128);
-        return scale > 0 ? byMagnitude<Zor8s>(x, scale, rnd) : byRule<Zor8s>(x, scale);
-      }, lengths);
-      sweep<Zor32s, Zor64s>("zorsConvert_64s32s_Sfs" + at, [=](const Zor64s* a, Zor32s* d, Zor32s n) { return zorsConvert_64s32s_Sfs(a, d, n, rnd, scale); },
-                            [=](Zor64s x) { return scale > 0 ? byMagnitude<Zor32s>(x, std::min(scale, 63), rnd) : byRule<Zor32s>(x, std::max(scale, -30)); }, lengths);
+      sweep<Zor8s, Zor16s>(
+          "zorsConvert_16s8s_Sfs" + at,
+          [=](const Zor16s* a, Zor8s* d, Zor32s n) { return zorsConvert_16s8s_Sfs(a, d, Zor32u(n), rnd, scale); },
+          [=](Zor16s x) {
+            if (scale >= 18) return Zor8s{0};
+            if (scale < -6) return Zor8s(x == 0 ? 0 : x > 0 ? 127 : -128);
+            return scale > 0 ? byMagnitude<Zor8s>(x, scale, rnd) : byRule<Zor8s>(x, scale);
+          },
+          lengths);
+      sweep<Zor32s, Zor64s>(
+          "zorsConvert_64s32s_Sfs" + at,
+          [=](const Zor64s* a, Zor32s* d, Zor32s n) { return zorsConvert_64s32s_Sfs(a, d, n, rnd, scale); },
+          [=](Zor64s x) {
+            return scale > 0 ? byMagnitude<Zor32s>(x, std::min(scale, 63), rnd)
+                             : byRule<Zor32s>(x, std::max(scale, -30));
+          },
+          lengths);
     }
   }
   std::vector<Zor16s> all(65536);
@@ -253,7 +324,8 @@ TEST(Convert, IntegerToNarrowerInteger) {
   for (Zor32s scale = 1; scale <= 17; ++scale)
     for (ZorRoundMode rnd : {0, 1, 2}) {
       ASSERT_EQ(zorsConvert_16s8s_Sfs(all.data(), got.data(), 65536, rnd, scale), zorStatusOk);
-      for (std::size_t i = 0; i < all.size(); ++i) ASSERT_EQ(got[i], byMagnitude<Zor8s>(all[i], scale, rnd)) << all[i] << " " << scale << " " << rnd;
+      for (std::size_t i = 0; i < all.size(); ++i)
+        ASSERT_EQ(got[i], byMagnitude<Zor8s>(all[i], scale, rnd)) << all[i] << " " << scale << " " << rnd;
     }
 }
 
@@ -267,7 +339,8 @@ TEST(Convert, Binary16IsTheSameWithAndWithoutTheInstructions) {
   for (Zor16f h : halves)  // every binary16 value, what lies halfway to the next, and their neighbours
     if (const auto x = Zor32f(halfValue(h)); std::isfinite(x)) {
       const Zor32u bits = std::bit_cast<Zor32u>(x);
-      for (Zor32u near : {bits - 1, bits, bits + 1, bits + 0xFFF, bits + 0x1000, bits + 0x1001}) floats.push_back(std::bit_cast<Zor32f>(near));
+      for (Zor32u near : {bits - 1, bits, bits + 1, bits + 0xFFF, bits + 0x1000, bits + 0x1001})
+        floats.push_back(std::bit_cast<Zor32f>(near));
     }
   kit::Random random(5);
   for (int i = 0; i < 100000; ++i) floats.push_back(kit::anyValue<Zor32f>(random));
@@ -281,21 +354,25 @@ TEST(Convert, Binary16IsTheSameWithAndWithoutTheInstructions) {
       EXPECT_EQ(services->featureQueries, 1);
       for (std::size_t i = 0; i < wide.size(); ++i) {
         const Zor32u nan = Zor32u(halves[i] & 0x8000) << 16 | 0x7FC00000 | Zor32u(halves[i] & 1023) << 13;
-        const Zor32f wanted = std::isnan(halfValue(halves[i])) ? std::bit_cast<Zor32f>(nan) : Zor32f(halfValue(halves[i]));
+        const Zor32f wanted =
+            std::isnan(halfValue(halves[i])) ? std::bit_cast<Zor32f>(nan) : Zor32f(halfValue(halves[i]));
         ASSERT_TRUE(kit::sameBits(wide[i], wanted, kit::Nan::samePayload)) << i;
       }
       for (ZorRoundMode rnd : {0, 1}) {
         std::vector<Zor16f> narrow(floats.size()), fromIntegers(65536);
         ASSERT_EQ(zorsConvert_32f16f(floats.data(), narrow.data(), Zor32s(floats.size()), rnd), zorStatusOk);
-        for (std::size_t i = 0; i < floats.size(); ++i) ASSERT_EQ(narrow[i], toHalf(floats[i], rnd)) << kit::text(floats[i]) << " rnd " << rnd;
+        for (std::size_t i = 0; i < floats.size(); ++i)
+          ASSERT_EQ(narrow[i], toHalf(floats[i], rnd)) << kit::text(floats[i]) << " rnd " << rnd;
         ASSERT_EQ(zorsConvert_16s16f(integers.data(), fromIntegers.data(), 65536, rnd), zorStatusOk);
         for (std::size_t i = 0; i < 65536; ++i) ASSERT_EQ(fromIntegers[i], toHalf(integers[i], rnd)) << integers[i];
-        for (Zor32s scale : {0, 1, -1, 5, -5, 10, -10, -13, -14, -15, -16, -24, -39, -40, -41, 15, 16, 17, 18, 30, 126, -126, INT32_MAX, INT32_MIN}) {
+        for (Zor32s scale : {0,   1,   -1,  5,  -5, 10, -10, -13, -14, -15,  -16,       -24,
+                             -39, -40, -41, 15, 16, 17, 18,  30,  126, -126, INT32_MAX, INT32_MIN}) {
           std::vector<Zor16s> got(65536);
           ASSERT_EQ(zorsConvert_16f16s_Sfs(halves.data(), got.data(), 65536, rnd, scale), zorStatusOk);
           for (std::size_t i = 0; i < 65536; ++i) {
             const long double x = std::ldexp(halfValue(halves[i]), -std::clamp(scale, -1000, 1000));
-            ASSERT_EQ(got[i], std::isnan(x) ? 0 : saturated<Zor16s>(rounded(x, rnd))) << halves[i] << " scale " << scale << " rnd " << rnd;
+            ASSERT_EQ(got[i], std::isnan(x) ? 0 : saturated<Zor16s>(rounded(x, rnd)))
+                << halves[i] << " scale " << scale << " rnd " << rnd;
           }
         }
       }
@@ -304,7 +381,9 @@ TEST(Convert, Binary16IsTheSameWithAndWithoutTheInstructions) {
   kit::ServicesScope services;
   services->feature = 0;
   sweep<Zor32f, Zor16f>("zorsConvert_16f32f", zorsConvert_16f32f, [](Zor16f x) { return Zor32f(halfValue(x)); });
-  sweep<Zor16f, Zor32f>("zorsConvert_32f16f", [](const Zor32f* s, Zor16f* d, Zor32s n) { return zorsConvert_32f16f(s, d, n, 1); }, [](Zor32f x) { return toHalf(x, 1); });
+  sweep<Zor16f, Zor32f>(
+      "zorsConvert_32f16f", [](const Zor32f* s, Zor16f* d, Zor32s n) { return zorsConvert_32f16f(s, d, n, 1); },
+      [](Zor32f x) { return toHalf(x, 1); });
 }
 
 TEST(Convert, HalfAwayIsRefusedForBinary16) {
@@ -314,9 +393,26 @@ TEST(Convert, HalfAwayIsRefusedForBinary16) {
     Zor32f f[4] = {};
     Zor16s s[4] = {};
     std::vector<Zor16f> h(4, 7);
-    kit::Contract(zorsConvert_32f16f, f, h.data(), 4, 1).null<0>().null<1>().bad<2>({0, -1}, zorStatusBadSize).bad<3>({2}, zorStatusBadRoundMode).untouched(h).verify("zorsConvert_32f16f");
-    kit::Contract(zorsConvert_16s16f, s, h.data(), 4, 1).null<0>().null<1>().bad<2>({0, -1}, zorStatusBadSize).bad<3>({2}, zorStatusBadRoundMode).untouched(h).verify("zorsConvert_16s16f");
-    kit::Contract(zorsConvert_16f16s_Sfs, h.data(), s, 4, 1, 0).null<0>().null<1>().bad<2>({0, -1}, zorStatusBadSize).bad<3>({2}, zorStatusBadRoundMode).verify("zorsConvert_16f16s_Sfs");
+    kit::Contract(zorsConvert_32f16f, f, h.data(), 4, 1)
+        .null<0>()
+        .null<1>()
+        .bad<2>({0, -1}, zorStatusBadSize)
+        .bad<3>({2}, zorStatusBadRoundMode)
+        .untouched(h)
+        .verify("zorsConvert_32f16f");
+    kit::Contract(zorsConvert_16s16f, s, h.data(), 4, 1)
+        .null<0>()
+        .null<1>()
+        .bad<2>({0, -1}, zorStatusBadSize)
+        .bad<3>({2}, zorStatusBadRoundMode)
+        .untouched(h)
+        .verify("zorsConvert_16s16f");
+    kit::Contract(zorsConvert_16f16s_Sfs, h.data(), s, 4, 1, 0)
+        .null<0>()
+        .null<1>()
+        .bad<2>({0, -1}, zorStatusBadSize)
+        .bad<3>({2}, zorStatusBadRoundMode)
+        .verify("zorsConvert_16f16s_Sfs");
   }
 }
 
@@ -367,17 +463,33 @@ TEST(Convert, SixteenBitsToEightAtScale18AndAtATie) {
 template <class S, class D> void plain(const char* name, ZorStatus (*function)(const S*, D*, Zor32s)) {
   const std::vector<S> src(8);
   std::vector<D> dst(24, D(1));
-  kit::Contract(function, src.data(), dst.data(), 8).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(function, src.data(), dst.data(), 8)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
 template <class S, class D> void scaled(const char* name, ZorStatus (*function)(const S*, D*, Zor32s, Zor32s)) {
   const std::vector<S> src(8);
   std::vector<D> dst(24, D(1));
-  kit::Contract(function, src.data(), dst.data(), 8, 0).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(function, src.data(), dst.data(), 8, 0)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
-template <class S, class D> void roundedMember(const char* name, ZorStatus (*function)(const S*, D*, Zor32s, ZorRoundMode, Zor32s)) {
+template <class S, class D>
+void roundedMember(const char* name, ZorStatus (*function)(const S*, D*, Zor32s, ZorRoundMode, Zor32s)) {
   const std::vector<S> src(8);
   std::vector<D> dst(8, D(1));
-  kit::Contract(function, src.data(), dst.data(), 8, 1, 0).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(function, src.data(), dst.data(), 8, 1, 0)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
 
 TEST(Convert, ChecksPointersThenLength) {
@@ -423,9 +535,24 @@ TEST(Convert, AnUnsignedLengthIsBadOnlyAtZero) {
   std::vector<Zor8s> b(8, 1);
   std::vector<Zor64s> to(8, 1);
   std::vector<Zor64f> f(8, 1);
-  kit::Contract(zorsConvert_16s8s_Sfs, s.data(), b.data(), 8u, 1, 0).null<0>().null<1>().bad<2>({0}, zorStatusBadSize).untouched(b).verify("zorsConvert_16s8s_Sfs");
-  kit::Contract(zorsConvert_64f64s_Sfs, d.data(), to.data(), 8u, 1, 0).null<0>().null<1>().bad<2>({0}, zorStatusBadSize).untouched(to).verify("zorsConvert_64f64s_Sfs");
-  kit::Contract(zorsConvert_64s64f, q.data(), f.data(), 8u).null<0>().null<1>().bad<2>({0}, zorStatusBadSize).untouched(f).verify("zorsConvert_64s64f");
+  kit::Contract(zorsConvert_16s8s_Sfs, s.data(), b.data(), 8u, 1, 0)
+      .null<0>()
+      .null<1>()
+      .bad<2>({0}, zorStatusBadSize)
+      .untouched(b)
+      .verify("zorsConvert_16s8s_Sfs");
+  kit::Contract(zorsConvert_64f64s_Sfs, d.data(), to.data(), 8u, 1, 0)
+      .null<0>()
+      .null<1>()
+      .bad<2>({0}, zorStatusBadSize)
+      .untouched(to)
+      .verify("zorsConvert_64f64s_Sfs");
+  kit::Contract(zorsConvert_64s64f, q.data(), f.data(), 8u)
+      .null<0>()
+      .null<1>()
+      .bad<2>({0}, zorStatusBadSize)
+      .untouched(f)
+      .verify("zorsConvert_64s64f");
 }
 
 }  // namespace

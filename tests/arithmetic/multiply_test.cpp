@@ -32,12 +32,16 @@ TEST(Mul, ComplexProductsRoundTwoProductsAndFuseTheOthers) {
   }
 }
 
-template <class T> void constants(const char* name, ZorStatus (*outOfPlace)(const T*, T, T*, Zor32s), ZorStatus (*inPlace)(T, T*, Zor32s)) {
+template <class T>
+void constants(const char* name, ZorStatus (*outOfPlace)(const T*, T, T*, Zor32s),
+               ZorStatus (*inPlace)(T, T*, Zor32s)) {
   using L = std::numeric_limits<T>;
   for (T val : {T(0), T(-0.0), T(1), T(-0.1), L::denorm_min(), L::max(), L::infinity(), L::quiet_NaN()}) {
     const auto model = [val](T x) { return x * val; };
-    sweep<T, T>(name, [=](const T* src, T* dst, Zor32s len) { return outOfPlace(src, val, dst, len); }, model);
-    sweepInPlace<T>(name, [=](T* srcDst, Zor32s len) { return inPlace(val, srcDst, len); }, model);
+    sweep<T, T>(
+        name, [=](const T* src, T* dst, Zor32s len) { return outOfPlace(src, val, dst, len); }, model);
+    sweepInPlace<T>(
+        name, [=](T* srcDst, Zor32s len) { return inPlace(val, srcDst, len); }, model);
   }
 }
 
@@ -49,14 +53,35 @@ TEST(MulC, OneRoundingInTheCurrentDirection) {
   }
 }
 
-template <class T> void contracts(ZorStatus (*mul)(const T*, const T*, T*, Zor32s), ZorStatus (*mulI)(const T*, T*, Zor32s),
-                                  ZorStatus (*mulC)(const T*, T, T*, Zor32s), ZorStatus (*mulCI)(T, T*, Zor32s), const char* name) {
+template <class T>
+void contracts(ZorStatus (*mul)(const T*, const T*, T*, Zor32s), ZorStatus (*mulI)(const T*, T*, Zor32s),
+               ZorStatus (*mulC)(const T*, T, T*, Zor32s), ZorStatus (*mulCI)(T, T*, Zor32s), const char* name) {
   const std::vector<T> a(8, T(1)), b(8, T(2));
   std::vector<T> dst(8, T(3));
-  kit::Contract(mul, a.data(), b.data(), dst.data(), 8).template null<0>().template null<1>().template null<2>().template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
-  kit::Contract(mulI, a.data(), dst.data(), 8).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
-  kit::Contract(mulC, a.data(), T(2), dst.data(), 8).template null<0>().template null<2>().template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
-  kit::Contract(mulCI, T(2), dst.data(), 8).template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(mul, a.data(), b.data(), dst.data(), 8)
+      .template null<0>()
+      .template null<1>()
+      .template null<2>()
+      .template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
+  kit::Contract(mulI, a.data(), dst.data(), 8)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
+  kit::Contract(mulC, a.data(), T(2), dst.data(), 8)
+      .template null<0>()
+      .template null<2>()
+      .template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
+  kit::Contract(mulCI, T(2), dst.data(), 8)
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
 
 TEST(Mul, ChecksPointersThenLength) {

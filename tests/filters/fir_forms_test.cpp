@@ -1,4 +1,5 @@
-// All forms of the FIR filter by one set of tests: taps and samples of every type, against sums in long double or in integers.
+// All forms of the FIR filter by one set of tests: taps and samples of every type, against sums in long double or in
+// integers.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -21,10 +22,14 @@ template <class T> struct PartOf { using type = T; };
 template <kit::ComplexPair T> struct PartOf<T> { using type = decltype(T::re); };
 template <class T> using Part = typename PartOf<T>::type;
 
-struct Wide { long double re = 0, im = 0; };
+struct Wide {
+  long double re = 0, im = 0;
+};
 template <class T> Wide wide(T x) {
-  if constexpr (isComplex<T>) return {static_cast<long double>(x.re), static_cast<long double>(x.im)};
-  else return {static_cast<long double>(x), 0};
+  if constexpr (isComplex<T>)
+    return {static_cast<long double>(x.re), static_cast<long double>(x.im)};
+  else
+    return {static_cast<long double>(x), 0};
 }
 
 enum class Sums { binary32, binary64, wrapping };
@@ -53,12 +58,16 @@ template <class T> std::vector<T> someTaps(std::size_t n, kit::Random& random) {
   std::vector<T> taps(n);
   const auto part = [&]() -> Part<T> {
     const double x = double(std::int64_t(random() % 2001) - 1000) / 1000;
-    if constexpr (std::is_integral_v<Part<T>>) return Part<T>(x * 300);
-    else return Part<T>(x);
+    if constexpr (std::is_integral_v<Part<T>>)
+      return Part<T>(x * 300);
+    else
+      return Part<T>(x);
   };
   for (T& t : taps) {
-    if constexpr (isComplex<T>) t = {part(), part()};
-    else t = part();
+    if constexpr (isComplex<T>)
+      t = {part(), part()};
+    else
+      t = part();
   }
   return taps;
 }
@@ -67,8 +76,10 @@ template <class T> std::vector<T> someSamples(std::size_t n, kit::Random& random
     std::vector<T> out(n);
     for (T& x : out) {
       const auto part = [&] { return Part<T>(std::int64_t(random() % 65536) - 32768); };
-      if constexpr (isComplex<T>) x = {part(), part()};
-      else x = part();
+      if constexpr (isComplex<T>)
+        x = {part(), part()};
+      else
+        x = part();
     }
     return out;
   } else {
@@ -80,7 +91,8 @@ struct Exact {
   std::vector<Wide> y;
   std::vector<long double> weight;
 };
-template <class Tap, class Sample> Exact convolve(const std::vector<Tap>& taps, const std::vector<Sample>& dly, const std::vector<Sample>& x) {
+template <class Tap, class Sample>
+Exact convolve(const std::vector<Tap>& taps, const std::vector<Sample>& dly, const std::vector<Sample>& x) {
   Exact out{std::vector<Wide>(x.size()), std::vector<long double>(x.size())};
   for (std::size_t i = 0; i < x.size(); ++i)
     for (std::size_t k = 0; k < taps.size(); ++k) {
@@ -104,7 +116,9 @@ Zor16s wrapped(long double sum, Zor32s shift) {
   return Zor16s(std::clamp<Zor64s>(y, -32768, 32767));
 }
 
-template <class F> void expectClose(const F& form, const std::vector<typename F::SampleType>& got, const Exact& exact, std::size_t tapsLen, bool byFft, const std::string& what) {
+template <class F>
+void expectClose(const F& form, const std::vector<typename F::SampleType>& got, const Exact& exact, std::size_t tapsLen,
+                 bool byFft, const std::string& what) {
   using P = Part<typename F::SampleType>;
   const long double eps = form.sums == Sums::binary32 ? 0x1p-24L : 0x1p-53L;
   const long double largest = *std::max_element(exact.weight.begin(), exact.weight.end());
@@ -115,7 +129,8 @@ template <class F> void expectClose(const F& form, const std::vector<typename F:
     }
     long double tolerance = byFft ? 64 * eps * largest : (tapsLen + 4) * eps * weight;
     if constexpr (std::is_integral_v<P>) {
-      y = std::clamp(std::ldexp(y, -scaleNow), static_cast<long double>(std::numeric_limits<P>::min()), static_cast<long double>(std::numeric_limits<P>::max()));
+      y = std::clamp(std::ldexp(y, -scaleNow), static_cast<long double>(std::numeric_limits<P>::min()),
+                     static_cast<long double>(std::numeric_limits<P>::max()));
       tolerance = std::ldexp(tolerance, -scaleNow) + 0.5L;
     } else {
       tolerance += std::fabs(y) * (sizeof(P) == 4 ? 0x1p-24L : 0x1p-53L);
@@ -123,8 +138,10 @@ template <class F> void expectClose(const F& form, const std::vector<typename F:
     ASSERT_LE(std::fabs(static_cast<long double>(value) - y), tolerance + 1e-40L) << what << " [" << i << "]";
   };
   for (std::size_t i = 0; i < got.size(); ++i) {
-    if constexpr (isComplex<typename F::SampleType>) check(got[i].re, exact.y[i].re, exact.weight[i], i), check(got[i].im, exact.y[i].im, exact.weight[i], i);
-    else check(got[i], exact.y[i].re, exact.weight[i], i);
+    if constexpr (isComplex<typename F::SampleType>)
+      check(got[i].re, exact.y[i].re, exact.weight[i], i), check(got[i].im, exact.y[i].im, exact.weight[i], i);
+    else
+      check(got[i], exact.y[i].re, exact.weight[i], i);
     if (testing::Test::HasFatalFailure()) return;
   }
 }
@@ -133,7 +150,8 @@ template <class F> class State {
  public:
   using Tap = typename F::TapType;
   using Sample = typename F::SampleType;
-  State(const F& form, const std::vector<Tap>& taps, const Sample* dly, std::size_t away = 0) : block_(size(form, int(taps.size())), Edge::end, away) {
+  State(const F& form, const std::vector<Tap>& taps, const Sample* dly, std::size_t away = 0)
+      : block_(size(form, int(taps.size())), Edge::end, away) {
     EXPECT_EQ(form.init(&state_, taps.data(), int(taps.size()), dly, block_.data()), zorStatusOk) << form.name;
   }
   operator ZorFIRState*() const { return state_; }
@@ -165,7 +183,8 @@ template <class F> void blocksOfEveryLength(const F& form) {
       if (len < 1) continue;
       const auto x = someSamples<Sample>(std::size_t(len), random);
       const auto exact = convolve(taps, dly, x);
-      const std::string what = std::string(form.name) + ", " + std::to_string(n) + " taps, " + std::to_string(len) + " samples";
+      const std::string what =
+          std::string(form.name) + ", " + std::to_string(n) + " taps, " + std::to_string(len) + " samples";
       const bool byFft = n >= form.fftTaps && len >= form.fftBlock;
       for (Edge edge : kit::bothEdges) {
         const State<F> state(form, taps, dly.data()), other(form, taps, dly.data());
@@ -192,10 +211,16 @@ template <class F> void streams(const F& form) {
     std::vector<Sample> y(x);
     for (std::size_t at = 0; at < x.size();) {
       const std::size_t kind = random() % 5, left = x.size() - at;
-      const auto len = std::min<std::size_t>(left, kind == 0 ? 1 : kind == 1 ? random() % 20 + 1 : kind == 2 ? random() % 9000 + 1 : random() % 900 + 1);
-      if (kind == 0) ASSERT_EQ(form.filterOne(x[at], &y[at], state), zorStatusOk);
-      else if (kind == 3) ASSERT_EQ(form.filterInPlace(&y[at], int(len), state), zorStatusOk);
-      else ASSERT_EQ(form.filter(&x[at], &y[at], int(len), state), zorStatusOk);
+      const auto len = std::min<std::size_t>(left, kind == 0   ? 1
+                                                   : kind == 1 ? random() % 20 + 1
+                                                   : kind == 2 ? random() % 9000 + 1
+                                                               : random() % 900 + 1);
+      if (kind == 0)
+        ASSERT_EQ(form.filterOne(x[at], &y[at], state), zorStatusOk);
+      else if (kind == 3)
+        ASSERT_EQ(form.filterInPlace(&y[at], int(len), state), zorStatusOk);
+      else
+        ASSERT_EQ(form.filter(&x[at], &y[at], int(len), state), zorStatusOk);
       at += len;
     }
     ASSERT_TRUE(state.intact());
@@ -255,13 +280,17 @@ template <class F> void failuresAndChecks(const F& form) {
         [&] {
           ZorFIRState* state = untouched;
           const ZorStatus status = form.initAlloc(&state, taps.data(), n, nullptr);
-          if (status == zorStatusOk) EXPECT_EQ(form.free(state), zorStatusOk);
-          else EXPECT_EQ(state, untouched);
+          if (status == zorStatusOk)
+            EXPECT_EQ(form.free(state), zorStatusOk);
+          else
+            EXPECT_EQ(state, untouched);
           return status;
         },
         [&](int failed, ZorStatus status) {
-          if (failed == 0) EXPECT_EQ(status, zorStatusNoMemory) << form.name;
-          else EXPECT_TRUE(status == zorStatusOk || std::string(form.name) == "32s") << form.name << failed;
+          if (failed == 0)
+            EXPECT_EQ(status, zorStatusNoMemory) << form.name;
+          else
+            EXPECT_TRUE(status == zorStatusOk || std::string(form.name) == "32s") << form.name << failed;
           EXPECT_EQ(kit::services().live, 0) << form.name;
         });
   }
@@ -311,54 +340,134 @@ template <class F> void failuresAndChecks(const F& form) {
 
 // ---- The forms -----------------------------------------------------------------------------------------------------
 
-#define PLAIN(name, sums, fftTaps, fftBlock, Tap, T, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, FIR, FIR_I, ONE)                    \
-  Form<Tap, T> { name, sums, fftTaps, fftBlock, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, FIR, FIR_I, ONE }
-#define SCALED(name, sums, fftTaps, fftBlock, Tap, T, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, FIR, FIR_I, ONE)                   \
-  Form<Tap, T> { name, sums, fftTaps, fftBlock, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY,                                         \
-    [](const T* src, T* dst, Zor32s len, ZorFIRState* s) { return FIR(src, dst, len, s, scaleNow); },                                                  \
-    [](T* srcDst, Zor32s len, ZorFIRState* s) { return FIR_I(srcDst, len, s, scaleNow); }, [](T val, T* dst, ZorFIRState* s) { return ONE(val, dst, s, scaleNow); } }
-#define INTEGER(name, Tap, T, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, FIR, FIR_I, ONE)                                           \
-  SCALED(name, Sums::wrapping, INT32_MAX, INT32_MAX, Tap, T, SIZE,                                                                                      \
-    ([](ZorFIRState** s, const Tap* taps, Zor32s n, const T* dly, Zor8u* buffer) { return INIT(s, taps, n, 0, dly, buffer); }),                        \
-    ([](ZorFIRState** s, const Tap* taps, Zor32s n, const T* dly) { return ALLOC(s, taps, n, 0, dly); }), FREE,                                        \
-    ([](const ZorFIRState* s, Tap* taps) { Zor32s factor = 0; return GET_TAPS(s, taps, &factor); }), ([](const Tap* taps, ZorFIRState* s) { return SET_TAPS(taps, s, 0); }), \
-    GET_DLY, SET_DLY, FIR, FIR_I, ONE)
+#define PLAIN(name, sums, fftTaps, fftBlock, Tap, T, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, \
+              FIR, FIR_I, ONE)                                                                                      \
+  Form<Tap, T> {                                                                                                    \
+    name, sums, fftTaps, fftBlock, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, FIR, FIR_I, ONE   \
+  }
+#define SCALED(name, sums, fftTaps, fftBlock, Tap, T, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, \
+               FIR, FIR_I, ONE)                                                                                      \
+  Form<Tap, T> {                                                                                                     \
+    name, sums, fftTaps, fftBlock, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY,                    \
+        [](const T* src, T* dst, Zor32s len, ZorFIRState* s) { return FIR(src, dst, len, s, scaleNow); },            \
+        [](T* srcDst, Zor32s len, ZorFIRState* s) { return FIR_I(srcDst, len, s, scaleNow); },                       \
+        [](T val, T* dst, ZorFIRState* s) { return ONE(val, dst, s, scaleNow); }                                     \
+  }
+#define INTEGER(name, Tap, T, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, FIR, FIR_I, ONE)        \
+  SCALED(name, Sums::wrapping, INT32_MAX, INT32_MAX, Tap, T, SIZE,                                                   \
+         ([](ZorFIRState** s, const Tap* taps, Zor32s n, const T* dly, Zor8u* buffer) {                              \
+           return INIT(s, taps, n, 0, dly, buffer);                                                                  \
+         }),                                                                                                         \
+         ([](ZorFIRState** s, const Tap* taps, Zor32s n, const T* dly) { return ALLOC(s, taps, n, 0, dly); }), FREE, \
+         ([](const ZorFIRState* s, Tap* taps) {                                                                      \
+           Zor32s factor = 0;                                                                                        \
+           return GET_TAPS(s, taps, &factor);                                                                        \
+         }),                                                                                                         \
+         ([](const Tap* taps, ZorFIRState* s) { return SET_TAPS(taps, s, 0); }), GET_DLY, SET_DLY, FIR, FIR_I, ONE)
 
 template <class Run> void eachForm(Run run) {
   constexpr auto b32 = Sums::binary32, b64 = Sums::binary64;
-  run(PLAIN("32f", b32, 64, 512, Zor32f, Zor32f, zorsFIRGetStateSize_32f, zorsFIRInit_32f, zorsFIRInitAlloc_32f, zorsFIRFree_32f, zorsFIRGetTaps_32f, zorsFIRSetTaps_32f, zorsFIRGetDlyLine_32f, zorsFIRSetDlyLine_32f, zorsFIR_32f, zorsFIR_32f_I, zorsFIROne_32f), 0);
-  run(PLAIN("32fc", b32, 16, 256, Zor32fc, Zor32fc, zorsFIRGetStateSize_32fc, zorsFIRInit_32fc, zorsFIRInitAlloc_32fc, zorsFIRFree_32fc, zorsFIRGetTaps_32fc, zorsFIRSetTaps_32fc, zorsFIRGetDlyLine_32fc, zorsFIRSetDlyLine_32fc, zorsFIR_32fc, zorsFIR_32fc_I, zorsFIROne_32fc), 0);
-  run(PLAIN("64f", b64, 64, 512, Zor64f, Zor64f, zorsFIRGetStateSize_64f, zorsFIRInit_64f, zorsFIRInitAlloc_64f, zorsFIRFree_64f, zorsFIRGetTaps_64f, zorsFIRSetTaps_64f, zorsFIRGetDlyLine_64f, zorsFIRSetDlyLine_64f, zorsFIR_64f, zorsFIR_64f_I, zorsFIROne_64f), 0);
-  run(PLAIN("64fc", b64, 32, 256, Zor64fc, Zor64fc, zorsFIRGetStateSize_64fc, zorsFIRInit_64fc, zorsFIRInitAlloc_64fc, zorsFIRFree_64fc, zorsFIRGetTaps_64fc, zorsFIRSetTaps_64fc, zorsFIRGetDlyLine_64fc, zorsFIRSetDlyLine_64fc, zorsFIR_64fc, zorsFIR_64fc_I, zorsFIROne_64fc), 0);
-  run(PLAIN("64f_32f", b64, 64, 512, Zor64f, Zor32f, zorsFIRGetStateSize64f_32f, zorsFIRInit64f_32f, zorsFIRInitAlloc64f_32f, zorsFIRFree64f_32f, zorsFIRGetTaps64f_32f, zorsFIRSetTaps64f_32f, zorsFIRGetDlyLine64f_32f, zorsFIRSetDlyLine64f_32f, zorsFIR64f_32f, zorsFIR64f_32f_I, zorsFIROne64f_32f), 0);
-  run(PLAIN("64fc_32fc", b64, 32, 256, Zor64fc, Zor32fc, zorsFIRGetStateSize64fc_32fc, zorsFIRInit64fc_32fc, zorsFIRInitAlloc64fc_32fc, zorsFIRFree64fc_32fc, zorsFIRGetTaps64fc_32fc, zorsFIRSetTaps64fc_32fc, zorsFIRGetDlyLine64fc_32fc, zorsFIRSetDlyLine64fc_32fc, zorsFIR64fc_32fc, zorsFIR64fc_32fc_I, zorsFIROne64fc_32fc), 0);
-  run(SCALED("32f_16s", b32, 64, 512, Zor32f, Zor16s, zorsFIRGetStateSize32f_16s, zorsFIRInit32f_16s, zorsFIRInitAlloc32f_16s, zorsFIRFree32f_16s, zorsFIRGetTaps32f_16s, zorsFIRSetTaps32f_16s, zorsFIRGetDlyLine32f_16s, zorsFIRSetDlyLine32f_16s, zorsFIR32f_16s_Sfs, zorsFIR32f_16s_ISfs, zorsFIROne32f_16s_Sfs), 3);
-  run(SCALED("32fc_16sc", b32, 16, 256, Zor32fc, Zor16sc, zorsFIRGetStateSize32fc_16sc, zorsFIRInit32fc_16sc, zorsFIRInitAlloc32fc_16sc, zorsFIRFree32fc_16sc, zorsFIRGetTaps32fc_16sc, zorsFIRSetTaps32fc_16sc, zorsFIRGetDlyLine32fc_16sc, zorsFIRSetDlyLine32fc_16sc, zorsFIR32fc_16sc_Sfs, zorsFIR32fc_16sc_ISfs, zorsFIROne32fc_16sc_Sfs), 3);
-  run(SCALED("64f_16s", b64, 64, 512, Zor64f, Zor16s, zorsFIRGetStateSize64f_16s, zorsFIRInit64f_16s, zorsFIRInitAlloc64f_16s, zorsFIRFree64f_16s, zorsFIRGetTaps64f_16s, zorsFIRSetTaps64f_16s, zorsFIRGetDlyLine64f_16s, zorsFIRSetDlyLine64f_16s, zorsFIR64f_16s_Sfs, zorsFIR64f_16s_ISfs, zorsFIROne64f_16s_Sfs), 2);
-  run(SCALED("64f_32s", b64, 64, 512, Zor64f, Zor32s, zorsFIRGetStateSize64f_32s, zorsFIRInit64f_32s, zorsFIRInitAlloc64f_32s, zorsFIRFree64f_32s, zorsFIRGetTaps64f_32s, zorsFIRSetTaps64f_32s, zorsFIRGetDlyLine64f_32s, zorsFIRSetDlyLine64f_32s, zorsFIR64f_32s_Sfs, zorsFIR64f_32s_ISfs, zorsFIROne64f_32s_Sfs), -4);
-  run(SCALED("64fc_16sc", b64, 32, 256, Zor64fc, Zor16sc, zorsFIRGetStateSize64fc_16sc, zorsFIRInit64fc_16sc, zorsFIRInitAlloc64fc_16sc, zorsFIRFree64fc_16sc, zorsFIRGetTaps64fc_16sc, zorsFIRSetTaps64fc_16sc, zorsFIRGetDlyLine64fc_16sc, zorsFIRSetDlyLine64fc_16sc, zorsFIR64fc_16sc_Sfs, zorsFIR64fc_16sc_ISfs, zorsFIROne64fc_16sc_Sfs), 2);
-  run(SCALED("64fc_32sc", b64, 32, 256, Zor64fc, Zor32sc, zorsFIRGetStateSize64fc_32sc, zorsFIRInit64fc_32sc, zorsFIRInitAlloc64fc_32sc, zorsFIRFree64fc_32sc, zorsFIRGetTaps64fc_32sc, zorsFIRSetTaps64fc_32sc, zorsFIRGetDlyLine64fc_32sc, zorsFIRSetDlyLine64fc_32sc, zorsFIR64fc_32sc_Sfs, zorsFIR64fc_32sc_ISfs, zorsFIROne64fc_32sc_Sfs), 0);
+  run(PLAIN("32f", b32, 64, 512, Zor32f, Zor32f, zorsFIRGetStateSize_32f, zorsFIRInit_32f, zorsFIRInitAlloc_32f,
+            zorsFIRFree_32f, zorsFIRGetTaps_32f, zorsFIRSetTaps_32f, zorsFIRGetDlyLine_32f, zorsFIRSetDlyLine_32f,
+            zorsFIR_32f, zorsFIR_32f_I, zorsFIROne_32f),
+      0);
+  run(PLAIN("32fc", b32, 16, 256, Zor32fc, Zor32fc, zorsFIRGetStateSize_32fc, zorsFIRInit_32fc, zorsFIRInitAlloc_32fc,
+            zorsFIRFree_32fc, zorsFIRGetTaps_32fc, zorsFIRSetTaps_32fc, zorsFIRGetDlyLine_32fc, zorsFIRSetDlyLine_32fc,
+            zorsFIR_32fc, zorsFIR_32fc_I, zorsFIROne_32fc),
+      0);
+  run(PLAIN("64f", b64, 64, 512, Zor64f, Zor64f, zorsFIRGetStateSize_64f, zorsFIRInit_64f, zorsFIRInitAlloc_64f,
+            zorsFIRFree_64f, zorsFIRGetTaps_64f, zorsFIRSetTaps_64f, zorsFIRGetDlyLine_64f, zorsFIRSetDlyLine_64f,
+            zorsFIR_64f, zorsFIR_64f_I, zorsFIROne_64f),
+      0);
+  run(PLAIN("64fc", b64, 32, 256, Zor64fc, Zor64fc, zorsFIRGetStateSize_64fc, zorsFIRInit_64fc, zorsFIRInitAlloc_64fc,
+            zorsFIRFree_64fc, zorsFIRGetTaps_64fc, zorsFIRSetTaps_64fc, zorsFIRGetDlyLine_64fc, zorsFIRSetDlyLine_64fc,
+            zorsFIR_64fc, zorsFIR_64fc_I, zorsFIROne_64fc),
+      0);
+  run(PLAIN("64f_32f", b64, 64, 512, Zor64f, Zor32f, zorsFIRGetStateSize64f_32f, zorsFIRInit64f_32f,
+            zorsFIRInitAlloc64f_32f, zorsFIRFree64f_32f, zorsFIRGetTaps64f_32f, zorsFIRSetTaps64f_32f,
+            zorsFIRGetDlyLine64f_32f, zorsFIRSetDlyLine64f_32f, zorsFIR64f_32f, zorsFIR64f_32f_I, zorsFIROne64f_32f),
+      0);
+  run(PLAIN("64fc_32fc", b64, 32, 256, Zor64fc, Zor32fc, zorsFIRGetStateSize64fc_32fc, zorsFIRInit64fc_32fc,
+            zorsFIRInitAlloc64fc_32fc, zorsFIRFree64fc_32fc, zorsFIRGetTaps64fc_32fc, zorsFIRSetTaps64fc_32fc,
+            zorsFIRGetDlyLine64fc_32fc, zorsFIRSetDlyLine64fc_32fc, zorsFIR64fc_32fc, zorsFIR64fc_32fc_I,
+            zorsFIROne64fc_32fc),
+      0);
+  run(SCALED("32f_16s", b32, 64, 512, Zor32f, Zor16s, zorsFIRGetStateSize32f_16s, zorsFIRInit32f_16s,
+             zorsFIRInitAlloc32f_16s, zorsFIRFree32f_16s, zorsFIRGetTaps32f_16s, zorsFIRSetTaps32f_16s,
+             zorsFIRGetDlyLine32f_16s, zorsFIRSetDlyLine32f_16s, zorsFIR32f_16s_Sfs, zorsFIR32f_16s_ISfs,
+             zorsFIROne32f_16s_Sfs),
+      3);
+  run(SCALED("32fc_16sc", b32, 16, 256, Zor32fc, Zor16sc, zorsFIRGetStateSize32fc_16sc, zorsFIRInit32fc_16sc,
+             zorsFIRInitAlloc32fc_16sc, zorsFIRFree32fc_16sc, zorsFIRGetTaps32fc_16sc, zorsFIRSetTaps32fc_16sc,
+             zorsFIRGetDlyLine32fc_16sc, zorsFIRSetDlyLine32fc_16sc, zorsFIR32fc_16sc_Sfs, zorsFIR32fc_16sc_ISfs,
+             zorsFIROne32fc_16sc_Sfs),
+      3);
+  run(SCALED("64f_16s", b64, 64, 512, Zor64f, Zor16s, zorsFIRGetStateSize64f_16s, zorsFIRInit64f_16s,
+             zorsFIRInitAlloc64f_16s, zorsFIRFree64f_16s, zorsFIRGetTaps64f_16s, zorsFIRSetTaps64f_16s,
+             zorsFIRGetDlyLine64f_16s, zorsFIRSetDlyLine64f_16s, zorsFIR64f_16s_Sfs, zorsFIR64f_16s_ISfs,
+             zorsFIROne64f_16s_Sfs),
+      2);
+  run(SCALED("64f_32s", b64, 64, 512, Zor64f, Zor32s, zorsFIRGetStateSize64f_32s, zorsFIRInit64f_32s,
+             zorsFIRInitAlloc64f_32s, zorsFIRFree64f_32s, zorsFIRGetTaps64f_32s, zorsFIRSetTaps64f_32s,
+             zorsFIRGetDlyLine64f_32s, zorsFIRSetDlyLine64f_32s, zorsFIR64f_32s_Sfs, zorsFIR64f_32s_ISfs,
+             zorsFIROne64f_32s_Sfs),
+      -4);
+  run(SCALED("64fc_16sc", b64, 32, 256, Zor64fc, Zor16sc, zorsFIRGetStateSize64fc_16sc, zorsFIRInit64fc_16sc,
+             zorsFIRInitAlloc64fc_16sc, zorsFIRFree64fc_16sc, zorsFIRGetTaps64fc_16sc, zorsFIRSetTaps64fc_16sc,
+             zorsFIRGetDlyLine64fc_16sc, zorsFIRSetDlyLine64fc_16sc, zorsFIR64fc_16sc_Sfs, zorsFIR64fc_16sc_ISfs,
+             zorsFIROne64fc_16sc_Sfs),
+      2);
+  run(SCALED("64fc_32sc", b64, 32, 256, Zor64fc, Zor32sc, zorsFIRGetStateSize64fc_32sc, zorsFIRInit64fc_32sc,
+             zorsFIRInitAlloc64fc_32sc, zorsFIRFree64fc_32sc, zorsFIRGetTaps64fc_32sc, zorsFIRSetTaps64fc_32sc,
+             zorsFIRGetDlyLine64fc_32sc, zorsFIRSetDlyLine64fc_32sc, zorsFIR64fc_32sc_Sfs, zorsFIR64fc_32sc_ISfs,
+             zorsFIROne64fc_32sc_Sfs),
+      0);
   // A state of 32s is one of 64f_32s, and either family runs it. Its FFT comes with InitAlloc alone.
-  run(SCALED("32s", b64, INT32_MAX, 512, Zor32s, Zor32s, zorsFIRGetStateSize_32s, zorsFIRInit_32s, zorsFIRInitAlloc_32s, zorsFIRFree_32s, zorsFIRGetTaps_32s, zorsFIRSetTaps_32s, zorsFIRGetDlyLine64f_32s, zorsFIRSetDlyLine64f_32s, zorsFIR_32s_Sfs, zorsFIR_32s_ISfs, zorsFIROne_32s_Sfs), 4);
-  run(INTEGER("16s", Zor16s, Zor16s, zorsFIRGetStateSize_16s, zorsFIRInit_16s, zorsFIRInitAlloc_16s, zorsFIRFree_16s, zorsFIRGetTaps_16s, zorsFIRSetTaps_16s, zorsFIRGetDlyLine_16s, zorsFIRSetDlyLine_16s, zorsFIR_16s_Sfs, zorsFIR_16s_ISfs, zorsFIROne_16s_Sfs), 9);
-  run(INTEGER("32s_16s", Zor32s, Zor16s, zorsFIRGetStateSize32s_16s, zorsFIRInit32s_16s, zorsFIRInitAlloc32s_16s, zorsFIRFree32s_16s, zorsFIRGetTaps32s_16s, zorsFIRSetTaps32s_16s, zorsFIRGetDlyLine32s_16s, zorsFIRSetDlyLine32s_16s, zorsFIR32s_16s_Sfs, zorsFIR32s_16s_ISfs, zorsFIROne32s_16s_Sfs), 10);
-  run(INTEGER("32sc_16sc", Zor32sc, Zor16sc, zorsFIRGetStateSize32sc_16sc, zorsFIRInit32sc_16sc, zorsFIRInitAlloc32sc_16sc, zorsFIRFree32sc_16sc, zorsFIRGetTaps32sc_16sc, zorsFIRSetTaps32sc_16sc, zorsFIRGetDlyLine32sc_16sc, zorsFIRSetDlyLine32sc_16sc, zorsFIR32sc_16sc_Sfs, zorsFIR32sc_16sc_ISfs, zorsFIROne32sc_16sc_Sfs), 10);
+  run(SCALED("32s", b64, INT32_MAX, 512, Zor32s, Zor32s, zorsFIRGetStateSize_32s, zorsFIRInit_32s, zorsFIRInitAlloc_32s,
+             zorsFIRFree_32s, zorsFIRGetTaps_32s, zorsFIRSetTaps_32s, zorsFIRGetDlyLine64f_32s,
+             zorsFIRSetDlyLine64f_32s, zorsFIR_32s_Sfs, zorsFIR_32s_ISfs, zorsFIROne_32s_Sfs),
+      4);
+  run(INTEGER("16s", Zor16s, Zor16s, zorsFIRGetStateSize_16s, zorsFIRInit_16s, zorsFIRInitAlloc_16s, zorsFIRFree_16s,
+              zorsFIRGetTaps_16s, zorsFIRSetTaps_16s, zorsFIRGetDlyLine_16s, zorsFIRSetDlyLine_16s, zorsFIR_16s_Sfs,
+              zorsFIR_16s_ISfs, zorsFIROne_16s_Sfs),
+      9);
+  run(INTEGER("32s_16s", Zor32s, Zor16s, zorsFIRGetStateSize32s_16s, zorsFIRInit32s_16s, zorsFIRInitAlloc32s_16s,
+              zorsFIRFree32s_16s, zorsFIRGetTaps32s_16s, zorsFIRSetTaps32s_16s, zorsFIRGetDlyLine32s_16s,
+              zorsFIRSetDlyLine32s_16s, zorsFIR32s_16s_Sfs, zorsFIR32s_16s_ISfs, zorsFIROne32s_16s_Sfs),
+      10);
+  run(INTEGER("32sc_16sc", Zor32sc, Zor16sc, zorsFIRGetStateSize32sc_16sc, zorsFIRInit32sc_16sc,
+              zorsFIRInitAlloc32sc_16sc, zorsFIRFree32sc_16sc, zorsFIRGetTaps32sc_16sc, zorsFIRSetTaps32sc_16sc,
+              zorsFIRGetDlyLine32sc_16sc, zorsFIRSetDlyLine32sc_16sc, zorsFIR32sc_16sc_Sfs, zorsFIR32sc_16sc_ISfs,
+              zorsFIROne32sc_16sc_Sfs),
+      10);
 }
 #undef PLAIN
 #undef SCALED
 #undef INTEGER
 
 TEST(FIRForms, BlocksOfEveryLengthAreTheConvolution) {
-  eachForm([](const auto& form, Zor32s scale) { scaleNow = scale; blocksOfEveryLength(form); });
+  eachForm([](const auto& form, Zor32s scale) {
+    scaleNow = scale;
+    blocksOfEveryLength(form);
+  });
 }
 TEST(FIRForms, AnySplitOfAStreamGivesTheStream) {
-  eachForm([](const auto& form, Zor32s scale) { scaleNow = scale; streams(form); });
+  eachForm([](const auto& form, Zor32s scale) {
+    scaleNow = scale;
+    streams(form);
+  });
 }
 TEST(FIRForms, TapsAndDelayLinesAreGotAndSet) {
-  eachForm([](const auto& form, Zor32s scale) { scaleNow = scale; getsAndSets(form); });
+  eachForm([](const auto& form, Zor32s scale) {
+    scaleNow = scale;
+    getsAndSets(form);
+  });
 }
 TEST(FIRForms, FailuresReleaseAllAndChecksComeInOrder) {
-  eachForm([](const auto& form, Zor32s scale) { scaleNow = scale; failuresAndChecks(form); });
+  eachForm([](const auto& form, Zor32s scale) {
+    scaleNow = scale;
+    failuresAndChecks(form);
+  });
 }
 TEST(FIRForms, IntegerShiftsAreLimitedAndWrap) {
   eachForm([](const auto& form, Zor32s) {
@@ -370,7 +479,8 @@ TEST(FIRForms, IntegerShiftsAreLimitedAndWrap) {
   });
 }
 
-// ---- Normalisation of integer taps ------------------------------------------------------------------------------------------
+// ---- Normalisation of integer taps
+// ------------------------------------------------------------------------------------------
 
 TEST(FIRInteger, TheLowestTapHalvesAllAndRaisesTheFactor) {
   const std::vector<Zor16s> taps = {-32768, 5, -7};
@@ -512,7 +622,8 @@ TEST(FIR, SettingTapsOf32f_16sStaysInsideItsBlock) {
       ASSERT_EQ(zorsFIRSetDlyLine32f_16s(state, nullptr), zorStatusOk);
       x[0] = 16384;
       ASSERT_EQ(zorsFIR32f_16s_Sfs(x.data(), y.data(), 300, state, 0), zorStatusOk);
-      for (std::size_t j = 0; j < taps.size(); ++j) EXPECT_EQ(y[j], Zor16s(std::rint(16384 * taps[j / 2]))) << n << " " << j;
+      for (std::size_t j = 0; j < taps.size(); ++j)
+        EXPECT_EQ(y[j], Zor16s(std::rint(16384 * taps[j / 2]))) << n << " " << j;
     }
     EXPECT_TRUE(block.intact());
   }

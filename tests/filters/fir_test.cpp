@@ -11,8 +11,8 @@ using kit::Edge;
 using kit::Guarded;
 using Floats = std::vector<Zor32f>;
 
-// y[i] = sum of taps[k] * x[i - k]; before the stream stand the samples of dly, newest first. Sums are all but exact, and
-// `weight` is the sum of magnitudes that a rounding error is measured by.
+// y[i] = sum of taps[k] * x[i - k]; before the stream stand the samples of dly, newest first. Sums are all but exact,
+// and `weight` is the sum of magnitudes that a rounding error is measured by.
 struct Exact {
   std::vector<long double> y, weight;
 };
@@ -32,12 +32,14 @@ constexpr long double eps = 0x1p-24L;
 // Direct sums of n terms err by at most n half-ulps of the sum of magnitudes.
 void expectDirect(const Floats& got, const Exact& exact, std::size_t tapsLen, const std::string& what) {
   for (std::size_t i = 0; i < got.size(); ++i)
-    ASSERT_LE(std::fabs(got[i] - exact.y[i]), (tapsLen + 1) * eps * exact.weight[i] + 1e-38L) << what << " [" << i << "]";
+    ASSERT_LE(std::fabs(got[i] - exact.y[i]), (tapsLen + 1) * eps * exact.weight[i] + 1e-38L)
+        << what << " [" << i << "]";
 }
 // An FFT's error is spread over its block: some ulps of the largest possible output.
 void expectByFft(const Floats& got, const Exact& exact, const std::string& what) {
   const long double largest = *std::max_element(exact.weight.begin(), exact.weight.end());
-  for (std::size_t i = 0; i < got.size(); ++i) ASSERT_LE(std::fabs(got[i] - exact.y[i]), 32 * eps * largest) << what << " [" << i << "]";
+  for (std::size_t i = 0; i < got.size(); ++i)
+    ASSERT_LE(std::fabs(got[i] - exact.y[i]), 32 * eps * largest) << what << " [" << i << "]";
 }
 
 // A state in a block of exactly the reported size, whose end is unreadable.
@@ -68,7 +70,9 @@ Floats runInPlace(ZorFIRState* state, Floats x) {
   EXPECT_EQ(zorsFIR_32f_I(x.data(), int(x.size()), state), zorStatusOk);
   return x;
 }
-Floats slice(const Floats& x, std::size_t from, std::size_t count) { return {x.begin() + long(from), x.begin() + long(from + count)}; }
+Floats slice(const Floats& x, std::size_t from, std::size_t count) {
+  return {x.begin() + long(from), x.begin() + long(from + count)};
+}
 Floats joined(Floats a, const Floats& b) {
   a.insert(a.end(), b.begin(), b.end());
   return a;
@@ -76,10 +80,13 @@ Floats joined(Floats a, const Floats& b) {
 // The whole stream by the direct kernels, whatever its length: blocks stay below the FFT's least.
 Floats runDirect(ZorFIRState* state, const Floats& x) {
   Floats y;
-  for (std::size_t i = 0; i < x.size(); i += 500) y = joined(y, run(state, slice(x, i, std::min<std::size_t>(500, x.size() - i))));
+  for (std::size_t i = 0; i < x.size(); i += 500)
+    y = joined(y, run(state, slice(x, i, std::min<std::size_t>(500, x.size() - i))));
   return y;
 }
-bool sameFloats(const Floats& a, const Floats& b) { return kit::firstDifference<Zor32f>(std::span(a), std::span(b)) == ""; }
+bool sameFloats(const Floats& a, const Floats& b) {
+  return kit::firstDifference<Zor32f>(std::span(a), std::span(b)) == "";
+}
 
 const std::vector<int> tapCounts = [] {
   std::vector<int> counts;
@@ -97,7 +104,8 @@ TEST(FIRGetStateSize, HasTheStatedSizes) {
       EXPECT_EQ(zorsFFTGetSize_R_32f(o + 1, ZOR_FFT_DIVIDE_INVERSE, zorAlgHintNone, &spec, &init, &work), zorStatusOk);
       fftLen = 1 << (o + 1);
     }
-    return ((n + 16) & ~7) * 36 + ((32 * n + 63) & ~31) + ((32 * n + 120) & ~127) + spec + init + ((4 * fftLen + 15) >> 4 << 5) + work + 17104;
+    return ((n + 16) & ~7) * 36 + ((32 * n + 63) & ~31) + ((32 * n + 120) & ~127) + spec + init +
+           ((4 * fftLen + 15) >> 4 << 5) + work + 17104;
   };
   for (int n : tapCounts) EXPECT_EQ(State::size(n), std::size_t(formula(n))) << n;
   EXPECT_EQ(formula(1), 16 * 36 + 64 + 128 + 17104);
@@ -109,7 +117,7 @@ TEST(FIRInit, FitsTheReportedSizeAtEveryMisalignment) {
     const Floats taps = kit::signal<Zor32f>(std::size_t(n), random), x = kit::signal<Zor32f>(1100, random);
     const State reference(taps, nullptr);
     const Floats wanted = run(reference, x);
-    for (std::size_t away = 0; away < 64; away += n > 100 ? 7 : 1) {
+    for (std::size_t away = 0; away<64; away += n> 100 ? 7 : 1) {
       const State state(taps, nullptr, away);
       EXPECT_TRUE(sameFloats(run(state, x), wanted)) << n << " taps, " << away << " bytes away";
       Zor32f one;
@@ -126,7 +134,8 @@ TEST(FIR, IsTheConvolutionForEveryTapCountAndLength) {
   for (int n : tapCounts) {
     const auto taps = kit::signal<Zor32f>(std::size_t(n), random), dly = kit::signal<Zor32f>(std::size_t(n), random);
     const int rows = (n + 7) / 8 * 8;
-    std::vector<int> lengths = {1, 2, 7, 8, 9, 97, 511, rows - 1, rows, rows + 1, rows + 7, rows + 8, rows + 9, n - 1, n};
+    std::vector<int> lengths = {1,    2,        7,        8,        9,        97,    511, rows - 1,
+                                rows, rows + 1, rows + 7, rows + 8, rows + 9, n - 1, n};
     if (n <= 70)
       for (int len = 3; len <= 70; len += n % 5 + 1) lengths.push_back(len);
     for (int len : lengths) {
@@ -139,8 +148,10 @@ TEST(FIR, IsTheConvolutionForEveryTapCountAndLength) {
         ASSERT_TRUE(dst.intact() && state.intact());
         const auto exact = convolve(taps, dly, x);
         const std::string what = std::to_string(n) + " taps, " + std::to_string(len) + " samples";
-        if (n >= 64 && len >= 512) expectByFft(dst.values(), exact, what);
-        else expectDirect(dst.values(), exact, taps.size(), what);
+        if (n >= 64 && len >= 512)
+          expectByFft(dst.values(), exact, what);
+        else
+          expectDirect(dst.values(), exact, taps.size(), what);
         if (edge == Edge::end) {
           const State other(taps, dly.data());
           const Guarded<Zor32f> both(x, edge);
@@ -159,15 +170,16 @@ TEST(FIR, OverlapSaveIsTheConvolutionAroundItsBlockLengths) {
     while (fftLen <= 2 * n) fftLen *= 2;
     const int outputs = fftLen - n + 1;
     const auto taps = kit::signal<Zor32f>(std::size_t(n), random), dly = kit::signal<Zor32f>(std::size_t(n), random);
-    for (int len : {512, 513, outputs - 1, outputs, outputs + 1, outputs + n, outputs + fftLen - 1, outputs + fftLen, 2 * outputs, 2 * outputs + 1,
-                    3 * fftLen + 5, 3 * outputs + fftLen}) {
+    for (int len : {512, 513, outputs - 1, outputs, outputs + 1, outputs + n, outputs + fftLen - 1, outputs + fftLen,
+                    2 * outputs, 2 * outputs + 1, 3 * fftLen + 5, 3 * outputs + fftLen}) {
       if (len < 512) continue;
       const auto x = kit::signal<Zor32f>(std::size_t(len), random);
       const State state(taps, dly.data());
       const Guarded<Zor32f> src(x, Edge::end), dst(x.size(), Edge::begin);
       ASSERT_EQ(zorsFIR_32f(src.data(), dst.data(), len, state), zorStatusOk);
       ASSERT_TRUE(dst.intact() && state.intact());
-      expectByFft(dst.values(), convolve(taps, dly, x), std::to_string(n) + " taps, " + std::to_string(len) + " samples");
+      expectByFft(dst.values(), convolve(taps, dly, x),
+                  std::to_string(n) + " taps, " + std::to_string(len) + " samples");
       // The history is that of the direct path.
       Floats kept(static_cast<std::size_t>(n)), wanted = joined(Floats(dly.rbegin(), dly.rend()), x);
       ASSERT_EQ(zorsFIRGetDlyLine_32f(state, kept.data()), zorStatusOk);
@@ -198,8 +210,10 @@ TEST(FIR, AnySplitOfAStreamIntoBlocksAndSingleSamplesGivesTheStream) {
       }
     }
     EXPECT_TRUE(state.intact());
-    if (n >= 64) expectByFft(y, exact, std::to_string(n));
-    else expectDirect(y, exact, taps.size(), std::to_string(n));
+    if (n >= 64)
+      expectByFft(y, exact, std::to_string(n));
+    else
+      expectDirect(y, exact, taps.size(), std::to_string(n));
   }
 }
 
@@ -210,7 +224,8 @@ TEST(FIR, DirectResultsDoNotDependOnTheSplit) {
     const State whole(taps, nullptr), split(taps, nullptr);
     const Floats wanted = runDirect(whole, x);
     Floats y;
-    for (std::size_t len = 1; y.size() + len <= x.size(); len = len % 61 + 3) y = joined(y, run(split, slice(x, y.size(), len)));
+    for (std::size_t len = 1; y.size() + len <= x.size(); len = len % 61 + 3)
+      y = joined(y, run(split, slice(x, y.size(), len)));
     EXPECT_TRUE(sameFloats(y, slice(wanted, 0, y.size()))) << n;
   }
 }
@@ -236,7 +251,7 @@ TEST(FIR, InPlaceTheSamplesBehindAChunkChooseItsPath) {
   const Floats direct = runDirect(reference, x);
   EXPECT_TRUE(sameFloats(runInPlace(a, slice(x, 0, 4224)), slice(direct, 0, 4224)));  // up to 4,224 samples: direct
   EXPECT_TRUE(sameFloats(runInPlace(b, slice(x, 0, 4735)), slice(direct, 0, 4735)));  // 511 left behind: direct too
-  const Floats y = runInPlace(c, x);                                                 // 512 left behind: the FFT, then direct
+  const Floats y = runInPlace(c, x);  // 512 left behind: the FFT, then direct
   EXPECT_TRUE(sameFloats(slice(y, 0, 4224), run(d, slice(x, 0, 4224))));
   EXPECT_TRUE(sameFloats(slice(y, 4224, 512), slice(direct, 4224, 512)));
   EXPECT_FALSE(sameFloats(slice(y, 0, 4224), slice(direct, 0, 4224)));
@@ -269,7 +284,8 @@ TEST(FIR, GetAndSetOfTapsAndDelayLine) {
   kit::Random random(9);
   for (int n : {1, 5, 64, 200}) {
     const auto count = std::size_t(n);
-    const auto taps = kit::signal<Zor32f>(count, random), others = kit::signal<Zor32f>(count, random), dly = kit::signal<Zor32f>(count, random);
+    const auto taps = kit::signal<Zor32f>(count, random), others = kit::signal<Zor32f>(count, random),
+               dly = kit::signal<Zor32f>(count, random);
     const auto x = kit::signal<Zor32f>(600, random);
     const State state(taps, dly.data()), fresh(others, dly.data());
     Floats got(count);
@@ -346,21 +362,107 @@ TEST(FIR, ChecksInOrder) {
   ZorFIRState* out = nullptr;
   std::vector<Zor8u> buffer(State::size(3));
   const auto lengths = {0, -1, INT32_MIN};
-  kit::Contract(zorsFIRGetStateSize_32f, 3, &size).null<1>().bad<0>(lengths, zorStatusBadTapsLength).untouched(&size, 4).verify("zorsFIRGetStateSize_32f");
-  kit::Contract(zorsFIRInit_32f, &out, taps.data(), 3, src.data(), buffer.data()).null<0>().null<1>().null<4>().bad<2>(lengths, zorStatusBadTapsLength).untouched(buffer).untouched(&out, 8).verify("zorsFIRInit_32f");
-  kit::Contract(zorsFIRInitAlloc_32f, &out, taps.data(), 3, src.data()).null<0>().null<1>().bad<2>(lengths, zorStatusBadTapsLength).untouched(&out, 8).verify("zorsFIRInitAlloc_32f");
+  kit::Contract(zorsFIRGetStateSize_32f, 3, &size)
+      .null<1>()
+      .bad<0>(lengths, zorStatusBadTapsLength)
+      .untouched(&size, 4)
+      .verify("zorsFIRGetStateSize_32f");
+  kit::Contract(zorsFIRInit_32f, &out, taps.data(), 3, src.data(), buffer.data())
+      .null<0>()
+      .null<1>()
+      .null<4>()
+      .bad<2>(lengths, zorStatusBadTapsLength)
+      .untouched(buffer)
+      .untouched(&out, 8)
+      .verify("zorsFIRInit_32f");
+  kit::Contract(zorsFIRInitAlloc_32f, &out, taps.data(), 3, src.data())
+      .null<0>()
+      .null<1>()
+      .bad<2>(lengths, zorStatusBadTapsLength)
+      .untouched(&out, 8)
+      .verify("zorsFIRInitAlloc_32f");
   kit::Contract(zorsFIRFree_32f, state).null<0>().bad<0>({stranger}, zorStatusBadContext).verify("zorsFIRFree_32f");
-  kit::Contract(zorsFIRGetTaps_32f, state, dst.data()).null<0>().null<1>().bad<0>({stranger}, zorStatusBadContext).untouched(dst).verify("zorsFIRGetTaps_32f");
-  kit::Contract(zorsFIRSetTaps_32f, taps.data(), state).null<0>().null<1>().bad<1>({stranger}, zorStatusBadContext).verify("zorsFIRSetTaps_32f");
-  kit::Contract(zorsFIRGetDlyLine_32f, state, dst.data()).null<0>().null<1>().bad<0>({stranger}, zorStatusBadContext).untouched(dst).verify("zorsFIRGetDlyLine_32f");
-  kit::Contract(zorsFIRSetDlyLine_32f, state, src.data()).null<0>().bad<0>({stranger}, zorStatusBadContext).verify("zorsFIRSetDlyLine_32f");
-  kit::Contract(zorsFIR_32f, src.data(), dst.data(), 8, state).null<0>().null<1>().null<3>().bad<2>(lengths, zorStatusBadSize).bad<3>({stranger}, zorStatusBadContext).untouched(dst).verify("zorsFIR_32f");
-  kit::Contract(zorsFIR_32f_I, dst.data(), 8, state).null<0>().null<2>().bad<1>(lengths, zorStatusBadSize).bad<2>({stranger}, zorStatusBadContext).untouched(dst).verify("zorsFIR_32f_I");
-  kit::Contract(zorsFIROne_32f, 1.0f, dst.data(), state).null<1>().null<2>().bad<2>({stranger}, zorStatusBadContext).untouched(dst).verify("zorsFIROne_32f");
-  kit::Contract(zorsFIR_Direct_32f, src.data(), dst.data(), 8, taps.data(), 3, dly.data(), &index).null<0>().null<1>().bad<2>(lengths, zorStatusBadSize).null<3>().bad<4>(lengths, zorStatusBadTapsLength).null<5>().null<6>().untouched(dst).untouched(dly).verify("zorsFIR_Direct_32f");
-  kit::Contract(zorsFIR_Direct_32f_I, dst.data(), 8, taps.data(), 3, dly.data(), &index).null<0>().bad<1>(lengths, zorStatusBadSize).null<2>().bad<3>(lengths, zorStatusBadTapsLength).null<4>().null<5>().untouched(dst).untouched(dly).verify("zorsFIR_Direct_32f_I");
-  kit::Contract(zorsFIROne_Direct_32f, 1.0f, dst.data(), taps.data(), 3, dly.data(), &index).null<1>().null<2>().bad<3>(lengths, zorStatusBadTapsLength).null<4>().null<5>().untouched(dst).untouched(dly).verify("zorsFIROne_Direct_32f");
-  kit::Contract(zorsFIROne_Direct_32f_I, dst.data(), taps.data(), 3, dly.data(), &index).null<0>().null<1>().bad<2>(lengths, zorStatusBadTapsLength).null<3>().null<4>().untouched(dst).untouched(dly).verify("zorsFIROne_Direct_32f_I");
+  kit::Contract(zorsFIRGetTaps_32f, state, dst.data())
+      .null<0>()
+      .null<1>()
+      .bad<0>({stranger}, zorStatusBadContext)
+      .untouched(dst)
+      .verify("zorsFIRGetTaps_32f");
+  kit::Contract(zorsFIRSetTaps_32f, taps.data(), state)
+      .null<0>()
+      .null<1>()
+      .bad<1>({stranger}, zorStatusBadContext)
+      .verify("zorsFIRSetTaps_32f");
+  kit::Contract(zorsFIRGetDlyLine_32f, state, dst.data())
+      .null<0>()
+      .null<1>()
+      .bad<0>({stranger}, zorStatusBadContext)
+      .untouched(dst)
+      .verify("zorsFIRGetDlyLine_32f");
+  kit::Contract(zorsFIRSetDlyLine_32f, state, src.data())
+      .null<0>()
+      .bad<0>({stranger}, zorStatusBadContext)
+      .verify("zorsFIRSetDlyLine_32f");
+  kit::Contract(zorsFIR_32f, src.data(), dst.data(), 8, state)
+      .null<0>()
+      .null<1>()
+      .null<3>()
+      .bad<2>(lengths, zorStatusBadSize)
+      .bad<3>({stranger}, zorStatusBadContext)
+      .untouched(dst)
+      .verify("zorsFIR_32f");
+  kit::Contract(zorsFIR_32f_I, dst.data(), 8, state)
+      .null<0>()
+      .null<2>()
+      .bad<1>(lengths, zorStatusBadSize)
+      .bad<2>({stranger}, zorStatusBadContext)
+      .untouched(dst)
+      .verify("zorsFIR_32f_I");
+  kit::Contract(zorsFIROne_32f, 1.0f, dst.data(), state)
+      .null<1>()
+      .null<2>()
+      .bad<2>({stranger}, zorStatusBadContext)
+      .untouched(dst)
+      .verify("zorsFIROne_32f");
+  kit::Contract(zorsFIR_Direct_32f, src.data(), dst.data(), 8, taps.data(), 3, dly.data(), &index)
+      .null<0>()
+      .null<1>()
+      .bad<2>(lengths, zorStatusBadSize)
+      .null<3>()
+      .bad<4>(lengths, zorStatusBadTapsLength)
+      .null<5>()
+      .null<6>()
+      .untouched(dst)
+      .untouched(dly)
+      .verify("zorsFIR_Direct_32f");
+  kit::Contract(zorsFIR_Direct_32f_I, dst.data(), 8, taps.data(), 3, dly.data(), &index)
+      .null<0>()
+      .bad<1>(lengths, zorStatusBadSize)
+      .null<2>()
+      .bad<3>(lengths, zorStatusBadTapsLength)
+      .null<4>()
+      .null<5>()
+      .untouched(dst)
+      .untouched(dly)
+      .verify("zorsFIR_Direct_32f_I");
+  kit::Contract(zorsFIROne_Direct_32f, 1.0f, dst.data(), taps.data(), 3, dly.data(), &index)
+      .null<1>()
+      .null<2>()
+      .bad<3>(lengths, zorStatusBadTapsLength)
+      .null<4>()
+      .null<5>()
+      .untouched(dst)
+      .untouched(dly)
+      .verify("zorsFIROne_Direct_32f");
+  kit::Contract(zorsFIROne_Direct_32f_I, dst.data(), taps.data(), 3, dly.data(), &index)
+      .null<0>()
+      .null<1>()
+      .bad<2>(lengths, zorStatusBadTapsLength)
+      .null<3>()
+      .null<4>()
+      .untouched(dst)
+      .untouched(dly)
+      .verify("zorsFIROne_Direct_32f_I");
 }
 
 TEST(FIRFree, OfACallersBlockDoesNothing) {
@@ -378,7 +480,8 @@ TEST(FIRDirect, RingAndSums) {
     const auto taps = kit::signal<Zor32f>(count, random), x = kit::signal<Zor32f>(200, random);
     const auto exact = convolve(taps, {}, x);
     for (Edge edge : kit::bothEdges) {
-      const Guarded<Zor32f> t(taps, edge), src(x, edge), dst(x.size(), edge), dly(Floats(2 * count), edge), dlyOnes(Floats(2 * count), edge), both(x, edge), dlyBoth(Floats(2 * count), edge);
+      const Guarded<Zor32f> t(taps, edge), src(x, edge), dst(x.size(), edge), dly(Floats(2 * count), edge),
+          dlyOnes(Floats(2 * count), edge), both(x, edge), dlyBoth(Floats(2 * count), edge);
       Zor32s index = 0, indexOnes = 0, indexBoth = 0;
       ASSERT_EQ(zorsFIR_Direct_32f(src.data(), dst.data(), 200, t.data(), n, dly.data(), &index), zorStatusOk);
       ASSERT_EQ(zorsFIR_Direct_32f_I(both.data(), 200, t.data(), n, dlyBoth.data(), &indexBoth), zorStatusOk);

@@ -12,11 +12,15 @@ struct Member {
   void* (*allocate)(Zor32s len);
   std::size_t size;
 };
-#define MEMBER(name, T) {#name, [](Zor32s len) { return static_cast<void*>(name(len)); }, sizeof(T)}
+#define MEMBER(name, T)                                                        \
+  {                                                                            \
+#name, [](Zor32s len) { return static_cast<void*>(name(len)); }, sizeof(T) \
+  }
 const Member members[] = {
-    MEMBER(zorsMalloc_8u, Zor8u),     MEMBER(zorsMalloc_8s, Zor8s),     MEMBER(zorsMalloc_8sc, Zor8sc),   MEMBER(zorsMalloc_16u, Zor16u),
-    MEMBER(zorsMalloc_16s, Zor16s),   MEMBER(zorsMalloc_16sc, Zor16sc), MEMBER(zorsMalloc_32u, Zor32u),   MEMBER(zorsMalloc_32s, Zor32s),
-    MEMBER(zorsMalloc_32sc, Zor32sc), MEMBER(zorsMalloc_32f, Zor32f),   MEMBER(zorsMalloc_32fc, Zor32fc), MEMBER(zorsMalloc_64s, Zor64s),
+    MEMBER(zorsMalloc_8u, Zor8u),     MEMBER(zorsMalloc_8s, Zor8s),     MEMBER(zorsMalloc_8sc, Zor8sc),
+    MEMBER(zorsMalloc_16u, Zor16u),   MEMBER(zorsMalloc_16s, Zor16s),   MEMBER(zorsMalloc_16sc, Zor16sc),
+    MEMBER(zorsMalloc_32u, Zor32u),   MEMBER(zorsMalloc_32s, Zor32s),   MEMBER(zorsMalloc_32sc, Zor32sc),
+    MEMBER(zorsMalloc_32f, Zor32f),   MEMBER(zorsMalloc_32fc, Zor32fc), MEMBER(zorsMalloc_64s, Zor64s),
     MEMBER(zorsMalloc_64sc, Zor64sc), MEMBER(zorsMalloc_64f, Zor64f),   MEMBER(zorsMalloc_64fc, Zor64fc),
 };
 #undef MEMBER

@@ -35,7 +35,8 @@ void checkCopy(const Member& member, int srcOffset, int dstOffset, int len, kit:
     byte = Zor8u((byte & ~(1 << member.position(to))) | bit << member.position(to));
   }
   ASSERT_EQ(member.copy(src.data(), srcOffset, dst.data(), dstOffset, len), zorStatusOk);
-  ASSERT_EQ(kit::firstDifference<Zor8u>(dst.span(), wanted), "") << member.name << ", from " << srcOffset << " to " << dstOffset << ", len " << len;
+  ASSERT_EQ(kit::firstDifference<Zor8u>(dst.span(), wanted), "")
+      << member.name << ", from " << srcOffset << " to " << dstOffset << ", len " << len;
   ASSERT_TRUE(dst.intact()) << member.name;
 }
 

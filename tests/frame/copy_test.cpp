@@ -9,18 +9,22 @@ using kit::BlockMember;
 using kit::Bytes;
 
 const BlockMember members[] = {
-    {"zorsCopy_8u", zorsCopy_8u},     {"zorsCopy_16s", zorsCopy_16s},   {"zorsCopy_16sc", zorsCopy_16sc}, {"zorsCopy_32s", zorsCopy_32s},
-    {"zorsCopy_32sc", zorsCopy_32sc}, {"zorsCopy_32f", zorsCopy_32f},   {"zorsCopy_32fc", zorsCopy_32fc}, {"zorsCopy_64s", zorsCopy_64s},
-    {"zorsCopy_64sc", zorsCopy_64sc}, {"zorsCopy_64f", zorsCopy_64f},   {"zorsCopy_64fc", zorsCopy_64fc},
+    {"zorsCopy_8u", zorsCopy_8u},     {"zorsCopy_16s", zorsCopy_16s},   {"zorsCopy_16sc", zorsCopy_16sc},
+    {"zorsCopy_32s", zorsCopy_32s},   {"zorsCopy_32sc", zorsCopy_32sc}, {"zorsCopy_32f", zorsCopy_32f},
+    {"zorsCopy_32fc", zorsCopy_32fc}, {"zorsCopy_64s", zorsCopy_64s},   {"zorsCopy_64sc", zorsCopy_64sc},
+    {"zorsCopy_64f", zorsCopy_64f},   {"zorsCopy_64fc", zorsCopy_64fc},
 };
 Bytes same(const Bytes& bytes) { return bytes; }
 
 TEST(Copy, EveryLengthAndAlignment) {
-  for (const auto& member : members) kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 2, 4, 8, 15, 16, 31}, same);
+  for (const auto& member : members)
+    kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 2, 4, 8, 15, 16, 31}, same);
 }
 TEST(Copy, FromThirtyTwoKibTheStringMoveServesAllRelativeAlignments) {
-  for (int len : {32767, 32768, 32769, 32775, 100000}) kit::checkBlocks(members[0], {len}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 12}, same);
-  for (const auto& member : members) kit::checkBlocks(member, {32768 / member.size - 1, 32768 / member.size, 50000}, {0, 3}, same);
+  for (int len : {32767, 32768, 32769, 32775, 100000})
+    kit::checkBlocks(members[0], {len}, {0, 1, 2, 3, 4, 5, 6, 7, 8, 12}, same);
+  for (const auto& member : members)
+    kit::checkBlocks(member, {32768 / member.size - 1, 32768 / member.size, 50000}, {0, 3}, same);
 }
 TEST(Copy, ChecksPointersThenLength) {
   for (const auto& member : members) kit::checkBlockContract(member, true);
@@ -33,7 +37,8 @@ class Tiled {
 
   explicit Tiled(std::size_t bytes) : tiles_((bytes + tile - 1) / tile), file_(memfd_create("tile", 0)) {
     EXPECT_EQ(ftruncate(file_, tile), 0);
-    begin_ = static_cast<Zor8u*>(mmap(nullptr, (tiles_ + 1) * tile, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0));
+    begin_ = static_cast<Zor8u*>(
+        mmap(nullptr, (tiles_ + 1) * tile, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0));
     for (std::size_t i = 0; i < tiles_; ++i)
       EXPECT_NE(mmap(begin_ + i * tile, tile, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_FIXED, file_, 0), MAP_FAILED);
   }
@@ -60,7 +65,10 @@ TEST(Copy, VectorsBeyondTheLargestByteCountGoOutInRounds) {
     const Tiled src(bytes), dst(bytes);
     kit::fillAny(src.firstTile(), random);
     ASSERT_EQ(member.call(src.end() - bytes, dst.end() - bytes, Zor32s(len)), zorStatusOk);
-    EXPECT_EQ(kit::firstDifference<Zor8u>(dst.firstTile(), std::vector<Zor8u>(src.firstTile().begin(), src.firstTile().end())), "") << member.name;
+    EXPECT_EQ(kit::firstDifference<Zor8u>(dst.firstTile(),
+                                          std::vector<Zor8u>(src.firstTile().begin(), src.firstTile().end())),
+              "")
+        << member.name;
   }
 }
 
@@ -69,8 +77,8 @@ TEST(Copy, ADirectionFlagThatIsSetStaysSetAndDoesNotTurnTheMove) {
   kit::Random random(4);
   const Bytes src = kit::anyBytes(40000, random);
   Bytes dst(40000);
-  const Zor8u *const from = src.data();
-  Zor8u *const to = dst.data();
+  const Zor8u* const from = src.data();
+  Zor8u* const to = dst.data();
   __asm__ volatile("std" ::: "cc");
   zorsCopy_8u(from, to, 40000);
   const auto flags = __readeflags();

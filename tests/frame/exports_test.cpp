@@ -111,7 +111,8 @@ TEST(Exports, TheLibraryExportsTheListAndNothingElse) {
 }
 
 TEST(Exports, TheLibraryNeedsTheServiceLibraryAndTheSystemOnly) {
-  const std::set<std::string> services = {"zorMalloc", "zorFree", "zorAlignPtr", "ownGetFeature", "zorGetEnabledCpuFeatures", "zorGetMaxCacheSizeB"};
+  const std::set<std::string> services = {
+      "zorMalloc", "zorFree", "zorAlignPtr", "ownGetFeature", "zorGetEnabledCpuFeatures", "zorGetMaxCacheSizeB"};
   const Dynamic dynamic = dynamicOf(libraryPath());
   for (const Symbol& symbol : dynamic.symbols)
     if (!symbol.defined && (symbol.name.starts_with("zor") || symbol.name.starts_with("own"))) {
@@ -119,8 +120,8 @@ TEST(Exports, TheLibraryNeedsTheServiceLibraryAndTheSystemOnly) {
     }
   for (const std::string& name : dynamic.needed) {
     const auto is = [&](const char* prefix) { return name.starts_with(prefix); };
-    EXPECT_TRUE(is("libzorcore-8.2.so") || is("libc.so") || is("libm.so") || is("libstdc++.so") || is("libgcc_s.so") || is("ld-linux") ||
-                is("libasan.so") || is("libubsan.so") || is("libtsan.so"))
+    EXPECT_TRUE(is("libzorcore-8.2.so") || is("libc.so") || is("libm.so") || is("libstdc++.so") || is("libgcc_s.so") ||
+                is("ld-linux") || is("libasan.so") || is("libubsan.so") || is("libtsan.so"))
         << name;
   }
 }
@@ -176,8 +177,10 @@ TEST(Exports, EveryNameIsTested) {
     if (!file.is_regular_file()) continue;
     std::string word;
     for (char c : read(file.path()) + ' ') {
-      if (std::isalnum(Zor8u(c)) || c == '_') word += c;
-      else if (!word.empty()) words.insert(std::exchange(word, ""));
+      if (std::isalnum(Zor8u(c)) || c == '_')
+        word += c;
+      else if (!word.empty())
+        words.insert(std::exchange(word, ""));
     }
   }
   for (const auto& [name, implementation] : entries) EXPECT_TRUE(words.contains(name)) << name << " stands in no test";
@@ -188,7 +191,9 @@ TEST(Exports, EveryUnitOfTheLibraryIsCompiledWithoutContraction) {
   std::istringstream commands(read(ZORS_COMPILE_COMMANDS));
   int units = 0;
   for (std::string line; std::getline(commands, line);) {
-    if (line.find("\"command\"") == std::string::npos || line.find("/zorsl9.dir/") == std::string::npos || line.find(".cpp") == std::string::npos) continue;
+    if (line.find("\"command\"") == std::string::npos || line.find("/zorsl9.dir/") == std::string::npos ||
+        line.find(".cpp") == std::string::npos)
+      continue;
     ++units;
     EXPECT_NE(line.find(" -ffp-contract=off "), std::string::npos) << line;
     EXPECT_EQ(line.find("-ffast-math"), std::string::npos) << line;

@@ -23,11 +23,14 @@ auto reversed(int size) {
 }
 
 TEST(Flip, EveryLengthAndAlignment) {
-  for (const auto& member : members) kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 8, 16, 31}, reversed(member.size));
+  for (const auto& member : members)
+    kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 8, 16, 31}, reversed(member.size));
 }
 TEST(Flip, InPlaceByEitherMember) {
-  for (const auto& member : inPlace) kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1, 16, 31}, reversed(member.size));
-  for (const auto& member : members) kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1}, reversed(member.size));
+  for (const auto& member : inPlace)
+    kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1, 16, 31}, reversed(member.size));
+  for (const auto& member : members)
+    kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1}, reversed(member.size));
 }
 TEST(Flip, ChecksPointersThenLength) {
   for (const auto& member : members) kit::checkBlockContract(member, true);

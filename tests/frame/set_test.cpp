@@ -48,7 +48,8 @@ const Member members[] = {
 
 std::string wrong(const Member& set, std::span<const Zor8u> dst) {
   for (std::size_t i = 0; i < dst.size(); ++i)
-    if (dst[i] != set.value[i % set.size()]) return set.name + ": byte " + std::to_string(i) + " of " + std::to_string(dst.size());
+    if (dst[i] != set.value[i % set.size()])
+      return set.name + ": byte " + std::to_string(i) + " of " + std::to_string(dst.size());
   return "";
 }
 void checkSet(const Member& set, int len, kit::Edge edge, std::size_t offset) {
@@ -76,7 +77,12 @@ TEST(Set, ChecksPointersThenLength) {
   }
   const Zor64fc one{1, 1};
   std::vector<Zor64fc> dst(2, Zor64fc{3, 4});
-  kit::Contract(zorsSet_64fc, &one, dst.data(), 2).null<0>().null<1>().bad<2>({0, -1}, zorStatusBadSize).untouched(dst).verify("zorsSet_64fc");
+  kit::Contract(zorsSet_64fc, &one, dst.data(), 2)
+      .null<0>()
+      .null<1>()
+      .bad<2>({0, -1}, zorStatusBadSize)
+      .untouched(dst)
+      .verify("zorsSet_64fc");
 }
 
 // How often the call asks for the cache's size.
@@ -94,18 +100,22 @@ TEST(Set, TheCacheIsAskedForAboveTwoMebibytesOfAlignedItemsOnly) {
     EXPECT_EQ(queries(set, most), 0) << set.name;
     EXPECT_EQ(queries(set, most + 1), set.size() == 16 ? 0 : 1) << set.name;
     for (std::size_t offset = 1; offset < 9; ++offset)
-      EXPECT_EQ(queries(set, most + 1, offset), set.size() == 16 || offset % set.size() != 0 ? 0 : 1) << set.name << ", " << offset;
+      EXPECT_EQ(queries(set, most + 1, offset), set.size() == 16 || offset % set.size() != 0 ? 0 : 1)
+          << set.name << ", " << offset;
   }
 }
 
 TEST(Set, WhateverTheCacheAnswersTheVectorIsSet) {
-  struct Answer { int status, size; };
+  struct Answer {
+    int status, size;
+  };
   for (const Member& set : members)
     for (const Answer answer : {Answer{0, 1}, {0, 0}, {0, -1}, {0, INT32_MIN}, {0, INT32_MAX}, {-1, 1}, {1, 1}}) {
       const kit::ServicesScope services;
       services->cacheStatus = answer.status;
       services->cacheSize = answer.size;
-      for (std::size_t offset : {0u, 8u, 16u, 40u}) checkSet(set, 0x200000 / int(set.size()) + 3, kit::Edge::begin, offset);
+      for (std::size_t offset : {0u, 8u, 16u, 40u})
+        checkSet(set, 0x200000 / int(set.size()) + 3, kit::Edge::begin, offset);
     }
 }
 
@@ -131,7 +141,7 @@ TEST(Set, SignallingNansStayAndRaiseNoFlag) {
 TEST(CacheDescriptors, TheLargestDescribedCacheWins) {
   using zors::largestCache;
   constexpr Zor64s kib = 1024, mib = 1024 * kib;
-  EXPECT_EQ(largestCache({0x01, 0, 0, 0}), 0);                             // none named
+  EXPECT_EQ(largestCache({0x01, 0, 0, 0}), 0);  // none named
   EXPECT_EQ(largestCache({0x4301, 0, 0, 0}), 512 * kib);
   EXPECT_EQ(largestCache({0x01, 0, 0x00EC0000, 0x43}), 24 * mib);
   EXPECT_EQ(largestCache({0x01, 0xEB, 0x4D, 0}), 18 * mib);
@@ -143,11 +153,11 @@ TEST(CacheDescriptors, TheLargestDescribedCacheWins) {
   EXPECT_EQ(largestCache({0x01, 0x48, 0, 0}), 3 * mib);
   EXPECT_EQ(largestCache({0x01, 0x7D, 0, 0}), 2 * mib);
   EXPECT_EQ(largestCache({0x01, 0x78, 0, 0}), 1 * mib);
-  EXPECT_EQ(largestCache({0x02, 0xEC, 0, 0}), 0);                          // the leaf would have to be read twice
-  EXPECT_EQ(largestCache({0x01, 0x800000EC, 0x43, 0}), 512 * kib);         // a register that holds no descriptors
+  EXPECT_EQ(largestCache({0x02, 0xEC, 0, 0}), 0);                   // the leaf would have to be read twice
+  EXPECT_EQ(largestCache({0x01, 0x800000EC, 0x43, 0}), 512 * kib);  // a register that holds no descriptors
   EXPECT_EQ(largestCache({0x80004301, 0, 0, 0}), 0);
   EXPECT_EQ(largestCache({0x01, 0x12345678 & 0x7FFFFFFF, 0, 0}), 1 * mib);  // 0x78
-  EXPECT_EQ(largestCache({0x01, 0xFF, 0, 0}), 0);                          // told elsewhere
+  EXPECT_EQ(largestCache({0x01, 0xFF, 0, 0}), 0);                           // told elsewhere
 }
 
 }  // namespace

@@ -27,11 +27,14 @@ auto swapped(int size) {
 }
 
 TEST(SwapBytes, EveryLengthAndAlignment) {
-  for (const auto& member : members) kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 8, 16, 31}, swapped(member.size));
+  for (const auto& member : members)
+    kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 8, 16, 31}, swapped(member.size));
 }
 TEST(SwapBytes, InPlaceByEitherMember) {
-  for (const auto& member : inPlace) kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1, 16, 31}, swapped(member.size));
-  for (const auto& member : members) kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1}, swapped(member.size));
+  for (const auto& member : inPlace)
+    kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1, 16, 31}, swapped(member.size));
+  for (const auto& member : members)
+    kit::checkBlocksInPlace(member, kit::blockLengths(member.size), {0, 1}, swapped(member.size));
 }
 TEST(SwapBytes, ChecksPointersThenLength) {
   for (const auto& member : members) kit::checkBlockContract(member, true);

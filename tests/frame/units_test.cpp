@@ -25,13 +25,19 @@ TEST(Check, TheFirstFaultInTheOrderWrittenWins) {
   EXPECT_EQ(check().then(work), zorStatusOk);
   EXPECT_EQ(check().pointers(&x, null).size(0).then(work), zorStatusNullPointer);
   EXPECT_EQ(check().size(0).pointers(null).then(work), zorStatusBadSize);
-  EXPECT_EQ(check().pointers(&x).size(1).require(false, zorStatusBadArgument).require(false, zorStatusBadFlag).then(work), zorStatusBadArgument);
+  EXPECT_EQ(
+      check().pointers(&x).size(1).require(false, zorStatusBadArgument).require(false, zorStatusBadFlag).then(work),
+      zorStatusBadArgument);
 }
 TEST(Check, WorkIsDoneOnlyWhereAllHolds) {
   int calls = 0;
   check().size(-1).then([&] { ++calls; });
   EXPECT_EQ(calls, 0);
-  EXPECT_EQ(check().size(1).then([&] { ++calls; return zorWarningDivideByZero; }), zorWarningDivideByZero);
+  EXPECT_EQ(check().size(1).then([&] {
+    ++calls;
+    return zorWarningDivideByZero;
+  }),
+            zorWarningDivideByZero);
   EXPECT_EQ(calls, 1);
 }
 TEST(Check, AStateIsReadOnlyWhereItsPointerHeld) {
@@ -45,7 +51,8 @@ TEST(Check, AStateIsReadOnlyWhereItsPointerHeld) {
 
 TEST(Layout, GivesAlignedPiecesThatDoNotOverlapWithinTheSizeItReports) {
   const auto lay = [](zors::Layout& block) {
-    return std::tuple{block.take<Zor8u>(1), block.take<Zor64f>(3), block.take<Zor32f>(17), block.take<Zor8u>(0), block.take<Zor16s>(5)};
+    return std::tuple{block.take<Zor8u>(1), block.take<Zor64f>(3), block.take<Zor32f>(17), block.take<Zor8u>(0),
+                      block.take<Zor16s>(5)};
   };
   for (std::size_t alignment : {16u, 32u, 64u}) {
     zors::Layout sizes(alignment);
@@ -54,7 +61,8 @@ TEST(Layout, GivesAlignedPiecesThatDoNotOverlapWithinTheSizeItReports) {
     for (std::size_t offset = 0; offset < 64; ++offset) {
       zors::Layout block(alignment, memory.data() + offset);
       const auto [a, b, c, d, e] = lay(block);
-      for (auto address : {reinterpret_cast<std::uintptr_t>(a), reinterpret_cast<std::uintptr_t>(b), reinterpret_cast<std::uintptr_t>(c), reinterpret_cast<std::uintptr_t>(e)})
+      for (auto address : {reinterpret_cast<std::uintptr_t>(a), reinterpret_cast<std::uintptr_t>(b),
+                           reinterpret_cast<std::uintptr_t>(c), reinterpret_cast<std::uintptr_t>(e)})
         EXPECT_EQ(address % alignment, 0u);
       EXPECT_GE(a, memory.data() + offset);
       EXPECT_GE(reinterpret_cast<Zor8u*>(b), a + 1);
@@ -103,7 +111,8 @@ TEST(RoundingScope, SetsTheDirectionAndPutsTheWordBack) {
   for (unsigned outer : kit::allDirections) {
     _mm_setcsr((saved & ~unsigned{_MM_ROUND_MASK | _MM_MASK_INVALID | _MM_EXCEPT_MASK}) | outer);
     const unsigned before = _mm_getcsr();
-    for (auto direction : {zors::RoundingScope::nearest, zors::RoundingScope::down, zors::RoundingScope::up, zors::RoundingScope::towardZero}) {
+    for (auto direction : {zors::RoundingScope::nearest, zors::RoundingScope::down, zors::RoundingScope::up,
+                           zors::RoundingScope::towardZero}) {
       const zors::RoundingScope scope(direction);
       EXPECT_EQ(_mm_getcsr(), (before & ~unsigned{_MM_ROUND_MASK}) | direction | _MM_MASK_INVALID);
     }

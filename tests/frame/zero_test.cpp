@@ -7,14 +7,16 @@ using kit::BlockMember;
 using kit::Bytes;
 
 const BlockMember members[] = {
-    {"zorsZero_8u", zorsZero_8u},     {"zorsZero_16s", zorsZero_16s},   {"zorsZero_16sc", zorsZero_16sc}, {"zorsZero_32s", zorsZero_32s},
-    {"zorsZero_32sc", zorsZero_32sc}, {"zorsZero_32f", zorsZero_32f},   {"zorsZero_32fc", zorsZero_32fc}, {"zorsZero_64s", zorsZero_64s},
-    {"zorsZero_64sc", zorsZero_64sc}, {"zorsZero_64f", zorsZero_64f},   {"zorsZero_64fc", zorsZero_64fc},
+    {"zorsZero_8u", zorsZero_8u},     {"zorsZero_16s", zorsZero_16s},   {"zorsZero_16sc", zorsZero_16sc},
+    {"zorsZero_32s", zorsZero_32s},   {"zorsZero_32sc", zorsZero_32sc}, {"zorsZero_32f", zorsZero_32f},
+    {"zorsZero_32fc", zorsZero_32fc}, {"zorsZero_64s", zorsZero_64s},   {"zorsZero_64sc", zorsZero_64sc},
+    {"zorsZero_64f", zorsZero_64f},   {"zorsZero_64fc", zorsZero_64fc},
 };
 Bytes zeros(const Bytes& bytes) { return Bytes(bytes.size()); }
 
 TEST(Zero, EveryLengthAndAlignment) {
-  for (const auto& member : members) kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 2, 4, 8, 15, 16, 31}, zeros);
+  for (const auto& member : members)
+    kit::checkBlocks(member, kit::blockLengths(member.size), {0, 1, 2, 4, 8, 15, 16, 31}, zeros);
 }
 TEST(Zero, ChecksPointerThenLength) {
   for (const auto& member : members) kit::checkBlockContract(member, false);
@@ -42,7 +44,8 @@ TEST(Zero, BothPathsClearTheSameBytes) {
         const kit::Guarded<Zor8u> dst(bytes, kit::Edge::begin, offset);
         ASSERT_EQ(zorsZero_8u(dst.data(), Zor32s(bytes)), zorStatusOk);
         EXPECT_EQ(services->cacheQueries, 1);
-        ASSERT_TRUE(std::all_of(dst.data(), dst.data() + bytes, [](Zor8u x) { return x == 0; })) << size << ", " << tail << ", " << offset;
+        ASSERT_TRUE(std::all_of(dst.data(), dst.data() + bytes, [](Zor8u x) { return x == 0; }))
+            << size << ", " << tail << ", " << offset;
         ASSERT_TRUE(dst.intact());
       }
 }

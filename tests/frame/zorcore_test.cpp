@@ -44,7 +44,8 @@ TEST(Zorcore, FeaturesAgreeWithTheCompilersQuery) {
 }
 TEST(Zorcore, AFeatureIsAvailableWhereAllOfItsBitsAre) {
   const uint64_t features = zorGetEnabledCpuFeatures();
-  for (int bit = 0; bit < 64; ++bit) EXPECT_EQ(ownGetFeature(uint64_t{1} << bit) != 0, (features >> bit & 1) != 0) << bit;
+  for (int bit = 0; bit < 64; ++bit)
+    EXPECT_EQ(ownGetFeature(uint64_t{1} << bit) != 0, (features >> bit & 1) != 0) << bit;
   EXPECT_NE(ownGetFeature(features), 0);
   EXPECT_EQ(ownGetFeature(~uint64_t{0}), 0);
 }

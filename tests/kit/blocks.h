@@ -17,12 +17,23 @@ struct BlockMember {
   int size;  // bytes of an item
   std::function<ZorStatus(const void* src, void* dst, Zor32s len)> call;
 
-  template <class T> BlockMember(const char* exportName, ZorStatus (*f)(const T*, T*, Zor32s))
-      : name(exportName), size(sizeof(T)), call([f](const void* src, void* dst, Zor32s len) { return f(static_cast<const T*>(src), static_cast<T*>(dst), len); }) {}
-  template <class T> BlockMember(const char* exportName, ZorStatus (*f)(T*, Zor32s))
-      : name(exportName), size(sizeof(T)), call([f](const void*, void* dst, Zor32s len) { return f(static_cast<T*>(dst), len); }) {}
-  BlockMember(const char* exportName, int itemSize, ZorStatus (*f)(const Zor8u*, Zor8u*, Zor32s)) : BlockMember(exportName, f) { size = itemSize; }
-  BlockMember(const char* exportName, int itemSize, ZorStatus (*f)(Zor8u*, Zor32s)) : BlockMember(exportName, f) { size = itemSize; }
+  template <class T>
+  BlockMember(const char* exportName, ZorStatus (*f)(const T*, T*, Zor32s))
+      : name(exportName), size(sizeof(T)), call([f](const void* src, void* dst, Zor32s len) {
+          return f(static_cast<const T*>(src), static_cast<T*>(dst), len);
+        }) {}
+  template <class T>
+  BlockMember(const char* exportName, ZorStatus (*f)(T*, Zor32s))
+      : name(exportName),
+        size(sizeof(T)),
+        call([f](const void*, void* dst, Zor32s len) { return f(static_cast<T*>(dst), len); }) {}
+  BlockMember(const char* exportName, int itemSize, ZorStatus (*f)(const Zor8u*, Zor8u*, Zor32s))
+      : BlockMember(exportName, f) {
+    size = itemSize;
+  }
+  BlockMember(const char* exportName, int itemSize, ZorStatus (*f)(Zor8u*, Zor32s)) : BlockMember(exportName, f) {
+    size = itemSize;
+  }
 };
 
 using Bytes = std::vector<Zor8u>;
@@ -38,7 +49,9 @@ inline std::vector<int> blockLengths(int size) {
 }
 
 // Checks that call(member, src, dst, len) leaves model(source bytes) in dst, wherever source and destination lie.
-template <class Model> void checkBlocks(const BlockMember& member, const std::vector<int>& lengths, const std::vector<std::size_t>& offsets, Model model) {
+template <class Model>
+void checkBlocks(const BlockMember& member, const std::vector<int>& lengths, const std::vector<std::size_t>& offsets,
+                 Model model) {
   Random random(5);
   for (int len : lengths)
     for (Edge edge : bothEdges)
@@ -46,7 +59,8 @@ template <class Model> void checkBlocks(const BlockMember& member, const std::ve
         const std::size_t bytes = std::size_t(len) * std::size_t(member.size);
         const Guarded<Zor8u> src(anyBytes(bytes, random), edge, offset * 7 % 32), dst(bytes, edge, offset);
         const Bytes before = src.values();
-        const std::string where = member.name + ", len " + std::to_string(len) + ", offset " + std::to_string(offset) + (edge == Edge::end ? ", at the end" : ", at the begin");
+        const std::string where = member.name + ", len " + std::to_string(len) + ", offset " + std::to_string(offset) +
+                                  (edge == Edge::end ? ", at the end" : ", at the begin");
         ASSERT_EQ(member.call(src.data(), dst.data(), len), zorStatusOk) << where;
         ASSERT_EQ(firstDifference<Zor8u>(dst.span(), model(before)), "") << where;
         ASSERT_EQ(src.values(), before) << where << ": source changed";
@@ -55,14 +69,17 @@ template <class Model> void checkBlocks(const BlockMember& member, const std::ve
 }
 
 // The same where the destination is the source.
-template <class Model> void checkBlocksInPlace(const BlockMember& member, const std::vector<int>& lengths, const std::vector<std::size_t>& offsets, Model model) {
+template <class Model>
+void checkBlocksInPlace(const BlockMember& member, const std::vector<int>& lengths,
+                        const std::vector<std::size_t>& offsets, Model model) {
   Random random(6);
   for (int len : lengths)
     for (Edge edge : bothEdges)
       for (std::size_t offset : offsets) {
         const Guarded<Zor8u> data(anyBytes(std::size_t(len) * std::size_t(member.size), random), edge, offset);
         const Bytes before = data.values();
-        const std::string where = member.name + " in place, len " + std::to_string(len) + ", offset " + std::to_string(offset);
+        const std::string where =
+            member.name + " in place, len " + std::to_string(len) + ", offset " + std::to_string(offset);
         ASSERT_EQ(member.call(data.data(), data.data(), len), zorStatusOk) << where;
         ASSERT_EQ(firstDifference<Zor8u>(data.span(), model(before)), "") << where;
         ASSERT_TRUE(data.intact()) << where << ": wrote outside";
@@ -77,10 +94,14 @@ inline void checkBlockContract(const BlockMember& member, bool hasSource) {
   for (int bad : {0, -1, INT32_MIN}) {
     EXPECT_EQ(member.call(src.data(), dst.data(), bad), zorStatusBadSize) << member.name;
     EXPECT_EQ(member.call(src.data(), nullptr, bad), zorStatusNullPointer) << member.name;
-    if (hasSource) { EXPECT_EQ(member.call(nullptr, dst.data(), bad), zorStatusNullPointer) << member.name; }
+    if (hasSource) {
+      EXPECT_EQ(member.call(nullptr, dst.data(), bad), zorStatusNullPointer) << member.name;
+    }
   }
   EXPECT_EQ(member.call(src.data(), nullptr, 2), zorStatusNullPointer) << member.name;
-  if (hasSource) { EXPECT_EQ(member.call(nullptr, dst.data(), 2), zorStatusNullPointer) << member.name; }
+  if (hasSource) {
+    EXPECT_EQ(member.call(nullptr, dst.data(), 2), zorStatusNullPointer) << member.name;
+  }
   EXPECT_EQ(dst, before) << member.name << " wrote";
 }
 

@@ -1,6 +1,7 @@
 // Bad arguments: each fault of a call alone gives its status, of two faults at once the earlier one's, and none writes.
 //   Contract contract(zorsMul_32f, src1, src2, dst, 8);
-//   contract.null<0>().null<1>().null<2>().bad<3>({0, -1, INT_MIN}, zorStatusBadSize).untouched(dst, 8).verify("zorsMul_32f");
+//   contract.null<0>().null<1>().null<2>().bad<3>({0, -1, INT_MIN}, zorStatusBadSize).untouched(dst,
+//   8).verify("zorsMul_32f");
 // The faults stand in the order in which the function tests them.
 #pragma once
 
@@ -20,10 +21,14 @@ template <class... P> class Contract {
  public:
   Contract(ZorStatus (*function)(P...), std::type_identity_t<P>... good) : function_(function), good_(good...) {}
 
-  template <std::size_t at> Contract& null(ZorStatus status = zorStatusNullPointer) { return bad<at>({nullptr}, status); }
-  template <std::size_t at> Contract& bad(std::initializer_list<std::tuple_element_t<at, std::tuple<P...>>> values, ZorStatus status) {
+  template <std::size_t at> Contract& null(ZorStatus status = zorStatusNullPointer) {
+    return bad<at>({nullptr}, status);
+  }
+  template <std::size_t at>
+  Contract& bad(std::initializer_list<std::tuple_element_t<at, std::tuple<P...>>> values, ZorStatus status) {
     for (auto value : values)
-      faults_.push_back({[value](auto& arguments) { std::get<at>(arguments) = value; }, status, at, "argument " + std::to_string(at)});
+      faults_.push_back({[value](auto& arguments) { std::get<at>(arguments) = value; }, status, at,
+                         "argument " + std::to_string(at)});
     return *this;
   }
   // Memory that no failing call may change.
@@ -32,7 +37,9 @@ template <class... P> class Contract {
     kept_.push_back({p, std::string(p, bytes)});
     return *this;
   }
-  template <class T> Contract& untouched(const std::vector<T>& memory) { return untouched(memory.data(), memory.size() * sizeof(T)); }
+  template <class T> Contract& untouched(const std::vector<T>& memory) {
+    return untouched(memory.data(), memory.size() * sizeof(T));
+  }
 
   void verify(const char* name) const {
     for (std::size_t i = 0; i < faults_.size(); ++i) {
@@ -62,7 +69,8 @@ template <class... P> class Contract {
       what += ", bad " + fault->what;
     }
     EXPECT_EQ(std::apply(function_, arguments), faults.front()->status) << what;
-    for (const Kept& kept : kept_) EXPECT_EQ(std::memcmp(kept.memory, kept.before.data(), kept.before.size()), 0) << what << " wrote";
+    for (const Kept& kept : kept_)
+      EXPECT_EQ(std::memcmp(kept.memory, kept.before.data(), kept.before.size()), 0) << what << " wrote";
   }
 
   ZorStatus (*function_)(P...);

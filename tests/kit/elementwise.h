@@ -27,7 +27,9 @@ inline const std::vector<int>& fewLengths() {
 // The caller's rounding direction for a scope.
 class Direction {
  public:
-  explicit Direction(unsigned direction) : saved_(_mm_getcsr()) { _mm_setcsr((saved_ & ~unsigned{_MM_ROUND_MASK}) | direction); }
+  explicit Direction(unsigned direction) : saved_(_mm_getcsr()) {
+    _mm_setcsr((saved_ & ~unsigned{_MM_ROUND_MASK}) | direction);
+  }
   ~Direction() { _mm_setcsr(saved_); }
   Direction(const Direction&) = delete;
   Direction& operator=(const Direction&) = delete;
@@ -43,13 +45,15 @@ enum class Form { outOfPlace, inPlace };
 
 // alias: the source that is the destination too, or -1.
 template <Form form, class D, class... S, class Call, class Model>
-void checkOnce(const std::string& name, Call call, Model model, int len, Edge edge, std::size_t steps, int alias, Random& random, Nan nan) {
+void checkOnce(const std::string& name, Call call, Model model, int len, Edge edge, std::size_t steps, int alias,
+               Random& random, Nan nan) {
   constexpr std::size_t n = sizeof...(S);
   std::tuple<Guarded<S>...> sources{Guarded<S>(std::size_t(len), edge, steps * sizeof(S) % 32)...};
   Guarded<D> target(std::size_t(len), edge, steps * sizeof(D) % 32);
   std::apply([&](auto&... source) { (fillAny(source.span(), random), ...); }, sources);
   std::vector<D> wanted(static_cast<std::size_t>(len));
-  for (std::size_t i = 0; i < wanted.size(); ++i) wanted[i] = std::apply([&](auto&... source) { return model(source[i]...); }, sources);
+  for (std::size_t i = 0; i < wanted.size(); ++i)
+    wanted[i] = std::apply([&](auto&... source) { return model(source[i]...); }, sources);
   const auto pick = [&]<std::size_t... k>(std::index_sequence<k...>) {
     const Guarded<D>* dst = &target;
     const auto consider = [&](int at, auto& source) {
@@ -63,10 +67,13 @@ void checkOnce(const std::string& name, Call call, Model model, int len, Edge ed
   const Guarded<D>& dst = *pick(std::make_index_sequence<n>{});
   constexpr std::size_t passed = form == Form::inPlace ? n - 1 : n;
   const ZorStatus status = [&]<std::size_t... k>(std::index_sequence<k...>) {
-    return call(static_cast<const std::tuple_element_t<k, std::tuple<S...>>*>(std::get<k>(sources).data())..., dst.data(), len);
-  }(std::make_index_sequence<passed>{});
-  const std::string where = name + ", len " + std::to_string(len) + (edge == Edge::end ? ", at the end" : ", at the begin") + ", " +
-                            std::to_string(steps) + " elements off, destination is source " + std::to_string(alias);
+    return call(static_cast<const std::tuple_element_t<k, std::tuple<S...>>*>(std::get<k>(sources).data())...,
+                dst.data(), len);
+  }
+  (std::make_index_sequence<passed>{});
+  const std::string where = name + ", len " + std::to_string(len) +
+                            (edge == Edge::end ? ", at the end" : ", at the begin") + ", " + std::to_string(steps) +
+                            " elements off, destination is source " + std::to_string(alias);
   ASSERT_EQ(status, zorStatusOk) << where;
   const auto difference = firstDifference<D>(dst.span(), wanted, nan);
   ASSERT_EQ(difference, "") << where;
@@ -90,14 +97,17 @@ void sweep(const std::string& name, Call call, Model model, Nan nan, const std::
 
 }  // namespace detail
 
-// call(const S*..., D* dst, len) against model(S...); each source of the destination's type is tried as the destination too.
+// call(const S*..., D* dst, len) against model(S...); each source of the destination's type is tried as the destination
+// too.
 template <class D, class... S, class Call, class Model>
-void sweep(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(), Nan nan = Nan::anyPayload) {
+void sweep(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(),
+           Nan nan = Nan::anyPayload) {
   detail::sweep<detail::Form::outOfPlace, D, S...>(name, call, model, nan, lengths);
 }
 // call(const S*..., D* srcDst, len) against model(S..., D).
 template <class D, class... S, class Call, class Model>
-void sweepInPlace(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(), Nan nan = Nan::anyPayload) {
+void sweepInPlace(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(),
+                  Nan nan = Nan::anyPayload) {
   detail::sweep<detail::Form::inPlace, D, S..., D>(name, call, model, nan, lengths);
 }
 

@@ -27,8 +27,8 @@ class Pages {
         region.start = nullptr;
         return;
       }
-    auto* mapped = static_cast<std::byte*>(
-        mmap(nullptr, (pages_ + 2) * size(), PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
+    auto* mapped =
+        static_cast<std::byte*>(mmap(nullptr, (pages_ + 2) * size(), PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0));
     if (mapped == MAP_FAILED) std::abort();
     start_ = mapped + size();
     if (mprotect(start_, pages_ * size(), PROT_READ | PROT_WRITE) != 0) std::abort();
@@ -67,8 +67,8 @@ class Pages {
   std::byte* start_;
 };
 
-// count elements at the begin or the end of the pages, `away` bytes from the very edge; the bytes between the array and the
-// far edge hold a pattern, and intact() tells whether they still do.
+// count elements at the begin or the end of the pages, `away` bytes from the very edge; the bytes between the array and
+// the far edge hold a pattern, and intact() tells whether they still do.
 template <class T> class Guarded {
  public:
   explicit Guarded(std::size_t count, Edge edge = Edge::end, std::size_t away = 0)

@@ -25,7 +25,8 @@ TEST(GuardedDeathTest, FaultsBeyondThePage) {
 TEST(Values, BitsAreCompared) {
   EXPECT_FALSE(kit::sameBits(0.0, -0.0));
   EXPECT_TRUE(kit::sameBits(std::bit_cast<Zor32f>(0x7FC00001u), std::bit_cast<Zor32f>(0x7FC00002u)));
-  EXPECT_FALSE(kit::sameBits(std::bit_cast<Zor32f>(0x7FC00001u), std::bit_cast<Zor32f>(0x7FC00002u), kit::Nan::samePayload));
+  EXPECT_FALSE(
+      kit::sameBits(std::bit_cast<Zor32f>(0x7FC00001u), std::bit_cast<Zor32f>(0x7FC00002u), kit::Nan::samePayload));
   const std::vector<int> a{1, 2, 3}, b{1, 5, 3};
   EXPECT_EQ(kit::firstDifference<int>(a, a), "");
   EXPECT_EQ(kit::firstDifference<int>(a, b), "[1]: got 2, wanted 5");

@@ -11,9 +11,7 @@ namespace {
 
 std::mutex guard;  // threads of a test may allocate at once
 
-template <class F> F* real(F*, const char* name) {
-  return reinterpret_cast<F*>(dlsym(RTLD_NEXT, name));
-}
+template <class F> F* real(F*, const char* name) { return reinterpret_cast<F*>(dlsym(RTLD_NEXT, name)); }
 
 }  // namespace
 

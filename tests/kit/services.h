@@ -1,5 +1,5 @@
-// The functions of zorcore as the tests see them: the test programs define their own, which the library then calls. They
-// pass on to the real ones, count, and answer otherwise where a test asks for it.
+// The functions of zorcore as the tests see them: the test programs define their own, which the library then calls.
+// They pass on to the real ones, count, and answer otherwise where a test asks for it.
 #pragma once
 
 #include <cstdint>
@@ -8,14 +8,14 @@
 namespace kit {
 
 struct Services {
-  long allocations = 0;      // zorMalloc calls that gave memory
-  long live = 0;             // blocks not yet freed
-  long failAt = -1;          // the n-th zorMalloc call from now fails (0: the next one); -1: none
+  long allocations = 0;  // zorMalloc calls that gave memory
+  long live = 0;         // blocks not yet freed
+  long failAt = -1;      // the n-th zorMalloc call from now fails (0: the next one); -1: none
   long cacheQueries = 0;
   std::optional<int32_t> cacheStatus, cacheSize;  // what zorGetMaxCacheSizeB answers instead
   std::optional<int32_t> feature;                 // what ownGetFeature answers instead
   long featureQueries = 0;
-  int32_t lastSize = 0;                           // of the last zorMalloc call
+  int32_t lastSize = 0;  // of the last zorMalloc call
 };
 
 Services& services();
@@ -34,8 +34,9 @@ class ServicesScope {
   Services saved_;
 };
 
-// Calls operation() with the first allocation failing, then the second, ... until it makes fewer. after(n, status) is told
-// each outcome; the last call, with no failure, is told with n = -1. Returns how many allocations the operation makes.
+// Calls operation() with the first allocation failing, then the second, ... until it makes fewer. after(n, status) is
+// told each outcome; the last call, with no failure, is told with n = -1. Returns how many allocations the operation
+// makes.
 template <class Operation, class After> int failEachAllocation(Operation operation, After after) {
   for (int n = 0;; ++n) {
     ServicesScope scope;

@@ -11,7 +11,8 @@ TEST(CountInRange, NeitherBoundCounts) {
   kit::Random random(1);
   for (int len : kit::sweepLengths())
     for (int round = 0; round < 10; ++round) {
-      const kit::Guarded<Zor32s> src(kit::anyValues<Zor32s>(std::size_t(len), random), round % 2 ? Edge::begin : Edge::end, 4 * (random() % 8));
+      const kit::Guarded<Zor32s> src(kit::anyValues<Zor32s>(std::size_t(len), random),
+                                     round % 2 ? Edge::begin : Edge::end, 4 * (random() % 8));
       const Zor32s lower = kit::anyValue<Zor32s>(random), upper = kit::anyValue<Zor32s>(random);
       const auto wanted = std::count_if(src.data(), src.data() + len, [&](Zor32s x) { return x > lower && x < upper; });
       Zor32s count = -1;
@@ -24,7 +25,12 @@ TEST(CountInRange, NeitherBoundCounts) {
   EXPECT_EQ(count, 1);
   ASSERT_EQ(zorsCountInRange_32s(x, 3, &count, 3, 1), zorStatusOk);
   EXPECT_EQ(count, 0);
-  kit::Contract(zorsCountInRange_32s, x, 3, &count, 1, 3).null<0>().null<2>().bad<1>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(&count, 4).verify("zorsCountInRange_32s");
+  kit::Contract(zorsCountInRange_32s, x, 3, &count, 1, 3)
+      .null<0>()
+      .null<2>()
+      .bad<1>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&count, 4)
+      .verify("zorsCountInRange_32s");
 }
 
 template <class T> int sign(T x) { return (x > 0) - (x < 0); }
@@ -48,16 +54,23 @@ template <class T> void checkCrossings(const char* name, ZorStatus (*zeroCrossin
     for (int mode : {0, 1, 2})
       for (int kind : {0, 1, 2}) {
         std::vector<T> values = kit::anyValues<T>(std::size_t(len), random);
-        for (std::size_t i = 0; kind > 0 && i < values.size(); ++i) values[i] = kind == 1 ? T(int(random() % 3) - 1) : T(i % 2 ? 1 : -1);
+        for (std::size_t i = 0; kind > 0 && i < values.size(); ++i)
+          values[i] = kind == 1 ? T(int(random() % 3) - 1) : T(i % 2 ? 1 : -1);
         const kit::Guarded<T> src(values, len % 2 ? Edge::begin : Edge::end, sizeof(T) * (random() % 8));
         Zor32f result = -1;
         ASSERT_EQ(zeroCrossing(src.data(), len, &result, mode), zorStatusOk);
-        ASSERT_EQ(result, crossings<T>(src.span(), mode)) << name << ", len " << len << ", mode " << mode << ", kind " << kind;
+        ASSERT_EQ(result, crossings<T>(src.span(), mode))
+            << name << ", len " << len << ", mode " << mode << ", kind " << kind;
       }
   const std::vector<T> x(4, T(1));
   Zor32f result = 3;
-  kit::Contract(zeroCrossing, x.data(), 4, &result, 0).template null<0>().template null<2>().template bad<1>({0}, zorStatusBadSize)
-      .template bad<3>({-1, 3, INT32_MAX, INT32_MIN}, zorStatusBadModeOption).untouched(&result, 4).verify(name);
+  kit::Contract(zeroCrossing, x.data(), 4, &result, 0)
+      .template null<0>()
+      .template null<2>()
+      .template bad<1>({0}, zorStatusBadSize)
+      .template bad<3>({-1, 3, INT32_MAX, INT32_MIN}, zorStatusBadModeOption)
+      .untouched(&result, 4)
+      .verify(name);
   EXPECT_EQ(zeroCrossing(x.data(), -5, &result, 2), zorStatusOk) << name;
   EXPECT_EQ(result, 0) << name;
 }
@@ -129,9 +142,24 @@ TEST(FindNearest, ChecksPointersThenLengths) {
   const Zor16u table[] = {10, 20}, src[] = {1, 2};
   Zor16u dst[] = {7, 7};
   Zor32s index[] = {8, 8};
-  kit::Contract(zorsFindNearestOne_16u, Zor16u(3), dst, index, table, 2).null<1>().null<2>().null<3>().bad<4>({0, -1}, zorStatusBadSize).untouched(dst, 4).untouched(index, 8).verify("zorsFindNearestOne_16u");
-  kit::Contract(zorsFindNearest_16u, src, dst, index, 2, table, 2).null<0>().null<1>().null<2>().null<4>().bad<3>({0, -1}, zorStatusBadSize).bad<5>({0, -1}, zorStatusBadSize)
-      .untouched(dst, 4).untouched(index, 8).verify("zorsFindNearest_16u");
+  kit::Contract(zorsFindNearestOne_16u, Zor16u(3), dst, index, table, 2)
+      .null<1>()
+      .null<2>()
+      .null<3>()
+      .bad<4>({0, -1}, zorStatusBadSize)
+      .untouched(dst, 4)
+      .untouched(index, 8)
+      .verify("zorsFindNearestOne_16u");
+  kit::Contract(zorsFindNearest_16u, src, dst, index, 2, table, 2)
+      .null<0>()
+      .null<1>()
+      .null<2>()
+      .null<4>()
+      .bad<3>({0, -1}, zorStatusBadSize)
+      .bad<5>({0, -1}, zorStatusBadSize)
+      .untouched(dst, 4)
+      .untouched(index, 8)
+      .verify("zorsFindNearest_16u");
 }
 
 }  // namespace

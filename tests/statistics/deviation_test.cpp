@@ -42,10 +42,13 @@ TEST(StdDev, FloatsInTheStatedPartialSums) {
         const Moments narrow = hint == 1 ? fast(x) : accurate(x), wide = accurate(x);
         Zor32f stdDev = -1, mean = -1, both = -1;
         ASSERT_EQ(zorsStdDev_32f(src.data(), len, &stdDev, hint), zorStatusOk);
-        ASSERT_TRUE(kit::sameBits(stdDev, std::sqrt(Zor32f(narrow.v()) / Zor32f(narrow.degrees())))) << "zorsStdDev_32f, len " << len << ", hint " << hint;
+        ASSERT_TRUE(kit::sameBits(stdDev, std::sqrt(Zor32f(narrow.v()) / Zor32f(narrow.degrees()))))
+            << "zorsStdDev_32f, len " << len << ", hint " << hint;
         ASSERT_EQ(zorsMeanStdDev_32f(src.data(), len, &mean, &both, hint), zorStatusOk);
-        ASSERT_TRUE(kit::sameBits(both, Zor32f(wide.deviation()))) << "zorsMeanStdDev_32f, len " << len << ", hint " << hint;
-        ASSERT_TRUE(kit::sameBits(mean, Zor32f(wide.sum / wide.n))) << "zorsMeanStdDev_32f, len " << len << ", hint " << hint;
+        ASSERT_TRUE(kit::sameBits(both, Zor32f(wide.deviation())))
+            << "zorsMeanStdDev_32f, len " << len << ", hint " << hint;
+        ASSERT_TRUE(kit::sameBits(mean, Zor32f(wide.sum / wide.n)))
+            << "zorsMeanStdDev_32f, len " << len << ", hint " << hint;
       }
       const auto y = kit::spread<Zor64f>(std::size_t(len), random);
       const kit::Placed<Zor64f> src64(y, edge, random() % 33);
@@ -55,7 +58,8 @@ TEST(StdDev, FloatsInTheStatedPartialSums) {
       ASSERT_TRUE(kit::sameBits(stdDev, wide.deviation())) << "zorsStdDev_64f, len " << len;
       stdDev = -1;
       ASSERT_EQ(zorsMeanStdDev_64f(src64.data(), len, &mean, &stdDev), zorStatusOk);
-      ASSERT_TRUE(kit::sameBits(stdDev, wide.deviation()) && kit::sameBits(mean, wide.sum / wide.n)) << "zorsMeanStdDev_64f, len " << len;
+      ASSERT_TRUE(kit::sameBits(stdDev, wide.deviation()) && kit::sameBits(mean, wide.sum / wide.n))
+          << "zorsMeanStdDev_64f, len " << len;
     }
   }
 }
@@ -107,7 +111,8 @@ TEST(StdDev, SixteenBitIntegersFromExactSums) {
       for (unsigned direction : {unsigned{_MM_ROUND_NEAREST}, unsigned{_MM_ROUND_UP}}) {
         const kit::Direction scope(direction);
         const double scale = kit::powerOfTwo(-long{s});
-        const Zor32s wantedDev = kit::clampAndConvert<Zor32s>(moments.deviation() * scale), wantedMean = kit::clampAndConvert<Zor32s>(moments.sum / moments.n * scale);
+        const Zor32s wantedDev = kit::clampAndConvert<Zor32s>(moments.deviation() * scale),
+                     wantedMean = kit::clampAndConvert<Zor32s>(moments.sum / moments.n * scale);
         const auto narrow = [](Zor32s v) { return Zor16s(std::clamp<Zor32s>(v, INT16_MIN, INT16_MAX)); };
         Zor32s dev = -1, mean = -1;
         Zor16s dev16 = -1, mean16 = -1;
@@ -117,23 +122,38 @@ TEST(StdDev, SixteenBitIntegersFromExactSums) {
         ASSERT_EQ(dev16, narrow(wantedDev)) << "zorsStdDev_16s_Sfs, len " << len << ", scale " << s;
         dev = dev16 = -1;
         ASSERT_EQ(zorsMeanStdDev_16s32s_Sfs(src.data(), len, &mean, &dev, s), zorStatusOk);
-        ASSERT_TRUE(dev == wantedDev && mean == wantedMean) << "zorsMeanStdDev_16s32s_Sfs, len " << len << ", scale " << s;
+        ASSERT_TRUE(dev == wantedDev && mean == wantedMean)
+            << "zorsMeanStdDev_16s32s_Sfs, len " << len << ", scale " << s;
         ASSERT_EQ(zorsMeanStdDev_16s_Sfs(src.data(), len, &mean16, &dev16, s), zorStatusOk);
-        ASSERT_TRUE(dev16 == narrow(wantedDev) && mean16 == narrow(wantedMean)) << "zorsMeanStdDev_16s_Sfs, len " << len << ", scale " << s;
+        ASSERT_TRUE(dev16 == narrow(wantedDev) && mean16 == narrow(wantedMean))
+            << "zorsMeanStdDev_16s_Sfs, len " << len << ", scale " << s;
       }
   }
 }
 
-template <class S, class R, class... More> void contract(const char* name, ZorStatus (*stdDev)(const S*, Zor32s, R*, More...), More... more) {
+template <class S, class R, class... More>
+void contract(const char* name, ZorStatus (*stdDev)(const S*, Zor32s, R*, More...), More... more) {
   const std::vector<S> x(4);
   R result{};
-  kit::Contract(stdDev, x.data(), 4, &result, more...).template null<0>().template null<2>().template bad<1>({1, 0, -1, INT32_MIN}, zorStatusBadSize).untouched(&result, sizeof result).verify(name);
+  kit::Contract(stdDev, x.data(), 4, &result, more...)
+      .template null<0>()
+      .template null<2>()
+      .template bad<1>({1, 0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&result, sizeof result)
+      .verify(name);
 }
-template <class S, class R, class... More> void contract(const char* name, ZorStatus (*meanStdDev)(const S*, Zor32s, R*, R*, More...), More... more) {
+template <class S, class R, class... More>
+void contract(const char* name, ZorStatus (*meanStdDev)(const S*, Zor32s, R*, R*, More...), More... more) {
   const std::vector<S> x(4);
   R mean{}, dev{};
-  kit::Contract(meanStdDev, x.data(), 4, &mean, &dev, more...).template null<0>().template null<2>().template null<3>().template bad<1>({1, 0, -1}, zorStatusBadSize)
-      .untouched(&mean, sizeof mean).untouched(&dev, sizeof dev).verify(name);
+  kit::Contract(meanStdDev, x.data(), 4, &mean, &dev, more...)
+      .template null<0>()
+      .template null<2>()
+      .template null<3>()
+      .template bad<1>({1, 0, -1}, zorStatusBadSize)
+      .untouched(&mean, sizeof mean)
+      .untouched(&dev, sizeof dev)
+      .verify(name);
 }
 TEST(StdDev, ChecksPointersThenALengthBelowTwo) {
   contract("zorsStdDev_32f", zorsStdDev_32f, 0);

@@ -9,10 +9,13 @@ template <class R> struct PartsOf { using type = R; };
 template <kit::ComplexPair R> struct PartsOf<R> { using type = decltype(R::re); };
 template <class R> using Part = typename PartsOf<R>::type;
 
-struct Place { std::uintptr_t src1, src2; };  // addresses
+struct Place {
+  std::uintptr_t src1, src2;
+};  // addresses
 
 // Runs dotProd over random data at all alignments of both sources; model(a, b, place).
-template <class A, class B, class R, class Model> void checkFloats(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*), Model model) {
+template <class A, class B, class R, class Model>
+void checkFloats(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*), Model model) {
   kit::Random random(31);
   for (unsigned direction : kit::allDirections) {
     const kit::Direction scope(direction);
@@ -26,22 +29,30 @@ template <class A, class B, class R, class Model> void checkFloats(const char* n
         R result{};
         ASSERT_EQ(dotProd(src1.data(), src2.data(), len, &result), zorStatusOk);
         const R wanted = model(a, b, Place{src1.address(), src2.address()});
-        ASSERT_TRUE(kit::sameBits(result, wanted)) << name << ", len " << len << ", addresses " << src1.address() % 32 << " and " << src2.address() % 32 << ": "
-                                                   << kit::text(result) << ", wanted " << kit::text(wanted);
+        ASSERT_TRUE(kit::sameBits(result, wanted))
+            << name << ", len " << len << ", addresses " << src1.address() % 32 << " and " << src2.address() % 32
+            << ": " << kit::text(result) << ", wanted " << kit::text(wanted);
       }
     }
   }
   const std::vector<A> a(4);
   const std::vector<B> b(4);
   R result{};
-  kit::Contract(dotProd, a.data(), b.data(), 4, &result).template null<0>().template null<1>().template null<3>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
-      .untouched(&result, sizeof result).verify(name);
+  kit::Contract(dotProd, a.data(), b.data(), 4, &result)
+      .template null<0>()
+      .template null<1>()
+      .template null<3>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&result, sizeof result)
+      .verify(name);
 }
 
 Zor32f dot32f(const std::vector<Zor32f>& a, const std::vector<Zor32f>& b, Place place) {
   Zor32f total = 0;
   std::size_t k = 0;
-  const auto singly = [&](std::size_t until) { for (; k < until; ++k) total += a[k] * b[k]; };
+  const auto singly = [&](std::size_t until) {
+    for (; k < until; ++k) total += a[k] * b[k];
+  };
   const std::size_t n = a.size();
   if (n < 16 || (n >= 57 && place.src2 % 4 != 0)) {
     singly(n);
@@ -72,7 +83,8 @@ Zor64f dot64f(const std::vector<Zor64f>& a, const std::vector<Zor64f>& b, Place 
 // Sums of components of a real vector by pairs, in type T.
 template <class T, class A, class B> auto withPairs(std::size_t n, const std::vector<A>& a, const std::vector<B>& b) {
   Sums<T> sums(n);
-  for (std::size_t k = 0; k < a.size(); ++k) sums.add(2 * k, T(a[k]) * T(b[k].re)), sums.add(2 * k + 1, T(a[k]) * T(b[k].im));
+  for (std::size_t k = 0; k < a.size(); ++k)
+    sums.add(2 * k, T(a[k]) * T(b[k].re)), sums.add(2 * k + 1, T(a[k]) * T(b[k].im));
   return sums.joined();
 }
 template <class T, class C> std::pair<T, T> ofPairs(std::size_t n, const std::vector<C>& a, const std::vector<C>& b) {
@@ -86,20 +98,24 @@ template <class T, class C> std::pair<T, T> ofPairs(std::size_t n, const std::ve
 
 TEST(DotProd, FloatsInTheStatedPartialSums) {
   checkFloats<Zor32f, Zor32f, Zor32f>("zorsDotProd_32f", zorsDotProd_32f, dot32f);
-  checkFloats<Zor32f, Zor32f, Zor64f>("zorsDotProd_32f64f", zorsDotProd_32f64f, [](const auto& a, const auto& b, Place) { return dotOfEight(a, b); });
+  checkFloats<Zor32f, Zor32f, Zor64f>("zorsDotProd_32f64f", zorsDotProd_32f64f,
+                                      [](const auto& a, const auto& b, Place) { return dotOfEight(a, b); });
   checkFloats<Zor64f, Zor64f, Zor64f>("zorsDotProd_64f", zorsDotProd_64f, dot64f);
-  checkFloats<Zor32f, Zor32fc, Zor32fc>("zorsDotProd_32f32fc", zorsDotProd_32f32fc, [](const auto& a, const auto& b, Place) {
-    const auto [re, im] = withPairs<Zor32f>(16, a, b);
-    return Zor32fc{re, im};
-  });
-  checkFloats<Zor32f, Zor32fc, Zor64fc>("zorsDotProd_32f32fc64fc", zorsDotProd_32f32fc64fc, [](const auto& a, const auto& b, Place) {
-    const auto [re, im] = withPairs<Zor64f>(8, a, b);
-    return Zor64fc{re, im};
-  });
-  checkFloats<Zor64f, Zor64fc, Zor64fc>("zorsDotProd_64f64fc", zorsDotProd_64f64fc, [](const auto& a, const auto& b, Place) {
-    const auto [re, im] = withPairs<Zor64f>(8, a, b);
-    return Zor64fc{re, im};
-  });
+  checkFloats<Zor32f, Zor32fc, Zor32fc>("zorsDotProd_32f32fc", zorsDotProd_32f32fc,
+                                        [](const auto& a, const auto& b, Place) {
+                                          const auto [re, im] = withPairs<Zor32f>(16, a, b);
+                                          return Zor32fc{re, im};
+                                        });
+  checkFloats<Zor32f, Zor32fc, Zor64fc>("zorsDotProd_32f32fc64fc", zorsDotProd_32f32fc64fc,
+                                        [](const auto& a, const auto& b, Place) {
+                                          const auto [re, im] = withPairs<Zor64f>(8, a, b);
+                                          return Zor64fc{re, im};
+                                        });
+  checkFloats<Zor64f, Zor64fc, Zor64fc>("zorsDotProd_64f64fc", zorsDotProd_64f64fc,
+                                        [](const auto& a, const auto& b, Place) {
+                                          const auto [re, im] = withPairs<Zor64f>(8, a, b);
+                                          return Zor64fc{re, im};
+                                        });
   checkFloats<Zor32fc, Zor32fc, Zor32fc>("zorsDotProd_32fc", zorsDotProd_32fc, [](const auto& a, const auto& b, Place) {
     const auto [re, im] = ofPairs<Zor32f>(4, a, b);
     return Zor32fc{re, im};
@@ -130,12 +146,17 @@ TEST(DotProd, ProductsAndSumsAreNotFused) {
   EXPECT_EQ(result, 40 * (1 + 0x1p-11f));
 }
 
-// ---- Integers ------------------------------------------------------------------------------------------------------------
+// ---- Integers
+// ------------------------------------------------------------------------------------------------------------
 
-struct Exact { __int128 re, im; };
+struct Exact {
+  __int128 re, im;
+};
 template <class T> Exact exact(T x) {
-  if constexpr (kit::ComplexPair<T>) return {x.re, x.im};
-  else return {x, 0};
+  if constexpr (kit::ComplexPair<T>)
+    return {x.re, x.im};
+  else
+    return {x, 0};
 }
 template <class A, class B> Exact exactDot(const std::vector<A>& a, const std::vector<B>& b) {
   Exact sum{0, 0};
@@ -146,8 +167,10 @@ template <class A, class B> Exact exactDot(const std::vector<A>& a, const std::v
   return sum;
 }
 template <class T> std::vector<T> constant(std::size_t len, Part<T> value, Part<T> other) {
-  if constexpr (kit::ComplexPair<T>) return std::vector<T>(len, T{value, other});
-  else return std::vector<T>(len, value);
+  if constexpr (kit::ComplexPair<T>)
+    return std::vector<T>(len, T{value, other});
+  else
+    return std::vector<T>(len, value);
 }
 
 // f(a, b) over random data, extremes and long vectors.
@@ -165,35 +188,55 @@ template <class A, class B, class F> void forIntegers(F f) {
   }
 }
 template <class R> R result(Part<R> re, Part<R> im) {
-  if constexpr (kit::ComplexPair<R>) return {re, im};
-  else return re;
+  if constexpr (kit::ComplexPair<R>)
+    return {re, im};
+  else
+    return re;
 }
 template <class A, class B> struct Sources {
   kit::Placed<A> src1;
   kit::Placed<B> src2;
-  Sources(const std::vector<A>& a, const std::vector<B>& b) : src1(a, a.size() % 2 ? Edge::begin : Edge::end, a.size() % 33), src2(b, a.size() % 3 ? Edge::begin : Edge::end, a.size() % 29) {}
+  Sources(const std::vector<A>& a, const std::vector<B>& b)
+      : src1(a, a.size() % 2 ? Edge::begin : Edge::end, a.size() % 33),
+        src2(b, a.size() % 3 ? Edge::begin : Edge::end, a.size() % 29) {}
 };
 
-template <class A, class B, class R> void checkConverted(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*)) {
+template <class A, class B, class R>
+void checkConverted(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*)) {
   forIntegers<A, B>([&](const auto& a, const auto& b, bool) {
     const Exact sum = exactDot(a, b);
     const Sources<A, B> at(a, b);
     R got{};
     ASSERT_EQ(dotProd(at.src1.data(), at.src2.data(), int(a.size()), &got), zorStatusOk);
-    ASSERT_TRUE(kit::sameBits(got, result<R>(Part<R>(Zor64s(sum.re)), Part<R>(Zor64s(sum.im))))) << name << ", len " << a.size();
+    ASSERT_TRUE(kit::sameBits(got, result<R>(Part<R>(Zor64s(sum.re)), Part<R>(Zor64s(sum.im)))))
+        << name << ", len " << a.size();
   });
   const std::vector<A> a(4);
   const std::vector<B> b(4);
   R got{};
-  kit::Contract(dotProd, a.data(), b.data(), 4, &got).template null<0>().template null<1>().template null<3>().template bad<2>({0, -1}, zorStatusBadSize).untouched(&got, sizeof got).verify(name);
+  kit::Contract(dotProd, a.data(), b.data(), 4, &got)
+      .template null<0>()
+      .template null<1>()
+      .template null<3>()
+      .template bad<2>({0, -1}, zorStatusBadSize)
+      .untouched(&got, sizeof got)
+      .verify(name);
 }
-template <class A, class B, class R> void scaledContract(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*, Zor32s)) {
+template <class A, class B, class R>
+void scaledContract(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*, Zor32s)) {
   const std::vector<A> a(4);
   const std::vector<B> b(4);
   R got{};
-  kit::Contract(dotProd, a.data(), b.data(), 4, &got, 0).template null<0>().template null<1>().template null<3>().template bad<2>({0, -1}, zorStatusBadSize).untouched(&got, sizeof got).verify(name);
+  kit::Contract(dotProd, a.data(), b.data(), 4, &got, 0)
+      .template null<0>()
+      .template null<1>()
+      .template null<3>()
+      .template bad<2>({0, -1}, zorStatusBadSize)
+      .untouched(&got, sizeof got)
+      .verify(name);
 }
-template <class A, class B, class R> void checkScaled(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*, Zor32s)) {
+template <class A, class B, class R>
+void checkScaled(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*, Zor32s)) {
   constexpr int mostUp = sizeof(Part<R>) == 2 ? 15 : 31;
   forIntegers<A, B>([&](const auto& a, const auto& b, bool all) {
     const Exact sum = exactDot(a, b);
@@ -203,7 +246,9 @@ template <class A, class B, class R> void checkScaled(const char* name, ZorStatu
       const int limited = std::clamp(s, -mostUp, 31);
       R got{};
       ASSERT_EQ(dotProd(at.src1.data(), at.src2.data(), int(a.size()), &got, s), zorStatusOk);
-      ASSERT_TRUE(kit::sameBits(got, result<R>(kit::nearestEven<Part<R>>(sum.re, limited), kit::nearestEven<Part<R>>(sum.im, limited)))) << name << ", len " << a.size() << ", scale " << s;
+      ASSERT_TRUE(kit::sameBits(
+          got, result<R>(kit::nearestEven<Part<R>>(sum.re, limited), kit::nearestEven<Part<R>>(sum.im, limited))))
+          << name << ", len " << a.size() << ", scale " << s;
     }
   });
   scaledContract(name, dotProd);
@@ -233,14 +278,16 @@ TEST(DotProd, TwoProductsOfTheLowestIntegersDoNotFit32BitsAndCount) {
 }
 
 // Through binary64, under every direction of the caller.
-template <class A, class B, class R, class Model> void checkWide(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*, Zor32s), Model model) {
+template <class A, class B, class R, class Model>
+void checkWide(const char* name, ZorStatus (*dotProd)(const A*, const B*, Zor32s, R*, Zor32s), Model model) {
   forIntegers<A, B>([&](const auto& a, const auto& b, bool all) {
     const std::pair<double, double> sum = model(a, b);
     const Sources<A, B> at(a, b);
     for (int s : kit::scaleFactors()) {
       if (!all && s % 7 != 0) continue;
       const double scale = kit::powerOfTwo(-std::clamp(s, -31, 93));
-      const R wanted = result<R>(kit::clampAndConvert<Zor32s>(sum.first * scale), kit::clampAndConvert<Zor32s>(sum.second * scale));
+      const R wanted =
+          result<R>(kit::clampAndConvert<Zor32s>(sum.first * scale), kit::clampAndConvert<Zor32s>(sum.second * scale));
       for (unsigned direction : {unsigned{_MM_ROUND_NEAREST}, unsigned{_MM_ROUND_DOWN}}) {
         const kit::Direction scope(direction);
         R got{};
@@ -260,8 +307,10 @@ template <class A> std::pair<double, double> dotOfFour(const std::vector<A>& a, 
 TEST(DotProd, ThirtyTwoBitIntegersGoThroughBinary64ToNearest) {
   checkWide<Zor32s, Zor32s, Zor32s>("zorsDotProd_32s_Sfs", zorsDotProd_32s_Sfs, dotOfFour<Zor32s>);
   checkWide<Zor16s, Zor32s, Zor32s>("zorsDotProd_16s32s32s_Sfs", zorsDotProd_16s32s32s_Sfs, dotOfFour<Zor16s>);
-  checkWide<Zor32s, Zor32sc, Zor32sc>("zorsDotProd_32s32sc_Sfs", zorsDotProd_32s32sc_Sfs, [](const auto& a, const auto& b) { return withPairs<Zor64f>(8, a, b); });
-  checkWide<Zor32sc, Zor32sc, Zor32sc>("zorsDotProd_32sc_Sfs", zorsDotProd_32sc_Sfs, [](const auto& a, const auto& b) { return ofPairs<Zor64f>(8, a, b); });
+  checkWide<Zor32s, Zor32sc, Zor32sc>("zorsDotProd_32s32sc_Sfs", zorsDotProd_32s32sc_Sfs,
+                                      [](const auto& a, const auto& b) { return withPairs<Zor64f>(8, a, b); });
+  checkWide<Zor32sc, Zor32sc, Zor32sc>("zorsDotProd_32sc_Sfs", zorsDotProd_32sc_Sfs,
+                                       [](const auto& a, const auto& b) { return ofPairs<Zor64f>(8, a, b); });
 }
 
 }  // namespace

@@ -9,13 +9,25 @@ template <class T> void checkInPlace(const char* name, ZorStatus (*every)(const 
   kit::sweepInPlace<T, T>(name, every, model);
   const std::vector<T> src(8, T(1));
   std::vector<T> dst(8, T(2));
-  kit::Contract(every, src.data(), dst.data(), 8).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(every, src.data(), dst.data(), 8)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
-template <class T> void checkOutOfPlace(const char* name, ZorStatus (*every)(const T*, const T*, T*, Zor32s), T (*model)(T, T)) {
+template <class T>
+void checkOutOfPlace(const char* name, ZorStatus (*every)(const T*, const T*, T*, Zor32s), T (*model)(T, T)) {
   kit::sweep<T, T, T>(name, every, model);
   const std::vector<T> a(8, T(1)), b(8, T(3));
   std::vector<T> dst(8, T(2));
-  kit::Contract(every, a.data(), b.data(), dst.data(), 8).template null<0>().template null<1>().template null<2>().template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(every, a.data(), b.data(), dst.data(), 8)
+      .template null<0>()
+      .template null<1>()
+      .template null<2>()
+      .template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
 
 TEST(Every, GreaterOrElseTheSecond) {

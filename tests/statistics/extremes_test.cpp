@@ -13,7 +13,9 @@ template <class T> std::size_t scan(std::span<const T> x, bool max, T (*read)(T)
   return at;
 }
 template <class T> T asIs(T x) { return x; }
-template <class T> T magnitude(T x) { return x == std::numeric_limits<T>::min() ? std::numeric_limits<T>::max() : T(std::abs(x)); }
+template <class T> T magnitude(T x) {
+  return x == std::numeric_limits<T>::min() ? std::numeric_limits<T>::max() : T(std::abs(x));
+}
 
 template <class T> struct Data {
   std::vector<T> values;
@@ -63,7 +65,8 @@ template <class T, class F> void forAll(const char* name, F f) {
 template <class T> using Plain = ZorStatus (*)(const T*, Zor32s, T*);
 template <class T> using Indexed = ZorStatus (*)(const T*, Zor32s, T*, Zor32s*);
 
-template <class T> void checkOne(const char* name, Plain<T> plain, Indexed<T> indexed, bool max, T (*read)(T) = asIs<T>) {
+template <class T>
+void checkOne(const char* name, Plain<T> plain, Indexed<T> indexed, bool max, T (*read)(T) = asIs<T>) {
   forAll<T>(name, [&](const kit::Guarded<T>& src, int len, const std::string& where) {
     const std::size_t wanted = scan<T>(src.span(), max, read);
     T val{};
@@ -81,8 +84,19 @@ template <class T> void checkOne(const char* name, Plain<T> plain, Indexed<T> in
   const std::vector<T> src(8, T(1));
   T val = 7;
   Zor32s index = 7;
-  kit::Contract(plain, src.data(), 8, &val).template null<0>().template null<2>().template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(&val, sizeof val).verify(name);
-  kit::Contract(indexed, src.data(), 8, &val, &index).template null<0>().template null<2>().template bad<1>({0, -1}, zorStatusBadSize).untouched(&val, sizeof val).untouched(&index, 4).verify(name);
+  kit::Contract(plain, src.data(), 8, &val)
+      .template null<0>()
+      .template null<2>()
+      .template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&val, sizeof val)
+      .verify(name);
+  kit::Contract(indexed, src.data(), 8, &val, &index)
+      .template null<0>()
+      .template null<2>()
+      .template bad<1>({0, -1}, zorStatusBadSize)
+      .untouched(&val, sizeof val)
+      .untouched(&index, 4)
+      .verify(name);
   EXPECT_EQ(indexed(nullptr, 0, &val, nullptr), zorStatusNullPointer) << name;
   EXPECT_EQ(indexed(src.data(), 0, &val, nullptr), zorStatusBadSize) << name;
 }
@@ -108,7 +122,9 @@ TEST(Extremes, MagnitudesTakeTheLowestIntegerAsTheHighest) {
   EXPECT_EQ(val, INT16_MAX);
 }
 
-template <class T> void checkBoth(const char* name, ZorStatus (*minMax)(const T*, Zor32s, T*, T*), ZorStatus (*indexed)(const T*, Zor32s, T*, Zor32s*, T*, Zor32s*)) {
+template <class T>
+void checkBoth(const char* name, ZorStatus (*minMax)(const T*, Zor32s, T*, T*),
+               ZorStatus (*indexed)(const T*, Zor32s, T*, Zor32s*, T*, Zor32s*)) {
   forAll<T>(name, [&](const kit::Guarded<T>& src, int len, const std::string& where) {
     const std::size_t wantedMin = scan<T>(src.span(), false, asIs<T>), wantedMax = scan<T>(src.span(), true, asIs<T>);
     T min{}, max{};
@@ -124,10 +140,26 @@ template <class T> void checkBoth(const char* name, ZorStatus (*minMax)(const T*
   const std::vector<T> src(8, T(1));
   T min = 7, max = 8;
   Zor32s minIndex = 7, maxIndex = 8;
-  kit::Contract(minMax, src.data(), 8, &min, &max).template null<0>().template null<2>().template null<3>().template bad<1>({0, -1}, zorStatusBadSize)
-      .untouched(&min, sizeof min).untouched(&max, sizeof max).verify(name);
-  kit::Contract(indexed, src.data(), 8, &min, &minIndex, &max, &maxIndex).template null<0>().template null<2>().template null<3>().template null<4>().template null<5>()
-      .template bad<1>({0, -1}, zorStatusBadSize).untouched(&min, sizeof min).untouched(&max, sizeof max).untouched(&minIndex, 4).untouched(&maxIndex, 4).verify(name);
+  kit::Contract(minMax, src.data(), 8, &min, &max)
+      .template null<0>()
+      .template null<2>()
+      .template null<3>()
+      .template bad<1>({0, -1}, zorStatusBadSize)
+      .untouched(&min, sizeof min)
+      .untouched(&max, sizeof max)
+      .verify(name);
+  kit::Contract(indexed, src.data(), 8, &min, &minIndex, &max, &maxIndex)
+      .template null<0>()
+      .template null<2>()
+      .template null<3>()
+      .template null<4>()
+      .template null<5>()
+      .template bad<1>({0, -1}, zorStatusBadSize)
+      .untouched(&min, sizeof min)
+      .untouched(&max, sizeof max)
+      .untouched(&minIndex, 4)
+      .untouched(&maxIndex, 4)
+      .verify(name);
 }
 
 TEST(Extremes, BothInOnePass) {

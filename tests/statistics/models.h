@@ -56,15 +56,20 @@ template <class T> std::vector<T> spread(std::size_t count, Random& random) {
   std::vector<T> out = signal<T>(count, random);
   for (T& x : out) {
     const double factor = std::ldexp(1.0, int(random() % 12) - 6);
-    if constexpr (ComplexPair<T>) x = {decltype(T::re)(x.re * factor), decltype(T::im)(x.im * factor)};
-    else x = T(x * factor);
+    if constexpr (ComplexPair<T>)
+      x = {decltype(T::re)(x.re * factor), decltype(T::im)(x.im * factor)};
+    else
+      x = T(x * factor);
   }
   return out;
 }
 
-inline double powerOfTwo(long exponent) { return exponent > 1023 ? HUGE_VAL : exponent <= -1023 ? 0 : std::ldexp(1.0, int(exponent)); }
+inline double powerOfTwo(long exponent) {
+  return exponent > 1023 ? HUGE_VAL : exponent <= -1023 ? 0 : std::ldexp(1.0, int(exponent));
+}
 inline std::vector<int> scaleFactors() {
-  std::vector<int> out{INT32_MIN, INT32_MIN + 1, -1100, -1025, -1024, -1023, -1022, -100, 100, 1021, 1022, 1023, 1024, 1100, INT32_MAX};
+  std::vector<int> out{INT32_MIN, INT32_MIN + 1, -1100, -1025, -1024, -1023, -1022,    -100,
+                       100,       1021,          1022,  1023,  1024,  1100,  INT32_MAX};
   for (int s = -66; s <= 66; ++s) out.push_back(s);
   return out;
 }

@@ -5,7 +5,8 @@ namespace {
 using kit::Edge;
 using kit::Sums;
 
-// ---- Floats --------------------------------------------------------------------------------------------------------------
+// ---- Floats
+// --------------------------------------------------------------------------------------------------------------
 
 template <class T> constexpr std::size_t lanesOf = 32 / sizeof(T);
 
@@ -31,10 +32,18 @@ template <class T, class F> auto each(const std::vector<T>& x, F f) {
   return out;
 }
 
-template <class T> T inf(const std::vector<T>& x) { return greatest(each(x, [](T v) { return std::abs(v); })); }
-template <class T> T l1(const std::vector<T>& x) { return sums(lanesOf<T>, each(x, [](T v) { return std::abs(v); })).folded(); }
-template <class T> T l2(const std::vector<T>& x) { return std::sqrt(sums(lanesOf<T>, each(x, [](T v) { return v * v; })).folded()); }
-template <class C> auto squares(const std::vector<C>& x) { return each(x, [](C z) { return z.re * z.re + z.im * z.im; }); }
+template <class T> T inf(const std::vector<T>& x) {
+  return greatest(each(x, [](T v) { return std::abs(v); }));
+}
+template <class T> T l1(const std::vector<T>& x) {
+  return sums(lanesOf<T>, each(x, [](T v) { return std::abs(v); })).folded();
+}
+template <class T> T l2(const std::vector<T>& x) {
+  return std::sqrt(sums(lanesOf<T>, each(x, [](T v) { return v * v; })).folded());
+}
+template <class C> auto squares(const std::vector<C>& x) {
+  return each(x, [](C z) { return z.re * z.re + z.im * z.im; });
+}
 template <class C> auto infOfPairs(const std::vector<C>& x) { return std::sqrt(greatest(squares(x))); }
 template <class C> Zor64f l1OfPairs(const std::vector<C>& x) {
   using T = decltype(C::re);
@@ -48,12 +57,15 @@ template <class C> Zor64f l2OfPairs(const std::vector<C>& x) {
 }
 
 template <class T> T difference(T a, T b) {
-  if constexpr (kit::ComplexPair<T>) return {a.re - b.re, a.im - b.im};
-  else return a - b;
+  if constexpr (kit::ComplexPair<T>)
+    return {a.re - b.re, a.im - b.im};
+  else
+    return a - b;
 }
 
 template <class T, class R>
-void check(const char* name, ZorStatus (*norm)(const T*, Zor32s, R*), ZorStatus (*normDiff)(const T*, const T*, Zor32s, R*), R (*model)(const std::vector<T>&)) {
+void check(const char* name, ZorStatus (*norm)(const T*, Zor32s, R*),
+           ZorStatus (*normDiff)(const T*, const T*, Zor32s, R*), R (*model)(const std::vector<T>&)) {
   kit::Random random(21);
   std::vector<int> lengths = kit::sweepLengths();
   lengths.push_back(5003);
@@ -71,14 +83,27 @@ void check(const char* name, ZorStatus (*norm)(const T*, Zor32s, R*), ZorStatus 
       const kit::Placed<T> src1(a, edge, random() % 33), src2(b, edge, random() % 33);
       R result{};
       ASSERT_EQ(norm(src1.data(), len, &result), zorStatusOk);
-      ASSERT_TRUE(kit::sameBits(result, model(a))) << name << ", len " << len << ": " << kit::text(result) << ", wanted " << kit::text(model(a));
+      ASSERT_TRUE(kit::sameBits(result, model(a)))
+          << name << ", len " << len << ": " << kit::text(result) << ", wanted " << kit::text(model(a));
       ASSERT_EQ(normDiff(src1.data(), src2.data(), len, &result), zorStatusOk);
-      ASSERT_TRUE(kit::sameBits(result, model(differences))) << name << " of a difference, len " << len << ": " << kit::text(result);
+      ASSERT_TRUE(kit::sameBits(result, model(differences)))
+          << name << " of a difference, len " << len << ": " << kit::text(result);
     }
   const std::vector<T> x(4), y(4);
   R result{};
-  kit::Contract(norm, x.data(), 4, &result).template null<0>().template null<2>().template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(&result, sizeof result).verify(name);
-  kit::Contract(normDiff, x.data(), y.data(), 4, &result).template null<0>().template null<1>().template null<3>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(&result, sizeof result).verify(name);
+  kit::Contract(norm, x.data(), 4, &result)
+      .template null<0>()
+      .template null<2>()
+      .template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&result, sizeof result)
+      .verify(name);
+  kit::Contract(normDiff, x.data(), y.data(), 4, &result)
+      .template null<0>()
+      .template null<1>()
+      .template null<3>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&result, sizeof result)
+      .verify(name);
 }
 
 TEST(Norm, FloatsInTheStatedLanesUnderEveryDirection) {
@@ -86,16 +111,22 @@ TEST(Norm, FloatsInTheStatedLanesUnderEveryDirection) {
     const kit::Direction scope(direction);
     check<Zor32f, Zor32f>("zorsNorm_Inf_32f, zorsNormDiff_Inf_32f", zorsNorm_Inf_32f, zorsNormDiff_Inf_32f, inf);
     check<Zor64f, Zor64f>("zorsNorm_Inf_64f, zorsNormDiff_Inf_64f", zorsNorm_Inf_64f, zorsNormDiff_Inf_64f, inf);
-    check<Zor32fc, Zor32f>("zorsNorm_Inf_32fc32f, zorsNormDiff_Inf_32fc32f", zorsNorm_Inf_32fc32f, zorsNormDiff_Inf_32fc32f, infOfPairs);
-    check<Zor64fc, Zor64f>("zorsNorm_Inf_64fc64f, zorsNormDiff_Inf_64fc64f", zorsNorm_Inf_64fc64f, zorsNormDiff_Inf_64fc64f, infOfPairs);
+    check<Zor32fc, Zor32f>("zorsNorm_Inf_32fc32f, zorsNormDiff_Inf_32fc32f", zorsNorm_Inf_32fc32f,
+                           zorsNormDiff_Inf_32fc32f, infOfPairs);
+    check<Zor64fc, Zor64f>("zorsNorm_Inf_64fc64f, zorsNormDiff_Inf_64fc64f", zorsNorm_Inf_64fc64f,
+                           zorsNormDiff_Inf_64fc64f, infOfPairs);
     check<Zor32f, Zor32f>("zorsNorm_L1_32f, zorsNormDiff_L1_32f", zorsNorm_L1_32f, zorsNormDiff_L1_32f, l1);
     check<Zor64f, Zor64f>("zorsNorm_L1_64f, zorsNormDiff_L1_64f", zorsNorm_L1_64f, zorsNormDiff_L1_64f, l1);
-    check<Zor32fc, Zor64f>("zorsNorm_L1_32fc64f, zorsNormDiff_L1_32fc64f", zorsNorm_L1_32fc64f, zorsNormDiff_L1_32fc64f, l1OfPairs);
-    check<Zor64fc, Zor64f>("zorsNorm_L1_64fc64f, zorsNormDiff_L1_64fc64f", zorsNorm_L1_64fc64f, zorsNormDiff_L1_64fc64f, l1OfPairs);
+    check<Zor32fc, Zor64f>("zorsNorm_L1_32fc64f, zorsNormDiff_L1_32fc64f", zorsNorm_L1_32fc64f, zorsNormDiff_L1_32fc64f,
+                           l1OfPairs);
+    check<Zor64fc, Zor64f>("zorsNorm_L1_64fc64f, zorsNormDiff_L1_64fc64f", zorsNorm_L1_64fc64f, zorsNormDiff_L1_64fc64f,
+                           l1OfPairs);
     check<Zor32f, Zor32f>("zorsNorm_L2_32f, zorsNormDiff_L2_32f", zorsNorm_L2_32f, zorsNormDiff_L2_32f, l2);
     check<Zor64f, Zor64f>("zorsNorm_L2_64f, zorsNormDiff_L2_64f", zorsNorm_L2_64f, zorsNormDiff_L2_64f, l2);
-    check<Zor32fc, Zor64f>("zorsNorm_L2_32fc64f, zorsNormDiff_L2_32fc64f", zorsNorm_L2_32fc64f, zorsNormDiff_L2_32fc64f, l2OfPairs);
-    check<Zor64fc, Zor64f>("zorsNorm_L2_64fc64f, zorsNormDiff_L2_64fc64f", zorsNorm_L2_64fc64f, zorsNormDiff_L2_64fc64f, l2OfPairs);
+    check<Zor32fc, Zor64f>("zorsNorm_L2_32fc64f, zorsNormDiff_L2_32fc64f", zorsNorm_L2_32fc64f, zorsNormDiff_L2_32fc64f,
+                           l2OfPairs);
+    check<Zor64fc, Zor64f>("zorsNorm_L2_64fc64f, zorsNormDiff_L2_64fc64f", zorsNorm_L2_64fc64f, zorsNormDiff_L2_64fc64f,
+                           l2OfPairs);
   }
 }
 
@@ -112,9 +143,12 @@ TEST(Norm, ANanGivesWayToTheNextElementOfItsLane) {
   EXPECT_TRUE(std::isnan(norm));
 }
 
-// ---- Integers ------------------------------------------------------------------------------------------------------------
+// ---- Integers
+// ------------------------------------------------------------------------------------------------------------
 
-struct Exact { __int128 inf = 0, l1 = 0, l2 = 0; };
+struct Exact {
+  __int128 inf = 0, l1 = 0, l2 = 0;
+};
 template <class Get> Exact exactNorms(std::size_t len, Get get) {
   Exact out;
   for (std::size_t i = 0; i < len; ++i) {
@@ -146,18 +180,25 @@ void checkIntegers(const std::vector<Zor16s>& a, const std::vector<Zor16s>& b, s
   const Exact one = exactNorms(a.size(), [&](std::size_t i) { return a[i]; });
   const Exact diff = exactNorms(a.size(), [&](std::size_t i) { return a[i] - b[i]; });
   const std::string where = ", len " + std::to_string(len);
-  const auto floats = [&](const char* name, ZorStatus (*norm)(const Zor16s*, Zor32s, Zor32f*), ZorStatus (*normDiff)(const Zor16s*, const Zor16s*, Zor32s, Zor32f*), __int128 Exact::*member, bool root) {
-    const auto wanted = [&](const Exact& exact) { return root ? Zor32f(std::sqrt(double(exact.*member))) : Zor32f(Zor64s(exact.*member)); };
+  const auto floats = [&](const char* name, ZorStatus (*norm)(const Zor16s*, Zor32s, Zor32f*),
+                          ZorStatus (*normDiff)(const Zor16s*, const Zor16s*, Zor32s, Zor32f*), __int128 Exact::*member,
+                          bool root) {
+    const auto wanted = [&](const Exact& exact) {
+      return root ? Zor32f(std::sqrt(double(exact.*member))) : Zor32f(Zor64s(exact.*member));
+    };
     Zor32f result = -1;
     ASSERT_EQ(norm(x.data(), len, &result), zorStatusOk);
     ASSERT_EQ(result, wanted(one)) << name << where;
     ASSERT_EQ(normDiff(x.data(), y.data(), len, &result), zorStatusOk);
     ASSERT_EQ(result, wanted(diff)) << name << " of a difference" << where;
   };
-  floats("zorsNorm_Inf_16s32f, zorsNormDiff_Inf_16s32f", zorsNorm_Inf_16s32f, zorsNormDiff_Inf_16s32f, &Exact::inf, false);
+  floats("zorsNorm_Inf_16s32f, zorsNormDiff_Inf_16s32f", zorsNorm_Inf_16s32f, zorsNormDiff_Inf_16s32f, &Exact::inf,
+         false);
   floats("zorsNorm_L1_16s32f, zorsNormDiff_L1_16s32f", zorsNorm_L1_16s32f, zorsNormDiff_L1_16s32f, &Exact::l1, false);
   floats("zorsNorm_L2_16s32f, zorsNormDiff_L2_16s32f", zorsNorm_L2_16s32f, zorsNormDiff_L2_16s32f, &Exact::l2, true);
-  const auto scaled = [&]<class R>(const char* name, ZorStatus (*norm)(const Zor16s*, Zor32s, R*, Zor32s), ZorStatus (*normDiff)(const Zor16s*, const Zor16s*, Zor32s, R*, Zor32s), __int128 Exact::*member, R (*model)(__int128, int)) {
+  const auto scaled = [&]<class R>(const char* name, ZorStatus (*norm)(const Zor16s*, Zor32s, R*, Zor32s),
+                                   ZorStatus (*normDiff)(const Zor16s*, const Zor16s*, Zor32s, R*, Zor32s),
+                                   __int128 Exact::*member, R (*model)(__int128, int)) {
     for (int s : factors) {
       R result = -1;
       ASSERT_EQ(norm(x.data(), len, &result, s), zorStatusOk);
@@ -166,18 +207,24 @@ void checkIntegers(const std::vector<Zor16s>& a, const std::vector<Zor16s>& b, s
       ASSERT_EQ(result, model(diff.*member, s)) << name << " of a difference" << where << ", scale " << s;
     }
   };
-  scaled("zorsNorm_Inf_16s32s_Sfs, zorsNormDiff_Inf_16s32s_Sfs", zorsNorm_Inf_16s32s_Sfs, zorsNormDiff_Inf_16s32s_Sfs, &Exact::inf, scaled32);
-  scaled("zorsNorm_L1_16s32s_Sfs, zorsNormDiff_L1_16s32s_Sfs", zorsNorm_L1_16s32s_Sfs, zorsNormDiff_L1_16s32s_Sfs, &Exact::l1, scaled32);
-  scaled("zorsNorm_L2_16s32s_Sfs, zorsNormDiff_L2_16s32s_Sfs", zorsNorm_L2_16s32s_Sfs, zorsNormDiff_L2_16s32s_Sfs, &Exact::l2, scaledRoot);
-  scaled("zorsNorm_L1_16s64s_Sfs, zorsNormDiff_L1_16s64s_Sfs", zorsNorm_L1_16s64s_Sfs, zorsNormDiff_L1_16s64s_Sfs, &Exact::l1, scaled64);
-  scaled("zorsNorm_L2Sqr_16s64s_Sfs, zorsNormDiff_L2Sqr_16s64s_Sfs", zorsNorm_L2Sqr_16s64s_Sfs, zorsNormDiff_L2Sqr_16s64s_Sfs, &Exact::l2, scaled64);
+  scaled("zorsNorm_Inf_16s32s_Sfs, zorsNormDiff_Inf_16s32s_Sfs", zorsNorm_Inf_16s32s_Sfs, zorsNormDiff_Inf_16s32s_Sfs,
+         &Exact::inf, scaled32);
+  scaled("zorsNorm_L1_16s32s_Sfs, zorsNormDiff_L1_16s32s_Sfs", zorsNorm_L1_16s32s_Sfs, zorsNormDiff_L1_16s32s_Sfs,
+         &Exact::l1, scaled32);
+  scaled("zorsNorm_L2_16s32s_Sfs, zorsNormDiff_L2_16s32s_Sfs", zorsNorm_L2_16s32s_Sfs, zorsNormDiff_L2_16s32s_Sfs,
+         &Exact::l2, scaledRoot);
+  scaled("zorsNorm_L1_16s64s_Sfs, zorsNormDiff_L1_16s64s_Sfs", zorsNorm_L1_16s64s_Sfs, zorsNormDiff_L1_16s64s_Sfs,
+         &Exact::l1, scaled64);
+  scaled("zorsNorm_L2Sqr_16s64s_Sfs, zorsNormDiff_L2Sqr_16s64s_Sfs", zorsNorm_L2Sqr_16s64s_Sfs,
+         zorsNormDiff_L2Sqr_16s64s_Sfs, &Exact::l2, scaled64);
 }
 
 TEST(Norm, IntegersAreExactAndScaledByTruncation) {
   kit::Random random(22);
   const auto factors = kit::scaleFactors();
   const int few[] = {-64, -31, -1, 0, 1, 31, 32, 63, 64};
-  for (std::size_t len = 1; len <= 200; ++len) checkIntegers(kit::anyValues<Zor16s>(len, random), kit::anyValues<Zor16s>(len, random), few);
+  for (std::size_t len = 1; len <= 200; ++len)
+    checkIntegers(kit::anyValues<Zor16s>(len, random), kit::anyValues<Zor16s>(len, random), few);
   for (std::size_t len : {1u, 2u, 17u, 65535u, 65536u, 65537u, 131080u}) {
     checkIntegers(kit::anyValues<Zor16s>(len, random), kit::anyValues<Zor16s>(len, random), factors);
     checkIntegers(std::vector<Zor16s>(len, INT16_MIN), std::vector<Zor16s>(len, INT16_MAX), factors);
@@ -206,11 +253,24 @@ TEST(Norm, AFactorOf31TurnsTheRootsSignAndOneOf32DoesNothing) {
   EXPECT_EQ(norm, INT32_MIN);
 }
 
-template <class R, class... More> void contract(const char* name, ZorStatus (*norm)(const Zor16s*, Zor32s, R*, More...), ZorStatus (*normDiff)(const Zor16s*, const Zor16s*, Zor32s, R*, More...), More... more) {
+template <class R, class... More>
+void contract(const char* name, ZorStatus (*norm)(const Zor16s*, Zor32s, R*, More...),
+              ZorStatus (*normDiff)(const Zor16s*, const Zor16s*, Zor32s, R*, More...), More... more) {
   const std::vector<Zor16s> x(4), y(4);
   R result{};
-  kit::Contract(norm, x.data(), 4, &result, more...).template null<0>().template null<2>().template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(&result, sizeof result).verify(name);
-  kit::Contract(normDiff, x.data(), y.data(), 4, &result, more...).template null<0>().template null<1>().template null<3>().template bad<2>({0, -1}, zorStatusBadSize).untouched(&result, sizeof result).verify(name);
+  kit::Contract(norm, x.data(), 4, &result, more...)
+      .template null<0>()
+      .template null<2>()
+      .template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&result, sizeof result)
+      .verify(name);
+  kit::Contract(normDiff, x.data(), y.data(), 4, &result, more...)
+      .template null<0>()
+      .template null<1>()
+      .template null<3>()
+      .template bad<2>({0, -1}, zorStatusBadSize)
+      .untouched(&result, sizeof result)
+      .verify(name);
 }
 TEST(Norm, IntegerFormsCheckPointersThenLength) {
   contract("Inf_16s32f", zorsNorm_Inf_16s32f, zorsNormDiff_Inf_16s32f);

@@ -3,8 +3,8 @@
 namespace {
 
 using kit::Edge;
-using kit::Sums;
 using kit::sameBits;
+using kit::Sums;
 
 template <class T> using Parts = std::pair<T, T>;
 
@@ -12,7 +12,9 @@ template <class T> using Parts = std::pair<T, T>;
 template <class T> void addSingly(Parts<T>& total, std::span<const float> x, std::size_t parts) {
   for (std::size_t i = 0; i < x.size(); ++i) (i % parts == 0 ? total.first : total.second) += x[i];
 }
-Parts<double> ended(const Sums<double>& sums, std::size_t parts) { return parts == 1 ? Parts<double>{sums.folded(), 0} : sums.joined(); }
+Parts<double> ended(const Sums<double>& sums, std::size_t parts) {
+  return parts == 1 ? Parts<double>{sums.folded(), 0} : sums.joined();
+}
 std::size_t prefixOf(std::size_t n, std::uintptr_t address, std::size_t elementSize, std::size_t componentSize) {
   return address % elementSize != 0 ? 0 : std::min(n, std::size_t((32 - address % 32) % 32 / componentSize));
 }
@@ -98,8 +100,10 @@ template <class T, class F> void forAll(std::size_t mostValues, F f) {
   }
 }
 template <class T> auto stream(const std::vector<T>& x) {
-  if constexpr (kit::ComplexPair<T>) return std::span(&x[0].re, x.size() * 2);
-  else return std::span(x);
+  if constexpr (kit::ComplexPair<T>)
+    return std::span(&x[0].re, x.size() * 2);
+  else
+    return std::span(x);
 }
 
 TEST(Sum, FloatsAndTheirMeansInTheStatedPartialSums) {
@@ -113,7 +117,8 @@ TEST(Sum, FloatsAndTheirMeansInTheStatedPartialSums) {
         ASSERT_EQ(zorsSum_32f(src.data(), len, &sum, hint), zorStatusOk);
         ASSERT_TRUE(sameBits(sum, Zor32f(model.first))) << "zorsSum_32f, " << where << ", hint " << hint;
         ASSERT_EQ(zorsMean_32f(src.data(), len, &mean, hint), zorStatusOk);
-        ASSERT_TRUE(sameBits(mean, Zor32f(double(Zor32f(model.first)) / len))) << "zorsMean_32f, " << where << ", hint " << hint;
+        ASSERT_TRUE(sameBits(mean, Zor32f(double(Zor32f(model.first)) / len)))
+            << "zorsMean_32f, " << where << ", hint " << hint;
       }
     });
     forAll<Zor32fc>(10000, [&](const auto& src, const auto& x, const std::string& where) {
@@ -124,7 +129,8 @@ TEST(Sum, FloatsAndTheirMeansInTheStatedPartialSums) {
         ASSERT_EQ(zorsSum_32fc(src.data(), len, &sum, hint), zorStatusOk);
         ASSERT_TRUE(sameBits(sum, {Zor32f(re), Zor32f(im)})) << "zorsSum_32fc, " << where << ", hint " << hint;
         ASSERT_EQ(zorsMean_32fc(src.data(), len, &mean, hint), zorStatusOk);
-        ASSERT_TRUE(sameBits(mean, {Zor32f(re / len), Zor32f(im / len)})) << "zorsMean_32fc, " << where << ", hint " << hint;
+        ASSERT_TRUE(sameBits(mean, {Zor32f(re / len), Zor32f(im / len)}))
+            << "zorsMean_32fc, " << where << ", hint " << hint;
       }
     });
     forAll<Zor64f>(1000, [&](const auto& src, const auto& x, const std::string& where) {
@@ -175,18 +181,26 @@ TEST(Sum, TheMeanOfFloatsIsNarrowedBeforeTheDivisionThatOfPairsIsNot) {
   EXPECT_EQ(pairMean.re, Zor32f(16777217.0 / 3));
 }
 
-// ---- Integers ------------------------------------------------------------------------------------------------------------
+// ---- Integers
+// ------------------------------------------------------------------------------------------------------------
 
 template <class T> std::vector<std::vector<T>> integerData() {
   kit::Random random(12);
   std::vector<std::vector<T>> out;
   for (std::size_t len = 1; len <= 70; ++len) out.push_back(kit::anyValues<T>(len, random));
   for (std::size_t len : {200u, 65535u, 65536u, 65537u, 70000u}) out.push_back(kit::anyValues<T>(len, random));
-  using Part = decltype([] { if constexpr (kit::ComplexPair<T>) return decltype(T::re){}; else return T{}; }());
+  using Part = decltype([] {
+    if constexpr (kit::ComplexPair<T>)
+      return decltype(T::re){};
+    else
+      return T{};
+  }());
   for (Part extreme : {std::numeric_limits<Part>::min(), std::numeric_limits<Part>::max(), Part(0), Part(1), Part(-1)})
     for (std::size_t len : {1u, 2u, 3u, 7u, 32u, 70000u, 131073u}) {
-      if constexpr (kit::ComplexPair<T>) out.push_back(std::vector<T>(len, T{extreme, Part(-1 - extreme)}));
-      else out.push_back(std::vector<T>(len, extreme));
+      if constexpr (kit::ComplexPair<T>)
+        out.push_back(std::vector<T>(len, T{extreme, Part(-1 - extreme)}));
+      else
+        out.push_back(std::vector<T>(len, extreme));
     }
   return out;
 }
@@ -221,7 +235,8 @@ TEST(Sum, SixteenBitSumsAreExactAndScaledInBinary64) {
 TEST(Sum, SixteenBitPairsComponentByComponent) {
   for (const auto& x : integerData<Zor16sc>()) {
     const kit::Placed<Zor16sc> src(x, x.size() % 2 ? Edge::begin : Edge::end, x.size() % 32);
-    const double re = double(exactSum(x, [](Zor16sc v) { return v.re; })), im = double(exactSum(x, [](Zor16sc v) { return v.im; }));
+    const double re = double(exactSum(x, [](Zor16sc v) { return v.re; })),
+                 im = double(exactSum(x, [](Zor16sc v) { return v.im; }));
     const int len = int(x.size());
     for (int s : kit::scaleFactors()) {
       Zor32sc wideSum{};
@@ -249,7 +264,9 @@ Zor32s mean32s(__int128 sum, int len, int s) {
   const auto saturate = [](__int128 x) { return Zor32s(x > INT32_MAX ? INT32_MAX : x < INT32_MIN ? INT32_MIN : x); };
   const __int128 q = dividedToEven(sum, len);
   if (s < -31) return q > 0 ? INT32_MAX : q < 0 ? INT32_MIN : 0;
-  if (s < 0) return saturate(sum >= INT32_MIN && sum <= INT32_MAX ? dividedToEven(sum * (__int128{1} << -s), len) : q * (__int128{1} << -s));
+  if (s < 0)
+    return saturate(sum >= INT32_MIN && sum <= INT32_MAX ? dividedToEven(sum * (__int128{1} << -s), len)
+                                                         : q * (__int128{1} << -s));
   if (s == 0) return Zor32s(q);
   const Zor64u magnitude = Zor64u(q < 0 ? -q : q), half = Zor64u{1} << (unsigned(s - 1) % 64);
   const Zor64u scaled = (magnitude + (magnitude & half)) >> (unsigned(s) % 64);
@@ -263,7 +280,8 @@ TEST(Sum, ThirtyTwoBitSumsRoundToEvenAndTheirMeansTwice) {
     for (int s : kit::scaleFactors()) {
       Zor32s sum = 0, mean = 0;
       ASSERT_EQ(zorsSum_32s_Sfs(src.data(), len, &sum, s), zorStatusOk);
-      ASSERT_EQ(sum, kit::nearestEven<Zor32s>(exact, std::clamp(s, -31, 63))) << "zorsSum_32s_Sfs, len " << len << ", scale " << s;
+      ASSERT_EQ(sum, kit::nearestEven<Zor32s>(exact, std::clamp(s, -31, 63)))
+          << "zorsSum_32s_Sfs, len " << len << ", scale " << s;
       ASSERT_EQ(zorsMean_32s_Sfs(src.data(), len, &mean, s), zorStatusOk);
       ASSERT_EQ(mean, mean32s(exact, len, s)) << "zorsMean_32s_Sfs, len " << len << ", scale " << s;
     }
@@ -290,10 +308,16 @@ TEST(Sum, ALongSumSaturatesAndZeroTimesInfinityIsTheLowestValue) {
   EXPECT_EQ(sum, INT16_MIN);
 }
 
-template <class S, class R, class... More> void contract(const char* name, ZorStatus (*sum)(const S*, Zor32s, R*, More...), More... more) {
+template <class S, class R, class... More>
+void contract(const char* name, ZorStatus (*sum)(const S*, Zor32s, R*, More...), More... more) {
   const std::vector<S> src(4);
   R result{};
-  kit::Contract(sum, src.data(), 4, &result, more...).template null<0>().template null<2>().template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(&result, sizeof result).verify(name);
+  kit::Contract(sum, src.data(), 4, &result, more...)
+      .template null<0>()
+      .template null<2>()
+      .template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(&result, sizeof result)
+      .verify(name);
 }
 TEST(Sum, ChecksPointersThenLength) {
   contract("zorsSum_32f", zorsSum_32f, 0);

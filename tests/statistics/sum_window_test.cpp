@@ -24,7 +24,8 @@ template <class T> void check(const char* name, ZorStatus (*sumWindow)(const T*,
   kit::Random random(51);
   for (unsigned direction : {unsigned{_MM_ROUND_NEAREST}, unsigned{_MM_ROUND_UP}}) {
     const kit::Direction scope(direction);
-    for (int maskSize : {1, 2, 3, 31, 63, 64, 65, 95, 96, 97, 100, 511, 512, 513, 514, 2000, 65792, 65793, 65794, 70000})
+    for (int maskSize :
+         {1, 2, 3, 31, 63, 64, 65, 95, 96, 97, 100, 511, 512, 513, 514, 2000, 65792, 65793, 65794, 70000})
       for (int len : {1, 2, 3, 16, 99}) {
         auto x = kit::anyValues<T>(std::size_t(len + maskSize - 1), random);
         if (len == 99) std::fill(x.begin(), x.end() - 50, std::numeric_limits<T>::max());  // sums beyond 2^24
@@ -42,8 +43,13 @@ template <class T> void check(const char* name, ZorStatus (*sumWindow)(const T*,
   }
   const std::vector<T> x(20);
   std::vector<Zor32f> dst(8, 3);
-  kit::Contract(sumWindow, x.data(), dst.data(), 8, 4).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
-      .template bad<3>({0, -1, INT32_MIN}, zorStatusBadMaskSize).untouched(dst).verify(name);
+  kit::Contract(sumWindow, x.data(), dst.data(), 8, 4)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .template bad<3>({0, -1, INT32_MIN}, zorStatusBadMaskSize)
+      .untouched(dst)
+      .verify(name);
 }
 
 TEST(SumWindow, RunsInBinary32AndReadsNothingPastTheLastWindow) {

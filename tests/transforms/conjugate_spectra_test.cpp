@@ -7,8 +7,10 @@ namespace {
 enum class Format { pack, perm, ccs };
 
 template <class T> T negated(T x) {
-  if constexpr (std::is_integral_v<T>) return x == INT16_MIN ? INT16_MAX : static_cast<T>(-x);
-  else return -x;
+  if constexpr (std::is_integral_v<T>)
+    return x == INT16_MIN ? INT16_MAX : static_cast<T>(-x);
+  else
+    return -x;
 }
 
 template <class T, class Pair> std::vector<Pair> model(Format format, const std::vector<T>& packed, std::size_t len) {
@@ -17,11 +19,16 @@ template <class T, class Pair> std::vector<Pair> model(Format format, const std:
   for (std::size_t k = 0; k <= len / 2; ++k) {
     const bool real = k == 0 || 2 * k == len;
     Pair z{};
-    if (format == Format::ccs) z = {packed[2 * k], packed[2 * k + 1]};
-    else if (k == 0) z = {packed[0], 0};
-    else if (real) z = {packed[format == Format::perm ? 1 : len - 1], 0};
-    else if (format == Format::perm && even) z = {packed[2 * k], packed[2 * k + 1]};
-    else z = {packed[2 * k - 1], packed[2 * k]};
+    if (format == Format::ccs)
+      z = {packed[2 * k], packed[2 * k + 1]};
+    else if (k == 0)
+      z = {packed[0], 0};
+    else if (real)
+      z = {packed[format == Format::perm ? 1 : len - 1], 0};
+    else if (format == Format::perm && even)
+      z = {packed[2 * k], packed[2 * k + 1]};
+    else
+      z = {packed[2 * k - 1], packed[2 * k]};
     out[k] = z;
     if (!real) out[len - k] = {z.re, negated(z.im)};
   }
@@ -29,7 +36,8 @@ template <class T, class Pair> std::vector<Pair> model(Format format, const std:
 }
 
 template <class T, class Pair>
-void expands(const char* name, Format format, ZorStatus (*call)(const T*, Pair*, Zor32s), ZorStatus (*inPlace)(Pair*, Zor32s)) {
+void expands(const char* name, Format format, ZorStatus (*call)(const T*, Pair*, Zor32s),
+             ZorStatus (*inPlace)(Pair*, Zor32s)) {
   kit::Random random(6);
   for (int length : kit::sweepLengths())
     for (std::size_t off = 0; off < 3; ++off) {
@@ -38,20 +46,33 @@ void expands(const char* name, Format format, ZorStatus (*call)(const T*, Pair*,
       const auto packed = kit::anyValues<T>(values, random);
       const auto wanted = model<T, Pair>(format, packed, len);
       const kit::Guarded<T> src(packed, kit::Edge::end, off * sizeof(T));
-      const kit::Guarded<Pair> dst(len, kit::Edge::end, off * sizeof(T)), both(std::max(len, (values + 1) / 2), kit::Edge::begin, off * sizeof(T));
+      const kit::Guarded<Pair> dst(len, kit::Edge::end, off * sizeof(T)),
+          both(std::max(len, (values + 1) / 2), kit::Edge::begin, off * sizeof(T));
       ASSERT_EQ(call(src.data(), dst.data(), length), zorStatusOk);
       ASSERT_EQ(kit::firstDifference<Pair>(dst.span(), wanted), "") << name << " len " << len << " off " << off;
       for (bool through : {false, true}) {
         std::memcpy(both.data(), packed.data(), values * sizeof(T));
-        ASSERT_EQ(through ? call(reinterpret_cast<const T*>(both.data()), both.data(), length) : inPlace(both.data(), length), zorStatusOk);
-        ASSERT_EQ(kit::firstDifference<Pair>(both.span().first(len), wanted), "") << name << " in place, len " << len << " off " << off;
+        ASSERT_EQ(
+            through ? call(reinterpret_cast<const T*>(both.data()), both.data(), length) : inPlace(both.data(), length),
+            zorStatusOk);
+        ASSERT_EQ(kit::firstDifference<Pair>(both.span().first(len), wanted), "")
+            << name << " in place, len " << len << " off " << off;
       }
       ASSERT_TRUE(dst.intact() && both.intact() && src.intact()) << name << " len " << len << ": wrote outside";
     }
   std::vector<T> src(32, T(1));
   std::vector<Pair> dst(16, Pair{3, 4});
-  kit::Contract(call, src.data(), dst.data(), 16).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
-  kit::Contract(inPlace, dst.data(), 16).template null<0>().template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(call, src.data(), dst.data(), 16)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
+  kit::Contract(inPlace, dst.data(), 16)
+      .template null<0>()
+      .template bad<1>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
 
 TEST(ConjugateSpectra, AllTermsFollowFromThePackedOnes) {

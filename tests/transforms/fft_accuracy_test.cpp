@@ -12,7 +12,9 @@ using Exact = std::complex<long double>;
 std::vector<Exact> exactTransform(std::vector<Exact> x) {
   const std::size_t n = x.size();
   std::vector<Exact> turns(n / 2), out(n);
-  for (std::size_t k = 0; k < n / 2; ++k) turns[k] = std::polar(1.0L, -2 * std::numbers::pi_v<long double> * static_cast<long double>(k) / static_cast<long double>(n));
+  for (std::size_t k = 0; k < n / 2; ++k)
+    turns[k] = std::polar(
+        1.0L, -2 * std::numbers::pi_v<long double> * static_cast<long double>(k) / static_cast<long double>(n));
   for (std::size_t span = 1; span < n; span *= 2) {  // decimation in frequency with natural order on both sides
     const std::size_t groups = n / (2 * span);
     for (std::size_t g = 0; g < groups; ++g)
@@ -36,7 +38,9 @@ template <class Got, class Want> double relativeError(std::size_t n, Got got, Wa
   return static_cast<double>(std::sqrt(error / size));
 }
 
-template <class K, class P> void complexAccuracy(const K& kind, ZorStatus (*forward)(const P*, P*, const typename K::Spec*, Zor8u*), ZorStatus (*inverse)(const P*, P*, const typename K::Spec*, Zor8u*), int last) {
+template <class K, class P>
+void complexAccuracy(const K& kind, ZorStatus (*forward)(const P*, P*, const typename K::Spec*, Zor8u*),
+                     ZorStatus (*inverse)(const P*, P*, const typename K::Spec*, Zor8u*), int last) {
   constexpr double epsilon = std::numeric_limits<decltype(P::re)>::epsilon();
   kit::Random random(7);
   for (int order = 1; order <= last; ++order) {
@@ -52,15 +56,21 @@ template <class K, class P> void complexAccuracy(const K& kind, ZorStatus (*forw
     for (std::size_t i = 0; i < n; ++i) exact[i] = {x[i].re, x[i].im};
     exact = exactTransform(exact);
     const double bound = epsilon * 0.35 * std::sqrt(order + 1);
-    const double error = relativeError(n, [&](std::size_t i) { return Exact(y[i].re, y[i].im); }, [&](std::size_t i) { return exact[i]; });
-    const double round = relativeError(n, [&](std::size_t i) { return Exact(back[i].re, back[i].im); }, [&](std::size_t i) { return Exact(x[i].re, x[i].im); });
+    const double error = relativeError(
+        n, [&](std::size_t i) { return Exact(y[i].re, y[i].im); }, [&](std::size_t i) { return exact[i]; });
+    const double round = relativeError(
+        n, [&](std::size_t i) { return Exact(back[i].re, back[i].im); },
+        [&](std::size_t i) { return Exact(x[i].re, x[i].im); });
     EXPECT_LT(error, bound) << kind.name << " order " << order;
     EXPECT_LT(round, 1.5 * bound) << kind.name << " order " << order << ", there and back";
-    testing::Test::RecordProperty(std::string(kind.name).append(" order ").append(std::to_string(order)), std::to_string(error / epsilon));
+    testing::Test::RecordProperty(std::string(kind.name).append(" order ").append(std::to_string(order)),
+                                  std::to_string(error / epsilon));
   }
 }
 
-template <class K, class T> void realAccuracy(const K& kind, ZorStatus (*forward)(const T*, T*, const typename K::Spec*, Zor8u*), ZorStatus (*inverse)(const T*, T*, const typename K::Spec*, Zor8u*), int last) {
+template <class K, class T>
+void realAccuracy(const K& kind, ZorStatus (*forward)(const T*, T*, const typename K::Spec*, Zor8u*),
+                  ZorStatus (*inverse)(const T*, T*, const typename K::Spec*, Zor8u*), int last) {
   constexpr double epsilon = std::numeric_limits<T>::epsilon();
   kit::Random random(8);
   for (int order = 1; order <= last; ++order) {
@@ -79,7 +89,10 @@ template <class K, class T> void realAccuracy(const K& kind, ZorStatus (*forward
     const auto term = [&](std::size_t k) { return k == 0 ? Exact(y[0], y[1]) : Exact(y[2 * k], y[2 * k + 1]); };
     const auto wanted = [&](std::size_t k) { return k == 0 ? Exact(exact[0].real(), exact[n / 2].real()) : exact[k]; };
     EXPECT_LT(relativeError(n / 2, term, wanted), bound) << kind.name << " order " << order;
-    EXPECT_LT(relativeError(n, [&](std::size_t i) { return Exact(back[i]); }, [&](std::size_t i) { return Exact(x[i]); }), 1.5 * bound) << kind.name << " order " << order << ", there and back";
+    EXPECT_LT(relativeError(
+                  n, [&](std::size_t i) { return Exact(back[i]); }, [&](std::size_t i) { return Exact(x[i]); }),
+              1.5 * bound)
+        << kind.name << " order " << order << ", there and back";
   }
 }
 
@@ -102,9 +115,12 @@ TEST(FFTAccuracy, AnImpulseGivesTheTwiddlesOfItsPlace) {
       x[place] = {1, 0};
       ASSERT_EQ(zorsFFTFwd_CToC_64fc_I(x.data(), spec, nullptr), zorStatusOk);
       for (std::size_t k = 0; k < n; k += 1 + n / 64) {
-        const long double angle = -2 * std::numbers::pi_v<long double> * static_cast<long double>(place * k % n) / static_cast<long double>(n);
-        ASSERT_NEAR(x[k].re, static_cast<double>(std::cos(angle)), 1e-15 * order) << "order " << order << " place " << place << " k " << k;
-        ASSERT_NEAR(x[k].im, static_cast<double>(std::sin(angle)), 1e-15 * order) << "order " << order << " place " << place << " k " << k;
+        const long double angle = -2 * std::numbers::pi_v<long double> * static_cast<long double>(place * k % n) /
+                                  static_cast<long double>(n);
+        ASSERT_NEAR(x[k].re, static_cast<double>(std::cos(angle)), 1e-15 * order)
+            << "order " << order << " place " << place << " k " << k;
+        ASSERT_NEAR(x[k].im, static_cast<double>(std::sin(angle)), 1e-15 * order)
+            << "order " << order << " place " << place << " k " << k;
       }
     }
     ASSERT_EQ(zorsFFTFree_C_64fc(spec), zorStatusOk);

@@ -1,4 +1,5 @@
-// The transforms against the scalar model, bit for bit: every order of every path, both directions, all shapes and places.
+// The transforms against the scalar model, bit for bit: every order of every path, both directions, all shapes and
+// places.
 #include "transforms/fft_kinds.h"
 
 namespace {
@@ -16,8 +17,10 @@ template <> struct Transforms<Zor32f> {
   static constexpr auto complexI = std::array{zorsFFTFwd_CToC_32fc_I, zorsFFTInv_CToC_32fc_I};
   static constexpr auto split = std::array{zorsFFTFwd_CToC_32f, zorsFFTInv_CToC_32f};
   static constexpr auto splitI = std::array{zorsFFTFwd_CToC_32f_I, zorsFFTInv_CToC_32f_I};
-  static constexpr auto real = std::array{zorsFFTFwd_RToPerm_32f, zorsFFTInv_PermToR_32f, zorsFFTFwd_RToPack_32f, zorsFFTInv_PackToR_32f, zorsFFTFwd_RToCCS_32f, zorsFFTInv_CCSToR_32f};
-  static constexpr auto realI = std::array{zorsFFTFwd_RToPerm_32f_I, zorsFFTInv_PermToR_32f_I, zorsFFTFwd_RToPack_32f_I, zorsFFTInv_PackToR_32f_I, zorsFFTFwd_RToCCS_32f_I, zorsFFTInv_CCSToR_32f_I};
+  static constexpr auto real = std::array{zorsFFTFwd_RToPerm_32f, zorsFFTInv_PermToR_32f, zorsFFTFwd_RToPack_32f,
+                                          zorsFFTInv_PackToR_32f, zorsFFTFwd_RToCCS_32f,  zorsFFTInv_CCSToR_32f};
+  static constexpr auto realI = std::array{zorsFFTFwd_RToPerm_32f_I, zorsFFTInv_PermToR_32f_I, zorsFFTFwd_RToPack_32f_I,
+                                           zorsFFTInv_PackToR_32f_I, zorsFFTFwd_RToCCS_32f_I,  zorsFFTInv_CCSToR_32f_I};
 };
 template <> struct Transforms<Zor64f> {
   static constexpr auto& kind = kinds::c64fc;
@@ -27,13 +30,17 @@ template <> struct Transforms<Zor64f> {
   static constexpr auto complexI = std::array{zorsFFTFwd_CToC_64fc_I, zorsFFTInv_CToC_64fc_I};
   static constexpr auto split = std::array{zorsFFTFwd_CToC_64f, zorsFFTInv_CToC_64f};
   static constexpr auto splitI = std::array{zorsFFTFwd_CToC_64f_I, zorsFFTInv_CToC_64f_I};
-  static constexpr auto real = std::array{zorsFFTFwd_RToPerm_64f, zorsFFTInv_PermToR_64f, zorsFFTFwd_RToPack_64f, zorsFFTInv_PackToR_64f, zorsFFTFwd_RToCCS_64f, zorsFFTInv_CCSToR_64f};
-  static constexpr auto realI = std::array{zorsFFTFwd_RToPerm_64f_I, zorsFFTInv_PermToR_64f_I, zorsFFTFwd_RToPack_64f_I, zorsFFTInv_PackToR_64f_I, zorsFFTFwd_RToCCS_64f_I, zorsFFTInv_CCSToR_64f_I};
+  static constexpr auto real = std::array{zorsFFTFwd_RToPerm_64f, zorsFFTInv_PermToR_64f, zorsFFTFwd_RToPack_64f,
+                                          zorsFFTInv_PackToR_64f, zorsFFTFwd_RToCCS_64f,  zorsFFTInv_CCSToR_64f};
+  static constexpr auto realI = std::array{zorsFFTFwd_RToPerm_64f_I, zorsFFTInv_PermToR_64f_I, zorsFFTFwd_RToPack_64f_I,
+                                           zorsFFTInv_PackToR_64f_I, zorsFFTFwd_RToCCS_64f_I,  zorsFFTInv_CCSToR_64f_I};
 };
 
 // How many elements the arrays of a case lie off a vector boundary.
 std::vector<std::size_t> offsets(int order) {
-  return order <= 9 ? std::vector<std::size_t>{0, 1, 2, 3, 5} : order <= 14 ? std::vector<std::size_t>{0, 1} : std::vector<std::size_t>{0};
+  return order <= 9    ? std::vector<std::size_t>{0, 1, 2, 3, 5}
+         : order <= 14 ? std::vector<std::size_t>{0, 1}
+                       : std::vector<std::size_t>{0};
 }
 
 template <class T> void complexCase(int order, int flag, bool inverse, const model::Twiddles<T>& twiddles) {
@@ -43,14 +50,16 @@ template <class T> void complexCase(int order, int flag, bool inverse, const mod
   const auto x = kit::signal<Pair<T>>(n, random);
   model::Signal<T> points(n);
   for (std::size_t i = 0; i < n; ++i) points[i] = {x[i].re, x[i].im};
-  const auto y = model::complexTransform(points, order, twiddles, inverse, scales(flag, inverse), scale<T>(flag, order));
+  const auto y =
+      model::complexTransform(points, order, twiddles, inverse, scales(flag, inverse), scale<T>(flag, order));
   std::vector<Pair<T>> wanted(n);
   std::vector<T> re(n), im(n), wantedRe(n), wantedIm(n);
   for (std::size_t i = 0; i < n; ++i) {
     wanted[i] = {y[i].re, y[i].im};
     re[i] = x[i].re, im[i] = x[i].im, wantedRe[i] = y[i].re, wantedIm[i] = y[i].im;
   }
-  const std::string what = std::string(X::kind.name) + " order " + std::to_string(order) + " flag " + std::to_string(flag) + (inverse ? " inverse" : " forward");
+  const std::string what = std::string(X::kind.name) + " order " + std::to_string(order) + " flag " +
+                           std::to_string(flag) + (inverse ? " inverse" : " forward");
   for (std::size_t off : offsets(order)) {
     const Built built(X::kind, order, flag, off * 4);
     const Built splitBuilt(X::splitKind, order, flag, off * 4);
@@ -61,20 +70,25 @@ template <class T> void complexCase(int order, int flag, bool inverse, const mod
       ASSERT_EQ(kit::firstDifference<Pair<T>>(src.span(), x), "") << what << ": the source changed";
     }
     ASSERT_EQ(X::complex[inverse](src.data(), src.data(), built.spec(), built.work()), zorStatusOk);
-    ASSERT_EQ(kit::firstDifference<Pair<T>>(src.span(), wanted), "") << what << ", source and destination equal, off " << off;
+    ASSERT_EQ(kit::firstDifference<Pair<T>>(src.span(), wanted), "")
+        << what << ", source and destination equal, off " << off;
     const kit::Guarded<Pair<T>> both(x, kit::Edge::begin, off * sizeof(T));
     ASSERT_EQ(X::complexI[inverse](both.data(), built.spec(), nullptr), zorStatusOk);
     ASSERT_EQ(kit::firstDifference<Pair<T>>(both.span(), wanted), "") << what << " in place, off " << off;
 
-    const kit::Guarded<T> srcRe(re, kit::Edge::end, off * sizeof(T)), srcIm(im, kit::Edge::end), dstRe(n, kit::Edge::begin), dstIm(n, kit::Edge::begin, off * sizeof(T));
-    ASSERT_EQ(X::split[inverse](srcRe.data(), srcIm.data(), dstRe.data(), dstIm.data(), splitBuilt.spec(), splitBuilt.work()), zorStatusOk);
+    const kit::Guarded<T> srcRe(re, kit::Edge::end, off * sizeof(T)), srcIm(im, kit::Edge::end),
+        dstRe(n, kit::Edge::begin), dstIm(n, kit::Edge::begin, off * sizeof(T));
+    ASSERT_EQ(
+        X::split[inverse](srcRe.data(), srcIm.data(), dstRe.data(), dstIm.data(), splitBuilt.spec(), splitBuilt.work()),
+        zorStatusOk);
     ASSERT_EQ(kit::firstDifference<T>(dstRe.span(), wantedRe), "") << what << " split, off " << off;
     ASSERT_EQ(kit::firstDifference<T>(dstIm.span(), wantedIm), "") << what << " split, off " << off;
     ASSERT_EQ(X::splitI[inverse](srcRe.data(), srcIm.data(), splitBuilt.spec(), splitBuilt.work()), zorStatusOk);
     ASSERT_EQ(kit::firstDifference<T>(srcRe.span(), wantedRe), "") << what << " split in place, off " << off;
     ASSERT_EQ(kit::firstDifference<T>(srcIm.span(), wantedIm), "") << what << " split in place, off " << off;
     ASSERT_TRUE(src.intact() && dst.intact() && both.intact() && built.intact()) << what << ": wrote outside";
-    ASSERT_TRUE(srcRe.intact() && srcIm.intact() && dstRe.intact() && dstIm.intact() && splitBuilt.intact()) << what << ": wrote outside";
+    ASSERT_TRUE(srcRe.intact() && srcIm.intact() && dstRe.intact() && dstIm.intact() && splitBuilt.intact())
+        << what << ": wrote outside";
   }
 }
 
@@ -85,16 +99,19 @@ template <class T> void realCase(int order, int flag, const model::Twiddles<T>& 
   const auto x = kit::signal<T>(n, random);
   const auto spectrum = model::realForward(x, order, twiddles, scales(flag, false), scale<T>(flag, order));
   const auto values = model::realInverse(x, order, twiddles, scales(flag, true), scale<T>(flag, order));
-  const std::string what = std::string(X::realKind.name) + " order " + std::to_string(order) + " flag " + std::to_string(flag);
+  const std::string what =
+      std::string(X::realKind.name) + " order " + std::to_string(order) + " flag " + std::to_string(flag);
   for (std::size_t off : offsets(order)) {
     const Built built(X::realKind, order, flag, off * 4);
     for (Format format : {perm, pack, ccs})
       for (bool inverse : {false, true}) {
         const auto input = inverse ? packed(x, format) : x, wanted = inverse ? values : packed(spectrum, format);
-        const std::string where = what + " format " + std::to_string(format) + (inverse ? " inverse" : " forward") + " off " + std::to_string(off);
+        const std::string where = what + " format " + std::to_string(format) + (inverse ? " inverse" : " forward") +
+                                  " off " + std::to_string(off);
         const auto at = static_cast<std::size_t>(2 * format + inverse);
         const std::size_t room = std::max(input.size(), wanted.size());
-        const kit::Guarded<T> src(input, kit::Edge::end, off * sizeof(T)), dst(std::max(wanted.size(), inverse ? n : wanted.size()), kit::Edge::end, off * sizeof(T));
+        const kit::Guarded<T> src(input, kit::Edge::end, off * sizeof(T)),
+            dst(std::max(wanted.size(), inverse ? n : wanted.size()), kit::Edge::end, off * sizeof(T));
         ASSERT_EQ(X::real[at](src.data(), dst.data(), built.spec(), built.work()), zorStatusOk);
         ASSERT_EQ(kit::firstDifference<T>(dst.span(), wanted), "") << where;
         ASSERT_EQ(kit::firstDifference<T>(src.span(), input), "") << where << ": the source changed";

@@ -29,10 +29,41 @@ template <class S> struct IntegerKind {
   ZorStatus (*innerSize)(Zor32s, Zor32s, ZorHintAlgorithm, Zor32s*, Zor32s*, Zor32s*);
   long (*head)(long n);
 };
-constexpr IntegerKind<ZorsFFTSpec_C_32sc> c32sc = {"C_32sc", 27, 0x434D414C, zorsFFTGetSize_C_32sc, zorsFFTInit_C_32sc, zorsFFTInitAlloc_C_32sc, zorsFFTFree_C_32sc, zorsFFTGetBufSize_C_32sc, zorsFFTGetSize_C_64fc, [](long n) { return 16 * n; }};
-constexpr IntegerKind<ZorsFFTSpec_C_32s> c32s = {"C_32s", 27, 0x434D414D, zorsFFTGetSize_C_32s, zorsFFTInit_C_32s, zorsFFTInitAlloc_C_32s, zorsFFTFree_C_32s, zorsFFTGetBufSize_C_32s, zorsFFTGetSize_C_64f, [](long n) { return 16 * n; }};
-constexpr IntegerKind<ZorsFFTSpec_R_32s> r32s = {"R_32s", 28, 0x434D414E, zorsFFTGetSize_R_32s, zorsFFTInit_R_32s, zorsFFTInitAlloc_R_32s, zorsFFTFree_R_32s, zorsFFTGetBufSize_R_32s, zorsFFTGetSize_R_64f, [](long n) { return 8 * n + 16; }};
-constexpr IntegerKind<ZorsFFTSpec_R_16s32s> r16s32s = {"R_16s32s", 29, 0x434D414F, zorsFFTGetSize_R_16s32s, zorsFFTInit_R_16s32s, zorsFFTInitAlloc_R_16s32s, zorsFFTFree_R_16s32s, zorsFFTGetBufSize_R_16s32s, zorsFFTGetSize_R_32f, [](long n) { return 4 * n + 8; }};
+constexpr IntegerKind<ZorsFFTSpec_C_32sc> c32sc = {"C_32sc",
+                                                   27,
+                                                   0x434D414C,
+                                                   zorsFFTGetSize_C_32sc,
+                                                   zorsFFTInit_C_32sc,
+                                                   zorsFFTInitAlloc_C_32sc,
+                                                   zorsFFTFree_C_32sc,
+                                                   zorsFFTGetBufSize_C_32sc,
+                                                   zorsFFTGetSize_C_64fc,
+                                                   [](long n) { return 16 * n; }};
+constexpr IntegerKind<ZorsFFTSpec_C_32s> c32s = {"C_32s",
+                                                 27,
+                                                 0x434D414D,
+                                                 zorsFFTGetSize_C_32s,
+                                                 zorsFFTInit_C_32s,
+                                                 zorsFFTInitAlloc_C_32s,
+                                                 zorsFFTFree_C_32s,
+                                                 zorsFFTGetBufSize_C_32s,
+                                                 zorsFFTGetSize_C_64f,
+                                                 [](long n) { return 16 * n; }};
+constexpr IntegerKind<ZorsFFTSpec_R_32s> r32s = {"R_32s",
+                                                 28,
+                                                 0x434D414E,
+                                                 zorsFFTGetSize_R_32s,
+                                                 zorsFFTInit_R_32s,
+                                                 zorsFFTInitAlloc_R_32s,
+                                                 zorsFFTFree_R_32s,
+                                                 zorsFFTGetBufSize_R_32s,
+                                                 zorsFFTGetSize_R_64f,
+                                                 [](long n) { return 8 * n + 16; }};
+constexpr IntegerKind<ZorsFFTSpec_R_16s32s> r16s32s = {"R_16s32s",           29,
+                                                       0x434D414F,           zorsFFTGetSize_R_16s32s,
+                                                       zorsFFTInit_R_16s32s, zorsFFTInitAlloc_R_16s32s,
+                                                       zorsFFTFree_R_16s32s, zorsFFTGetBufSize_R_16s32s,
+                                                       zorsFFTGetSize_R_32f, [](long n) { return 4 * n + 8; }};
 template <class F> void forEach(F f) { f(c32sc), f(c32s), f(r32s), f(r16s32s); }
 
 // In memory of exactly the reported sizes.
@@ -61,7 +92,8 @@ TEST(FFTInteger, SizesAreThoseOfTheFloatKindAndMore) {
       ASSERT_EQ(kind.getSize(order, 2, 77, &spec, &init, &work), zorStatusOk);
       EXPECT_EQ(spec, innerSpec + 128) << kind.name << " order " << order;
       EXPECT_EQ(init, innerInit > 0 ? innerInit + 64 : 0) << kind.name << " order " << order;
-      EXPECT_EQ(work, static_cast<Zor32s>(static_cast<Zor32u>(innerWork + kind.head(1L << order) + 64))) << kind.name << " order " << order;
+      EXPECT_EQ(work, static_cast<Zor32s>(static_cast<Zor32u>(innerWork + kind.head(1L << order) + 64)))
+          << kind.name << " order " << order;
     }
   });
 }
@@ -102,12 +134,14 @@ TEST(FFTInteger, SpecificationsCheckInOrder) {
     EXPECT_EQ(kind.initAlloc(&out, kind.largestOrder + 1, 8, 0), zorStatusBadOrder);
     for (int order : {4, 12}) {
       Spec* made = nullptr;
-      const int allocations = kit::failEachAllocation([&] { return kind.initAlloc(&made, order, 8, 0); }, [&](int failed, ZorStatus status) {
-        EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory) << kind.name;
-        EXPECT_EQ(made == nullptr, failed >= 0);
-        if (made != nullptr) kind.free(made);
-        EXPECT_EQ(kit::services().live, 0) << kind.name << ": leaked";
-      });
+      const int allocations = kit::failEachAllocation([&] { return kind.initAlloc(&made, order, 8, 0); },
+                                                      [&](int failed, ZorStatus status) {
+                                                        EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory)
+                                                            << kind.name;
+                                                        EXPECT_EQ(made == nullptr, failed >= 0);
+                                                        if (made != nullptr) kind.free(made);
+                                                        EXPECT_EQ(kit::services().live, 0) << kind.name << ": leaked";
+                                                      });
       EXPECT_EQ(allocations, order < 11 ? 1 : 2);
     }
   });
@@ -125,7 +159,8 @@ TEST(FFTInteger, ComplexTransformsAreTheFloatOnesRounded) {
           const auto x = kit::anyValues<Zor32sc>(n, random);
           model::Signal<double> points(n);
           for (std::size_t i = 0; i < n; ++i) points[i] = {static_cast<double>(x[i].re), static_cast<double>(x[i].im)};
-          const auto y = model::complexTransform(points, order, model::Twiddles<double>(std::max(order, 6)), inverse, scales(flag, inverse), scale<double>(flag, order));
+          const auto y = model::complexTransform(points, order, model::Twiddles<double>(std::max(order, 6)), inverse,
+                                                 scales(flag, inverse), scale<double>(flag, order));
           std::vector<Zor32sc> wanted(n);
           std::vector<Zor32s> re(n), im(n), wantedRe(n), wantedIm(n);
           for (std::size_t i = 0; i < n; ++i) {
@@ -133,22 +168,35 @@ TEST(FFTInteger, ComplexTransformsAreTheFloatOnesRounded) {
             wanted[i] = {wantedRe[i], wantedIm[i]};
             re[i] = x[i].re, im[i] = x[i].im;
           }
-          const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " scale " + std::to_string(scaleFactor);
+          const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " scale " +
+                                   std::to_string(scaleFactor);
           const Built built(c32sc, order, flag, 12);
           const Built splitBuilt(c32s, order, flag, 12);
           const kit::Guarded<Zor32sc> src(x, kit::Edge::end), dst(n, kit::Edge::begin);
-          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32sc_Sfs : zorsFFTFwd_CToC_32sc_Sfs)(src.data(), dst.data(), built.spec, scaleFactor, built.work->data()), zorStatusOk);
+          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32sc_Sfs : zorsFFTFwd_CToC_32sc_Sfs)(src.data(), dst.data(), built.spec,
+                                                                                    scaleFactor, built.work->data()),
+                    zorStatusOk);
           ASSERT_EQ(kit::firstDifference<Zor32sc>(dst.span(), wanted), "") << what;
-          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32sc_ISfs : zorsFFTFwd_CToC_32sc_ISfs)(src.data(), built.spec, scaleFactor, nullptr), zorStatusOk);
+          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32sc_ISfs : zorsFFTFwd_CToC_32sc_ISfs)(src.data(), built.spec,
+                                                                                      scaleFactor, nullptr),
+                    zorStatusOk);
           ASSERT_EQ(kit::firstDifference<Zor32sc>(src.span(), wanted), "") << what << " in place";
-          const kit::Guarded<Zor32s> srcRe(re, kit::Edge::end), srcIm(im, kit::Edge::end), dstRe(n, kit::Edge::end), dstIm(n, kit::Edge::end);
-          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32s_Sfs : zorsFFTFwd_CToC_32s_Sfs)(srcRe.data(), srcIm.data(), dstRe.data(), dstIm.data(), splitBuilt.spec, scaleFactor, splitBuilt.work->data()), zorStatusOk);
+          const kit::Guarded<Zor32s> srcRe(re, kit::Edge::end), srcIm(im, kit::Edge::end), dstRe(n, kit::Edge::end),
+              dstIm(n, kit::Edge::end);
+          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32s_Sfs : zorsFFTFwd_CToC_32s_Sfs)(
+                        srcRe.data(), srcIm.data(), dstRe.data(), dstIm.data(), splitBuilt.spec, scaleFactor,
+                        splitBuilt.work->data()),
+                    zorStatusOk);
           ASSERT_EQ(kit::firstDifference<Zor32s>(dstRe.span(), wantedRe), "") << what << " split";
           ASSERT_EQ(kit::firstDifference<Zor32s>(dstIm.span(), wantedIm), "") << what << " split";
-          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32s_ISfs : zorsFFTFwd_CToC_32s_ISfs)(srcRe.data(), srcIm.data(), splitBuilt.spec, scaleFactor, nullptr), zorStatusOk);
+          ASSERT_EQ((inverse ? zorsFFTInv_CToC_32s_ISfs : zorsFFTFwd_CToC_32s_ISfs)(
+                        srcRe.data(), srcIm.data(), splitBuilt.spec, scaleFactor, nullptr),
+                    zorStatusOk);
           ASSERT_EQ(kit::firstDifference<Zor32s>(srcRe.span(), wantedRe), "") << what << " split in place";
           ASSERT_EQ(kit::firstDifference<Zor32s>(srcIm.span(), wantedIm), "") << what << " split in place";
-          ASSERT_TRUE(built.intact() && splitBuilt.intact() && src.intact() && dst.intact() && dstRe.intact() && dstIm.intact()) << what << ": wrote outside";
+          ASSERT_TRUE(built.intact() && splitBuilt.intact() && src.intact() && dst.intact() && dstRe.intact() &&
+                      dstIm.intact())
+              << what << ": wrote outside";
         }
 }
 
@@ -159,8 +207,10 @@ template <class D, class T> std::vector<D> rounded(const std::vector<T>& x, int 
 }
 
 TEST(FFTInteger, RealTransformsAreTheFloatOnesRounded) {
-  constexpr std::array outOfPlace = {zorsFFTFwd_RToPerm_32s_Sfs, zorsFFTInv_PermToR_32s_Sfs, zorsFFTFwd_RToPack_32s_Sfs, zorsFFTInv_PackToR_32s_Sfs, zorsFFTFwd_RToCCS_32s_Sfs, zorsFFTInv_CCSToR_32s_Sfs};
-  constexpr std::array inPlace = {zorsFFTFwd_RToPerm_32s_ISfs, zorsFFTInv_PermToR_32s_ISfs, zorsFFTFwd_RToPack_32s_ISfs, zorsFFTInv_PackToR_32s_ISfs, zorsFFTFwd_RToCCS_32s_ISfs, zorsFFTInv_CCSToR_32s_ISfs};
+  constexpr std::array outOfPlace = {zorsFFTFwd_RToPerm_32s_Sfs, zorsFFTInv_PermToR_32s_Sfs, zorsFFTFwd_RToPack_32s_Sfs,
+                                     zorsFFTInv_PackToR_32s_Sfs, zorsFFTFwd_RToCCS_32s_Sfs,  zorsFFTInv_CCSToR_32s_Sfs};
+  constexpr std::array inPlace = {zorsFFTFwd_RToPerm_32s_ISfs, zorsFFTInv_PermToR_32s_ISfs, zorsFFTFwd_RToPack_32s_ISfs,
+                                  zorsFFTInv_PackToR_32s_ISfs, zorsFFTFwd_RToCCS_32s_ISfs,  zorsFFTInv_CCSToR_32s_ISfs};
   kit::Random random(13);
   for (int order : orders)
     for (int flag : kinds::flags)
@@ -169,22 +219,27 @@ TEST(FFTInteger, RealTransformsAreTheFloatOnesRounded) {
         const auto x = kit::anyValues<Zor32s>(n, random);
         const std::vector<double> values(x.begin(), x.end());
         const model::Twiddles<double> twiddles(std::max(order, 6));
-        const auto spectrum = rounded<Zor32s>(model::realForward(values, order, twiddles, scales(flag, false), scale<double>(flag, order)), scaleFactor);
-        const auto signal = rounded<Zor32s>(model::realInverse(values, order, twiddles, scales(flag, true), scale<double>(flag, order)), scaleFactor);
+        const auto spectrum = rounded<Zor32s>(
+            model::realForward(values, order, twiddles, scales(flag, false), scale<double>(flag, order)), scaleFactor);
+        const auto signal = rounded<Zor32s>(
+            model::realInverse(values, order, twiddles, scales(flag, true), scale<double>(flag, order)), scaleFactor);
         const Built built(r32s, order, flag, 4);
         for (Format format : {perm, pack, ccs})
           for (bool inverse : {false, true}) {
             auto input = inverse ? packed(x, format) : x;
             if (inverse && format == ccs) input[1] = 99;  // the places of zeros are not looked at
             const auto wanted = inverse ? signal : packed(spectrum, format);
-            const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " format " + std::to_string(format) + (inverse ? " inverse" : "");
+            const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " format " +
+                                     std::to_string(format) + (inverse ? " inverse" : "");
             const auto at = static_cast<std::size_t>(2 * format + inverse);
-            const kit::Guarded<Zor32s> src(input, kit::Edge::end), dst(wanted.size(), kit::Edge::end), both(std::max(input.size(), wanted.size()), kit::Edge::begin);
+            const kit::Guarded<Zor32s> src(input, kit::Edge::end), dst(wanted.size(), kit::Edge::end),
+                both(std::max(input.size(), wanted.size()), kit::Edge::begin);
             ASSERT_EQ(outOfPlace[at](src.data(), dst.data(), built.spec, scaleFactor, built.work->data()), zorStatusOk);
             ASSERT_EQ(kit::firstDifference<Zor32s>(dst.span(), wanted), "") << what;
             std::copy(input.begin(), input.end(), both.data());
             ASSERT_EQ(inPlace[at](both.data(), built.spec, scaleFactor, nullptr), zorStatusOk);
-            ASSERT_EQ(kit::firstDifference<Zor32s>(both.span().first(wanted.size()), wanted), "") << what << " in place";
+            ASSERT_EQ(kit::firstDifference<Zor32s>(both.span().first(wanted.size()), wanted), "")
+                << what << " in place";
             ASSERT_TRUE(dst.intact() && both.intact() && built.intact()) << what << ": wrote outside";
           }
       }
@@ -200,58 +255,103 @@ TEST(FFTInteger, SixteenBitValuesAndThirtyTwoBitSpectra) {
         const auto terms = kit::anyValues<Zor16s>(n, random);
         const model::Twiddles<float> twiddles(std::max(order, 6));
         const std::vector<float> values(x.begin(), x.end()), spectrumIn(terms.begin(), terms.end());
-        const auto spectrum = packed(rounded<Zor32s>(model::realForward(values, order, twiddles, scales(flag, false), scale<float>(flag, order)), scaleFactor), ccs);
-        const auto signal = rounded<Zor16s>(model::realInverse(spectrumIn, order, twiddles, scales(flag, true), scale<float>(flag, order)), scaleFactor);
+        const auto spectrum = packed(
+            rounded<Zor32s>(model::realForward(values, order, twiddles, scales(flag, false), scale<float>(flag, order)),
+                            scaleFactor),
+            ccs);
+        const auto signal = rounded<Zor16s>(
+            model::realInverse(spectrumIn, order, twiddles, scales(flag, true), scale<float>(flag, order)),
+            scaleFactor);
         const auto input = packed(std::vector<Zor32s>(terms.begin(), terms.end()), ccs);
         const Built built(r16s32s, order, flag, 4);
         const kit::Guarded<Zor32s> dst(spectrum.size(), kit::Edge::end);
         const kit::Guarded<Zor16s> back(n, kit::Edge::end);
-        const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " scale " + std::to_string(scaleFactor);
-        ASSERT_EQ(zorsFFTFwd_RToCCS_16s32s_Sfs(x.data(), dst.data(), built.spec, scaleFactor, built.work->data()), zorStatusOk);
+        const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " scale " +
+                                 std::to_string(scaleFactor);
+        ASSERT_EQ(zorsFFTFwd_RToCCS_16s32s_Sfs(x.data(), dst.data(), built.spec, scaleFactor, built.work->data()),
+                  zorStatusOk);
         ASSERT_EQ(kit::firstDifference<Zor32s>(dst.span(), spectrum), "") << what;
-        ASSERT_EQ(zorsFFTInv_CCSToR_32s16s_Sfs(input.data(), back.data(), built.spec, scaleFactor, nullptr), zorStatusOk);
+        ASSERT_EQ(zorsFFTInv_CCSToR_32s16s_Sfs(input.data(), back.data(), built.spec, scaleFactor, nullptr),
+                  zorStatusOk);
         ASSERT_EQ(kit::firstDifference<Zor16s>(back.span(), signal), "") << what;
         ASSERT_TRUE(dst.intact() && back.intact() && built.intact()) << what << ": wrote outside";
       }
 }
 
-// ---- Checks -------------------------------------------------------------------------------------------------------------
+// ---- Checks
+// -------------------------------------------------------------------------------------------------------------
 
-template <class S, class A, class B> void checks(const char* name, ZorStatus (*f)(const A*, B*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
+template <class S, class A, class B>
+void checks(const char* name, ZorStatus (*f)(const A*, B*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
   const std::vector<A> src(20);
   const std::vector<B> dst(20);
-  kit::Contract(f, src.data(), const_cast<B*>(dst.data()), good, 0, nullptr).template null<2>().template bad<2>({foreign}, zorStatusBadContext).template null<0>().template null<1>().untouched(dst).verify(name);
+  kit::Contract(f, src.data(), const_cast<B*>(dst.data()), good, 0, nullptr)
+      .template null<2>()
+      .template bad<2>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .template null<1>()
+      .untouched(dst)
+      .verify(name);
 }
-template <class S, class A> void checks(const char* name, ZorStatus (*f)(A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
+template <class S, class A>
+void checks(const char* name, ZorStatus (*f)(A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
   std::vector<A> both(20);
-  kit::Contract(f, both.data(), good, 0, nullptr).template null<1>().template bad<1>({foreign}, zorStatusBadContext).template null<0>().untouched(both).verify(name);
+  kit::Contract(f, both.data(), good, 0, nullptr)
+      .template null<1>()
+      .template bad<1>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .untouched(both)
+      .verify(name);
 }
-template <class S, class A> void checks(const char* name, ZorStatus (*f)(const A*, const A*, A*, A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
+template <class S, class A>
+void checks(const char* name, ZorStatus (*f)(const A*, const A*, A*, A*, const S*, Zor32s, Zor8u*), const S* good,
+            const S* foreign) {
   const std::vector<A> src(20);
   std::vector<A> dst(20), other(20);
   kit::Contract(f, src.data(), src.data(), dst.data(), other.data(), good, 0, nullptr)
-      .template null<4>().template bad<4>({foreign}, zorStatusBadContext).template null<0>().template null<1>().template null<2>().template null<3>().untouched(dst).untouched(other).verify(name);
+      .template null<4>()
+      .template bad<4>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .template null<1>()
+      .template null<2>()
+      .template null<3>()
+      .untouched(dst)
+      .untouched(other)
+      .verify(name);
 }
-template <class S, class A> void checks(const char* name, ZorStatus (*f)(A*, A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
+template <class S, class A>
+void checks(const char* name, ZorStatus (*f)(A*, A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
   std::vector<A> dst(20), other(20);
-  kit::Contract(f, dst.data(), other.data(), good, 0, nullptr).template null<2>().template bad<2>({foreign}, zorStatusBadContext).template null<0>().template null<1>().untouched(dst).untouched(other).verify(name);
+  kit::Contract(f, dst.data(), other.data(), good, 0, nullptr)
+      .template null<2>()
+      .template bad<2>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .template null<1>()
+      .untouched(dst)
+      .untouched(other)
+      .verify(name);
 }
 template <class K, class... F> void allChecks(const K& kind, F... functions) {
   typename K::Spec *good = nullptr, *foreign = nullptr;
   ASSERT_EQ(kind.initAlloc(&good, 4, 8, 0), zorStatusOk);
   ASSERT_EQ(kind.initAlloc(&foreign, 4, 8, 0), zorStatusOk);
   *reinterpret_cast<Zor32u*>(foreign) = 8;
-  (checks(kind.name, functions, static_cast<const typename K::Spec*>(good), static_cast<const typename K::Spec*>(foreign)), ...);
+  (checks(kind.name, functions, static_cast<const typename K::Spec*>(good),
+          static_cast<const typename K::Spec*>(foreign)),
+   ...);
   *reinterpret_cast<Zor32u*>(foreign) = kind.tag;
   EXPECT_EQ(kind.free(good), zorStatusOk);
   EXPECT_EQ(kind.free(foreign), zorStatusOk);
 }
 
 TEST(FFTInteger, TransformsCheckTheSpecificationThenItsKindThenTheData) {
-  allChecks(c32sc, zorsFFTFwd_CToC_32sc_Sfs, zorsFFTInv_CToC_32sc_Sfs, zorsFFTFwd_CToC_32sc_ISfs, zorsFFTInv_CToC_32sc_ISfs);
+  allChecks(c32sc, zorsFFTFwd_CToC_32sc_Sfs, zorsFFTInv_CToC_32sc_Sfs, zorsFFTFwd_CToC_32sc_ISfs,
+            zorsFFTInv_CToC_32sc_ISfs);
   allChecks(c32s, zorsFFTFwd_CToC_32s_Sfs, zorsFFTInv_CToC_32s_Sfs, zorsFFTFwd_CToC_32s_ISfs, zorsFFTInv_CToC_32s_ISfs);
-  allChecks(r32s, zorsFFTFwd_RToPerm_32s_Sfs, zorsFFTInv_PermToR_32s_Sfs, zorsFFTFwd_RToPack_32s_Sfs, zorsFFTInv_PackToR_32s_Sfs, zorsFFTFwd_RToCCS_32s_Sfs, zorsFFTInv_CCSToR_32s_Sfs,
-            zorsFFTFwd_RToPerm_32s_ISfs, zorsFFTInv_PermToR_32s_ISfs, zorsFFTFwd_RToPack_32s_ISfs, zorsFFTInv_PackToR_32s_ISfs, zorsFFTFwd_RToCCS_32s_ISfs, zorsFFTInv_CCSToR_32s_ISfs);
+  allChecks(r32s, zorsFFTFwd_RToPerm_32s_Sfs, zorsFFTInv_PermToR_32s_Sfs, zorsFFTFwd_RToPack_32s_Sfs,
+            zorsFFTInv_PackToR_32s_Sfs, zorsFFTFwd_RToCCS_32s_Sfs, zorsFFTInv_CCSToR_32s_Sfs,
+            zorsFFTFwd_RToPerm_32s_ISfs, zorsFFTInv_PermToR_32s_ISfs, zorsFFTFwd_RToPack_32s_ISfs,
+            zorsFFTInv_PackToR_32s_ISfs, zorsFFTFwd_RToCCS_32s_ISfs, zorsFFTInv_CCSToR_32s_ISfs);
   allChecks(r16s32s, zorsFFTFwd_RToCCS_16s32s_Sfs, zorsFFTInv_CCSToR_32s16s_Sfs);
 }
 
@@ -260,11 +360,13 @@ TEST(FFTInteger, WithoutMemoryNothingIsWritten) {
   ASSERT_EQ(zorsFFTInitAlloc_C_32sc(&spec, 0, 8, 0), zorStatusOk);  // even one point needs a buffer
   const Zor32sc src = {5, 6};
   Zor32sc dst = {1, 2};
-  const int allocations = kit::failEachAllocation([&] { return zorsFFTFwd_CToC_32sc_Sfs(&src, &dst, spec, 0, nullptr); }, [&](int failed, ZorStatus status) {
-    EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory);
-    EXPECT_EQ(dst.re, failed < 0 ? 5 : 1);
-    EXPECT_EQ(kit::services().live, 0);
-  });
+  const int allocations =
+      kit::failEachAllocation([&] { return zorsFFTFwd_CToC_32sc_Sfs(&src, &dst, spec, 0, nullptr); },
+                              [&](int failed, ZorStatus status) {
+                                EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory);
+                                EXPECT_EQ(dst.re, failed < 0 ? 5 : 1);
+                                EXPECT_EQ(kit::services().live, 0);
+                              });
   EXPECT_EQ(allocations, 1);
   EXPECT_EQ(zorsFFTFree_C_32sc(spec), zorStatusOk);
 }

@@ -13,8 +13,11 @@
 
 namespace kinds {
 
-inline constexpr int flags[] = {ZOR_FFT_DIVIDE_FORWARD, ZOR_FFT_DIVIDE_INVERSE, ZOR_FFT_DIVIDE_BOTH_ROOT, ZOR_FFT_DIVIDE_NONE};
-inline bool scales(int flag, bool inverse) { return flag == ZOR_FFT_DIVIDE_BOTH_ROOT || flag == (inverse ? ZOR_FFT_DIVIDE_INVERSE : ZOR_FFT_DIVIDE_FORWARD); }
+inline constexpr int flags[] = {ZOR_FFT_DIVIDE_FORWARD, ZOR_FFT_DIVIDE_INVERSE, ZOR_FFT_DIVIDE_BOTH_ROOT,
+                                ZOR_FFT_DIVIDE_NONE};
+inline bool scales(int flag, bool inverse) {
+  return flag == ZOR_FFT_DIVIDE_BOTH_ROOT || flag == (inverse ? ZOR_FFT_DIVIDE_INVERSE : ZOR_FFT_DIVIDE_FORWARD);
+}
 template <class T> T scale(int flag, int order) {
   const double n = std::ldexp(1.0, order);
   return static_cast<T>(flag == ZOR_FFT_DIVIDE_BOTH_ROOT ? 1 / std::sqrt(n) : 1 / n);
@@ -33,16 +36,56 @@ template <class S, class E> struct Kind {
   ZorStatus (*getBufSize)(const S*, Zor32s*);
 };
 
-inline constexpr Kind<ZorsFFTSpec_C_32fc, Zor32f> c32fc = {"C_32fc", 28, false, zorsFFTGetSize_C_32fc, zorsFFTInit_C_32fc, zorsFFTInitAlloc_C_32fc, zorsFFTFree_C_32fc, zorsFFTGetBufSize_C_32fc};
-inline constexpr Kind<ZorsFFTSpec_C_32f, Zor32f> c32f = {"C_32f", 28, false, zorsFFTGetSize_C_32f, zorsFFTInit_C_32f, zorsFFTInitAlloc_C_32f, zorsFFTFree_C_32f, zorsFFTGetBufSize_C_32f};
-inline constexpr Kind<ZorsFFTSpec_R_32f, Zor32f> r32f = {"R_32f", 29, true, zorsFFTGetSize_R_32f, zorsFFTInit_R_32f, zorsFFTInitAlloc_R_32f, zorsFFTFree_R_32f, zorsFFTGetBufSize_R_32f};
-inline constexpr Kind<ZorsFFTSpec_C_64fc, Zor64f> c64fc = {"C_64fc", 27, false, zorsFFTGetSize_C_64fc, zorsFFTInit_C_64fc, zorsFFTInitAlloc_C_64fc, zorsFFTFree_C_64fc, zorsFFTGetBufSize_C_64fc};
-inline constexpr Kind<ZorsFFTSpec_C_64f, Zor64f> c64f = {"C_64f", 27, false, zorsFFTGetSize_C_64f, zorsFFTInit_C_64f, zorsFFTInitAlloc_C_64f, zorsFFTFree_C_64f, zorsFFTGetBufSize_C_64f};
-inline constexpr Kind<ZorsFFTSpec_R_64f, Zor64f> r64f = {"R_64f", 28, true, zorsFFTGetSize_R_64f, zorsFFTInit_R_64f, zorsFFTInitAlloc_R_64f, zorsFFTFree_R_64f, zorsFFTGetBufSize_R_64f};
+inline constexpr Kind<ZorsFFTSpec_C_32fc, Zor32f> c32fc = {"C_32fc",
+                                                           28,
+                                                           false,
+                                                           zorsFFTGetSize_C_32fc,
+                                                           zorsFFTInit_C_32fc,
+                                                           zorsFFTInitAlloc_C_32fc,
+                                                           zorsFFTFree_C_32fc,
+                                                           zorsFFTGetBufSize_C_32fc};
+inline constexpr Kind<ZorsFFTSpec_C_32f, Zor32f> c32f = {"C_32f",
+                                                         28,
+                                                         false,
+                                                         zorsFFTGetSize_C_32f,
+                                                         zorsFFTInit_C_32f,
+                                                         zorsFFTInitAlloc_C_32f,
+                                                         zorsFFTFree_C_32f,
+                                                         zorsFFTGetBufSize_C_32f};
+inline constexpr Kind<ZorsFFTSpec_R_32f, Zor32f> r32f = {"R_32f",
+                                                         29,
+                                                         true,
+                                                         zorsFFTGetSize_R_32f,
+                                                         zorsFFTInit_R_32f,
+                                                         zorsFFTInitAlloc_R_32f,
+                                                         zorsFFTFree_R_32f,
+                                                         zorsFFTGetBufSize_R_32f};
+inline constexpr Kind<ZorsFFTSpec_C_64fc, Zor64f> c64fc = {"C_64fc",
+                                                           27,
+                                                           false,
+                                                           zorsFFTGetSize_C_64fc,
+                                                           zorsFFTInit_C_64fc,
+                                                           zorsFFTInitAlloc_C_64fc,
+                                                           zorsFFTFree_C_64fc,
+                                                           zorsFFTGetBufSize_C_64fc};
+inline constexpr Kind<ZorsFFTSpec_C_64f, Zor64f> c64f = {"C_64f",
+                                                         27,
+                                                         false,
+                                                         zorsFFTGetSize_C_64f,
+                                                         zorsFFTInit_C_64f,
+                                                         zorsFFTInitAlloc_C_64f,
+                                                         zorsFFTFree_C_64f,
+                                                         zorsFFTGetBufSize_C_64f};
+inline constexpr Kind<ZorsFFTSpec_R_64f, Zor64f> r64f = {"R_64f",
+                                                         28,
+                                                         true,
+                                                         zorsFFTGetSize_R_64f,
+                                                         zorsFFTInit_R_64f,
+                                                         zorsFFTInitAlloc_R_64f,
+                                                         zorsFFTFree_R_64f,
+                                                         zorsFFTGetBufSize_R_64f};
 
-template <class F> void forEachKind(F f) {
-  f(c32fc), f(c32f), f(r32f), f(c64fc), f(c64f), f(r64f);
-}
+template <class F> void forEachKind(F f) { f(c32fc), f(c32f), f(r32f), f(c64fc), f(c64f), f(r64f); }
 
 // A spectrum in one of the packed formats, from Perm.
 enum Format { perm, pack, ccs };
@@ -57,7 +100,8 @@ template <class T> std::vector<T> packed(const std::vector<T>& spectrum, Format 
   return out;
 }
 
-// A specification in memory of exactly the reported sizes, at unreadable pages, `off` bytes from alignment; and its work buffer.
+// A specification in memory of exactly the reported sizes, at unreadable pages, `off` bytes from alignment; and its
+// work buffer.
 template <class S, class T> class Built {
  public:
   Built(const Kind<S, T>& kind, int order, int flag, std::size_t off = 0) {
@@ -65,7 +109,8 @@ template <class S, class T> class Built {
     EXPECT_EQ(kind.getSize(order, flag, zorAlgHintNone, &specSize, &initSize, &workSize), zorStatusOk);
     block_.emplace(static_cast<std::size_t>(specSize), kit::Edge::end, off);
     const kit::Guarded<Zor8u> init(static_cast<std::size_t>(initSize), kit::Edge::end, off);
-    EXPECT_EQ(kind.init(&spec_, order, flag, zorAlgHintNone, block_->data(), initSize == 0 ? nullptr : init.data()), zorStatusOk);
+    EXPECT_EQ(kind.init(&spec_, order, flag, zorAlgHintNone, block_->data(), initSize == 0 ? nullptr : init.data()),
+              zorStatusOk);
     EXPECT_TRUE(init.intact() && block_->intact()) << kind.name << " order " << order << ": Init wrote outside";
     work_.emplace(static_cast<std::size_t>(workSize), kit::Edge::end, off);
   }

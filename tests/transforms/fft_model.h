@@ -1,5 +1,5 @@
-// A plain scalar model of the staged transforms, to the bit: every sum and product rounds once where it stands, std::fma
-// fuses. It recurses from the last stage to the first and knows nothing of memory layouts.
+// A plain scalar model of the staged transforms, to the bit: every sum and product rounds once where it stands,
+// std::fma fuses. It recurses from the last stage to the first and knows nothing of memory layouts.
 #pragma once
 
 #include <cmath>
@@ -16,13 +16,14 @@ template <class T> using Signal = std::vector<Point<T>>;
 
 // ---- Twiddles -------------------------------------------------------------------------------------------------------
 
-// S[i] = sin(2 pi i / 2^order) as the library's tables have it: up to order 10 correctly rounded, above it the value at an
-// angle that was rounded to T.
+// S[i] = sin(2 pi i / 2^order) as the library's tables have it: up to order 10 correctly rounded, above it the value at
+// an angle that was rounded to T.
 template <class T> T sine(int order, std::size_t i) {
   const std::size_t turn = std::size_t{1} << order;
   if (order <= 10) {
     const long double angle = 2 * std::acos(-1.0L) / static_cast<long double>(turn);
-    return static_cast<T>(i <= turn / 8 ? std::sin(angle * static_cast<long double>(i)) : std::cos(angle * static_cast<long double>(turn / 4 - i)));
+    return static_cast<T>(i <= turn / 8 ? std::sin(angle * static_cast<long double>(i))
+                                        : std::cos(angle * static_cast<long double>(turn / 4 - i)));
   }
   const double step = 6.283185307179586 / static_cast<double>(turn);
   const auto angle = [&](std::size_t j) { return static_cast<double>(static_cast<T>(step * static_cast<double>(j))); };
@@ -73,16 +74,21 @@ template <class T> Signal<T> butterfly(const Signal<T>& t, bool inverse) {
     const Point<T> plain = {d.re + d13.im, d.im - d13.re}, other = {d.re - d13.im, d.im + d13.re};
     return {s + s13, inverse ? other : plain, s - s13, inverse ? plain : other};
   }
-  const Signal<T> even = butterfly<T>({t[0], t[2], t[4], t[6]}, inverse), odd = butterfly<T>({t[1], t[3], t[5], t[7]}, inverse);
+  const Signal<T> even = butterfly<T>({t[0], t[2], t[4], t[6]}, inverse),
+                  odd = butterfly<T>({t[1], t[3], t[5], t[7]}, inverse);
   const T root = static_cast<T>(std::sqrt(0.5L));
   Signal<T> out(8);
   for (std::size_t m = 0; m < 4; ++m) {
     const Point<T> o = odd[m];
     Point<T> part{};  // odd[m], m eighths of a turn back (forward)
     if (m == 0) part = o;
-    if (m == 1) part = inverse ? Point<T>{root * (o.re - o.im), root * (o.im + o.re)} : Point<T>{root * (o.re + o.im), root * (o.im - o.re)};
+    if (m == 1)
+      part = inverse ? Point<T>{root * (o.re - o.im), root * (o.im + o.re)}
+                     : Point<T>{root * (o.re + o.im), root * (o.im - o.re)};
     if (m == 2) part = inverse ? Point<T>{-o.im, o.re} : Point<T>{o.im, -o.re};
-    if (m == 3) part = inverse ? Point<T>{-root * (o.re + o.im), root * (o.re - o.im)} : Point<T>{root * (o.im - o.re), -root * (o.re + o.im)};
+    if (m == 3)
+      part = inverse ? Point<T>{-root * (o.re + o.im), root * (o.re - o.im)}
+                     : Point<T>{root * (o.im - o.re), -root * (o.re + o.im)};
     out[m] = even[m] + part;
     out[m + 4] = even[m] - part;
   }
@@ -94,18 +100,30 @@ template <class T> Signal<T> butterfly(const Signal<T>& t, bool inverse) {
 // The radices of an order, as a table.
 inline std::vector<std::size_t> plan(int order) {
   switch (order) {
-    case 0: return {};
-    case 1: return {2};
-    case 2: return {4};
-    case 3: return {8};
-    case 4: return {4, 4};
-    case 5: return {4, 8};
-    case 6: return {4, 4, 4};
-    case 7: return {4, 4, 8};
-    case 8: return {4, 4, 4, 4};
-    case 9: return {4, 4, 8, 4};
-    case 10: return {4, 4, 8, 8};
-    case 11: return {4, 4, 8, 4, 4};
+    case 0:
+      return {};
+    case 1:
+      return {2};
+    case 2:
+      return {4};
+    case 3:
+      return {8};
+    case 4:
+      return {4, 4};
+    case 5:
+      return {4, 8};
+    case 6:
+      return {4, 4, 4};
+    case 7:
+      return {4, 4, 8};
+    case 8:
+      return {4, 4, 4, 4};
+    case 9:
+      return {4, 4, 8, 4};
+    case 10:
+      return {4, 4, 8, 8};
+    case 11:
+      return {4, 4, 8, 4, 4};
     default: {
       std::vector<std::size_t> radices = {4, 4};
       if (order % 2 == 1) radices.push_back(8);
@@ -115,10 +133,12 @@ inline std::vector<std::size_t> plan(int order) {
   }
 }
 
-// One stage from its parts: part q is the transform of the points of residue q. The twiddles of a stage may all be those of
-// the table, or powers of the first.
+// One stage from its parts: part q is the transform of the points of residue q. The twiddles of a stage may all be
+// those of the table, or powers of the first.
 enum class Powers { fromTable, byProducts };
-template <class T> Signal<T> join(const std::vector<Signal<T>>& parts, const Twiddles<T>& twiddles, bool inverse, Powers powers = Powers::fromTable) {
+template <class T>
+Signal<T> join(const std::vector<Signal<T>>& parts, const Twiddles<T>& twiddles, bool inverse,
+               Powers powers = Powers::fromTable) {
   const std::size_t radix = parts.size(), span = parts[0].size();
   Signal<T> out(radix * span);
   for (std::size_t k = 0; k < span; ++k) {
@@ -126,8 +146,10 @@ template <class T> Signal<T> join(const std::vector<Signal<T>>& parts, const Twi
     t[0] = parts[0][k];
     Point<T> w{};
     for (std::size_t q = 1; q < radix; ++q) {
-      if (powers == Powers::byProducts && q > 1) w = turned(twiddles.at(k, radix * span), w, false);
-      else w = twiddles.at(q * k, radix * span);
+      if (powers == Powers::byProducts && q > 1)
+        w = turned(twiddles.at(k, radix * span), w, false);
+      else
+        w = twiddles.at(q * k, radix * span);
       t[q] = turned(w, parts[q][k], inverse);
     }
     const auto y = butterfly(t, inverse);
@@ -143,7 +165,8 @@ template <class T> std::vector<Signal<T>> residues(const Signal<T>& x, std::size
 }
 
 // The transform by the given radices, the first without twiddles.
-template <class T> Signal<T> staged(const Signal<T>& x, std::vector<std::size_t> radices, const Twiddles<T>& twiddles, bool inverse) {
+template <class T>
+Signal<T> staged(const Signal<T>& x, std::vector<std::size_t> radices, const Twiddles<T>& twiddles, bool inverse) {
   if (radices.empty()) return x;
   const std::size_t last = radices.back();
   if (radices.size() == 1) return butterfly(x, inverse);
@@ -156,7 +179,9 @@ template <class T> Signal<T> staged(const Signal<T>& x, std::vector<std::size_t>
 template <class T> inline constexpr int blockedOrder = sizeof(T) == 4 ? 19 : 18;
 
 // Any order: above the blocked order 2^bits interleaved sub-transforms, scaled, then the tile's stages.
-template <class T> Signal<T> complexTransform(const Signal<T>& x, int order, const Twiddles<T>& twiddles, bool inverse, bool scales, T scale) {
+template <class T>
+Signal<T> complexTransform(const Signal<T>& x, int order, const Twiddles<T>& twiddles, bool inverse, bool scales,
+                           T scale) {
   if (order < blockedOrder<T>) {
     auto out = staged(x, plan(order), twiddles, inverse);
     if (scales)
@@ -191,7 +216,8 @@ template <class T> Point<T> factor(std::size_t k, int order, const Twiddles<T>& 
 }
 
 // Perm order, from and to.
-template <class T> std::vector<T> realForward(const std::vector<T>& x, int order, const Twiddles<T>& twiddles, bool scales, T scale) {
+template <class T>
+std::vector<T> realForward(const std::vector<T>& x, int order, const Twiddles<T>& twiddles, bool scales, T scale) {
   const std::size_t n = x.size(), h = n / 2;
   std::vector<T> out(n);
   if (order <= 2) {
@@ -233,13 +259,15 @@ template <class T> std::vector<T> realForward(const std::vector<T>& x, int order
   return out;
 }
 
-template <class T> std::vector<T> realInverse(const std::vector<T>& x, int order, const Twiddles<T>& twiddles, bool scales, T scale) {
+template <class T>
+std::vector<T> realInverse(const std::vector<T>& x, int order, const Twiddles<T>& twiddles, bool scales, T scale) {
   const std::size_t n = x.size(), h = n / 2;
   std::vector<T> out(n);
   if (order <= 2) {
     if (order == 0) out = x;
     if (order == 1) out = {x[0] + x[1], x[0] - x[1]};
-    if (order == 2) out = {(x[0] + x[1]) + 2 * x[2], (x[0] - x[1]) - 2 * x[3], (x[0] + x[1]) - 2 * x[2], (x[0] - x[1]) + 2 * x[3]};
+    if (order == 2)
+      out = {(x[0] + x[1]) + 2 * x[2], (x[0] - x[1]) - 2 * x[3], (x[0] + x[1]) - 2 * x[2], (x[0] - x[1]) + 2 * x[3]};
   } else {
     Signal<T> z(h);
     z[0] = {x[0] + x[1], x[0] - x[1]};

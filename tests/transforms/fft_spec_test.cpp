@@ -8,37 +8,49 @@ namespace {
 
 using kinds::Kind;
 
-struct Sizes { long spec, init, work; };
+struct Sizes {
+  long spec, init, work;
+};
 bool operator==(const Sizes& a, const Sizes& b) { return a.spec == b.spec && a.init == b.init && a.work == b.work; }
 
 long down64(long x) { return x / 64 * 64; }
 long power(int n) { return 1L << n; }
 long reversal(int order) { return down64(power(order) + 67); }
-long sines(int order, bool wide) { return order < 11 ? 0 : (wide ? down64(2 * power(order) + 71) : reversal(order)) + 64; }
+long sines(int order, bool wide) {
+  return order < 11 ? 0 : (wide ? down64(2 * power(order) + 71) : reversal(order)) + 64;
+}
 
 // The published formulas.
 Sizes blocked(int order, bool wide) {
   const long e = wide ? 16 : 8;
-  const int threshold = wide ? 18 : 19, bits = order < (wide ? 22 : 23) ? 4 : 8, c = wide ? (bits == 4 ? 9 : 13) : (bits == 4 ? 10 : 14);
+  const int threshold = wide ? 18 : 19, bits = order < (wide ? 22 : 23) ? 4 : 8,
+            c = wide ? (bits == 4 ? 9 : 13) : (bits == 4 ? 10 : 14);
   Sizes s = {0, 0, 0};
   const int m = order - bits;
-  if (m < threshold) s = {down64(e * power(m) + e + 63), 0, down64(e * power(m) + 63)};
-  else s = blocked(m, wide);
+  if (m < threshold)
+    s = {down64(e * power(m) + e + 63), 0, down64(e * power(m) + 63)};
+  else
+    s = blocked(m, wide);
   return {s.spec + e * power(order - 1), 0, std::max(s.work, e * power(c))};
 }
 Sizes complexSizes(int order, bool wide) {
   const long e = wide ? 16 : 8;
   const int threshold = wide ? 18 : 19;
   if (order <= 6) return {208, 0, 0};
-  if (order < threshold) return {down64(e * power(order) + e + 63) + reversal(order) + 256, sines(order, wide), down64(e * power(order) + 63) + 64};
+  if (order < threshold)
+    return {down64(e * power(order) + e + 63) + reversal(order) + 256, sines(order, wide),
+            down64(e * power(order) + 63) + 64};
   const Sizes s = blocked(order, wide);
-  const long spec = s.spec + (wide ? 4 * power(order - 10) + 1088 : 4 * power(order - 12) + 4160), work = std::max(s.work, wide ? 32768L : 65536L);
+  const long spec = s.spec + (wide ? 4 * power(order - 10) + 1088 : 4 * power(order - 12) + 4160),
+             work = std::max(s.work, wide ? 32768L : 65536L);
   return {spec + 256, sines(order, wide), work + 64};
 }
 Sizes realSizes(int order, bool wide) {
   const long e = wide ? 16 : 8;
   if (order <= 4) return {208, 0, 0};
-  const long factors = order < (wide ? 17 : 19) ? down64(e * power(order) / 4 + 63) : wide ? down64(16 * power(order - 11) + 8255) : down64(8 * power(order - 12) + 8255);
+  const long factors = order < (wide ? 17 : 19) ? down64(e * power(order) / 4 + 63)
+                       : wide                   ? down64(16 * power(order - 11) + 8255)
+                                                : down64(8 * power(order - 12) + 8255);
   if (order <= 7) return {2 * factors + 256, 0, 0};
   const Sizes s = complexSizes(order - 1, wide);
   return {s.spec + 2 * factors, sines(order, wide), s.work};
@@ -50,7 +62,8 @@ TEST(FFTSpec, SizesFollowTheFormulasAtEveryOrder) {
     for (int order = 0; order <= kind.largestOrder; ++order) {
       Zor32s spec = -1, init = -1, work = -1;
       ASSERT_EQ(kind.getSize(order, ZOR_FFT_DIVIDE_NONE, zorAlgHintNone, &spec, &init, &work), zorStatusOk);
-      EXPECT_EQ((Sizes{spec, init, work}), (kind.real ? realSizes(order, wide) : complexSizes(order, wide))) << kind.name << " order " << order;
+      EXPECT_EQ((Sizes{spec, init, work}), (kind.real ? realSizes(order, wide) : complexSizes(order, wide)))
+          << kind.name << " order " << order;
     }
   });
 }
@@ -70,7 +83,9 @@ TEST(FFTSpec, SomeSizesByHand) {
 TEST(FFTSpec, GetSizeChecksTheOrderThenPointersThenTheFlagThenTheKindsOwnLimit) {
   kinds::forEachKind([](const auto& kind) {
     Zor32s a = 7, b = 7, c = 7;
-    const auto status = [&](int order, int flag, bool pointers = true) { return kind.getSize(order, flag, 5, pointers ? &a : nullptr, &b, &c); };
+    const auto status = [&](int order, int flag, bool pointers = true) {
+      return kind.getSize(order, flag, 5, pointers ? &a : nullptr, &b, &c);
+    };
     for (int order : {-1, 31, INT32_MIN, INT32_MAX}) {
       EXPECT_EQ(status(order, 0, false), zorStatusBadOrder) << kind.name;
       EXPECT_EQ(status(order, 8), zorStatusBadOrder) << kind.name;
@@ -179,35 +194,72 @@ TEST(FFTSpec, InitAllocReportsEveryFailureAndLeaksNothing) {
     EXPECT_EQ(kind.initAlloc(&spec, kind.largestOrder + 1, 8, 0), zorStatusBadOrder);
     for (int order : {3, 8, 12}) {
       Spec* made = nullptr;
-      const int allocations = kit::failEachAllocation([&] { return kind.initAlloc(&made, order, 8, 0); }, [&](int failed, ZorStatus status) {
-        EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory) << kind.name;
-        EXPECT_EQ(made == nullptr, failed >= 0) << kind.name;
-        if (made != nullptr) kind.free(made);
-        EXPECT_EQ(kit::services().live, 0) << kind.name << ": leaked";
-      });
+      const int allocations = kit::failEachAllocation([&] { return kind.initAlloc(&made, order, 8, 0); },
+                                                      [&](int failed, ZorStatus status) {
+                                                        EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory)
+                                                            << kind.name;
+                                                        EXPECT_EQ(made == nullptr, failed >= 0) << kind.name;
+                                                        if (made != nullptr) kind.free(made);
+                                                        EXPECT_EQ(kit::services().live, 0) << kind.name << ": leaked";
+                                                      });
       EXPECT_EQ(allocations, order < 11 ? 1 : 2) << kind.name;
     }
   });
 }
 
-// ---- Process functions: their checks ------------------------------------------------------------------------------------
+// ---- Process functions: their checks
+// ------------------------------------------------------------------------------------
 
-template <class S, class P> void processContract(const char* name, ZorStatus (*f)(const P*, P*, const S*, Zor8u*), const S* good, const S* foreign, std::vector<P>& data) {
+template <class S, class P>
+void processContract(const char* name, ZorStatus (*f)(const P*, P*, const S*, Zor8u*), const S* good, const S* foreign,
+                     std::vector<P>& data) {
   const std::vector<P> src(data.size());
-  kit::Contract(f, src.data(), data.data(), good, nullptr).template null<2>().template bad<2>({foreign}, zorStatusBadContext).template null<0>().template null<1>().untouched(data).verify(name);
+  kit::Contract(f, src.data(), data.data(), good, nullptr)
+      .template null<2>()
+      .template bad<2>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .template null<1>()
+      .untouched(data)
+      .verify(name);
 }
-template <class S, class P> void processContract(const char* name, ZorStatus (*f)(P*, const S*, Zor8u*), const S* good, const S* foreign, std::vector<P>& data) {
-  kit::Contract(f, data.data(), good, nullptr).template null<1>().template bad<1>({foreign}, zorStatusBadContext).template null<0>().untouched(data).verify(name);
+template <class S, class P>
+void processContract(const char* name, ZorStatus (*f)(P*, const S*, Zor8u*), const S* good, const S* foreign,
+                     std::vector<P>& data) {
+  kit::Contract(f, data.data(), good, nullptr)
+      .template null<1>()
+      .template bad<1>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .untouched(data)
+      .verify(name);
 }
-template <class S, class T> void processContract(const char* name, ZorStatus (*f)(const T*, const T*, T*, T*, const S*, Zor8u*), const S* good, const S* foreign, std::vector<T>& data) {
+template <class S, class T>
+void processContract(const char* name, ZorStatus (*f)(const T*, const T*, T*, T*, const S*, Zor8u*), const S* good,
+                     const S* foreign, std::vector<T>& data) {
   const std::vector<T> src(data.size());
   auto other = data;
   kit::Contract(f, src.data(), src.data(), data.data(), other.data(), good, nullptr)
-      .template null<4>().template bad<4>({foreign}, zorStatusBadContext).template null<0>().template null<1>().template null<2>().template null<3>().untouched(data).untouched(other).verify(name);
+      .template null<4>()
+      .template bad<4>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .template null<1>()
+      .template null<2>()
+      .template null<3>()
+      .untouched(data)
+      .untouched(other)
+      .verify(name);
 }
-template <class S, class T> void processContract(const char* name, ZorStatus (*f)(T*, T*, const S*, Zor8u*), const S* good, const S* foreign, std::vector<T>& data) {
+template <class S, class T>
+void processContract(const char* name, ZorStatus (*f)(T*, T*, const S*, Zor8u*), const S* good, const S* foreign,
+                     std::vector<T>& data) {
   auto other = data;
-  kit::Contract(f, data.data(), other.data(), good, nullptr).template null<2>().template bad<2>({foreign}, zorStatusBadContext).template null<0>().template null<1>().untouched(data).untouched(other).verify(name);
+  kit::Contract(f, data.data(), other.data(), good, nullptr)
+      .template null<2>()
+      .template bad<2>({foreign}, zorStatusBadContext)
+      .template null<0>()
+      .template null<1>()
+      .untouched(data)
+      .untouched(other)
+      .verify(name);
 }
 
 template <class K, class P, class... F> void processContracts(const K& kind, std::vector<P> data, F... functions) {
@@ -215,21 +267,31 @@ template <class K, class P, class... F> void processContracts(const K& kind, std
   ASSERT_EQ(kind.initAlloc(&good, 4, 8, 0), zorStatusOk);
   ASSERT_EQ(kind.initAlloc(&foreign, 4, 8, 0), zorStatusOk);
   ++*reinterpret_cast<Zor32u*>(foreign);
-  (processContract(kind.name, functions, static_cast<const typename K::Spec*>(good), static_cast<const typename K::Spec*>(foreign), data), ...);
+  (processContract(kind.name, functions, static_cast<const typename K::Spec*>(good),
+                   static_cast<const typename K::Spec*>(foreign), data),
+   ...);
   --*reinterpret_cast<Zor32u*>(foreign);
   EXPECT_EQ(kind.free(good), zorStatusOk);
   EXPECT_EQ(kind.free(foreign), zorStatusOk);
 }
 
 TEST(FFTProcess, ChecksTheSpecificationThenItsKindThenTheData) {
-  processContracts(kinds::c32fc, std::vector<Zor32fc>(16), zorsFFTFwd_CToC_32fc, zorsFFTInv_CToC_32fc, zorsFFTFwd_CToC_32fc_I, zorsFFTInv_CToC_32fc_I);
-  processContracts(kinds::c64fc, std::vector<Zor64fc>(16), zorsFFTFwd_CToC_64fc, zorsFFTInv_CToC_64fc, zorsFFTFwd_CToC_64fc_I, zorsFFTInv_CToC_64fc_I);
-  processContracts(kinds::c32f, std::vector<Zor32f>(16), zorsFFTFwd_CToC_32f, zorsFFTInv_CToC_32f, zorsFFTFwd_CToC_32f_I, zorsFFTInv_CToC_32f_I);
-  processContracts(kinds::c64f, std::vector<Zor64f>(16), zorsFFTFwd_CToC_64f, zorsFFTInv_CToC_64f, zorsFFTFwd_CToC_64f_I, zorsFFTInv_CToC_64f_I);
-  processContracts(kinds::r32f, std::vector<Zor32f>(18), zorsFFTFwd_RToPerm_32f, zorsFFTFwd_RToPack_32f, zorsFFTFwd_RToCCS_32f, zorsFFTInv_PermToR_32f, zorsFFTInv_PackToR_32f, zorsFFTInv_CCSToR_32f,
-                   zorsFFTFwd_RToPerm_32f_I, zorsFFTFwd_RToPack_32f_I, zorsFFTFwd_RToCCS_32f_I, zorsFFTInv_PermToR_32f_I, zorsFFTInv_PackToR_32f_I, zorsFFTInv_CCSToR_32f_I);
-  processContracts(kinds::r64f, std::vector<Zor64f>(18), zorsFFTFwd_RToPerm_64f, zorsFFTFwd_RToPack_64f, zorsFFTFwd_RToCCS_64f, zorsFFTInv_PermToR_64f, zorsFFTInv_PackToR_64f, zorsFFTInv_CCSToR_64f,
-                   zorsFFTFwd_RToPerm_64f_I, zorsFFTFwd_RToPack_64f_I, zorsFFTFwd_RToCCS_64f_I, zorsFFTInv_PermToR_64f_I, zorsFFTInv_PackToR_64f_I, zorsFFTInv_CCSToR_64f_I);
+  processContracts(kinds::c32fc, std::vector<Zor32fc>(16), zorsFFTFwd_CToC_32fc, zorsFFTInv_CToC_32fc,
+                   zorsFFTFwd_CToC_32fc_I, zorsFFTInv_CToC_32fc_I);
+  processContracts(kinds::c64fc, std::vector<Zor64fc>(16), zorsFFTFwd_CToC_64fc, zorsFFTInv_CToC_64fc,
+                   zorsFFTFwd_CToC_64fc_I, zorsFFTInv_CToC_64fc_I);
+  processContracts(kinds::c32f, std::vector<Zor32f>(16), zorsFFTFwd_CToC_32f, zorsFFTInv_CToC_32f,
+                   zorsFFTFwd_CToC_32f_I, zorsFFTInv_CToC_32f_I);
+  processContracts(kinds::c64f, std::vector<Zor64f>(16), zorsFFTFwd_CToC_64f, zorsFFTInv_CToC_64f,
+                   zorsFFTFwd_CToC_64f_I, zorsFFTInv_CToC_64f_I);
+  processContracts(kinds::r32f, std::vector<Zor32f>(18), zorsFFTFwd_RToPerm_32f, zorsFFTFwd_RToPack_32f,
+                   zorsFFTFwd_RToCCS_32f, zorsFFTInv_PermToR_32f, zorsFFTInv_PackToR_32f, zorsFFTInv_CCSToR_32f,
+                   zorsFFTFwd_RToPerm_32f_I, zorsFFTFwd_RToPack_32f_I, zorsFFTFwd_RToCCS_32f_I,
+                   zorsFFTInv_PermToR_32f_I, zorsFFTInv_PackToR_32f_I, zorsFFTInv_CCSToR_32f_I);
+  processContracts(kinds::r64f, std::vector<Zor64f>(18), zorsFFTFwd_RToPerm_64f, zorsFFTFwd_RToPack_64f,
+                   zorsFFTFwd_RToCCS_64f, zorsFFTInv_PermToR_64f, zorsFFTInv_PackToR_64f, zorsFFTInv_CCSToR_64f,
+                   zorsFFTFwd_RToPerm_64f_I, zorsFFTFwd_RToPack_64f_I, zorsFFTFwd_RToCCS_64f_I,
+                   zorsFFTInv_PermToR_64f_I, zorsFFTInv_PackToR_64f_I, zorsFFTInv_CCSToR_64f_I);
 }
 
 TEST(FFTProcess, WithoutABufferTheWorkMemoryIsAllocatedAndReleased) {
@@ -238,11 +300,13 @@ TEST(FFTProcess, WithoutABufferTheWorkMemoryIsAllocatedAndReleased) {
     ASSERT_EQ(zorsFFTInitAlloc_C_32fc(&spec, order, 8, 0), zorStatusOk);
     const std::size_t n = std::size_t{1} << order;
     std::vector<Zor32fc> src(n, {1, 0}), dst(n, {7, 7});
-    const int allocations = kit::failEachAllocation([&] { return zorsFFTFwd_CToC_32fc(src.data(), dst.data(), spec, nullptr); }, [&](int failed, ZorStatus status) {
-      EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory);
-      EXPECT_EQ(dst[0].re, failed < 0 ? static_cast<Zor32f>(n) : 7);
-      EXPECT_EQ(kit::services().live, 0);
-    });
+    const int allocations =
+        kit::failEachAllocation([&] { return zorsFFTFwd_CToC_32fc(src.data(), dst.data(), spec, nullptr); },
+                                [&](int failed, ZorStatus status) {
+                                  EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory);
+                                  EXPECT_EQ(dst[0].re, failed < 0 ? static_cast<Zor32f>(n) : 7);
+                                  EXPECT_EQ(kit::services().live, 0);
+                                });
     EXPECT_EQ(allocations, order > 6 ? 1 : 0);
     EXPECT_EQ(zorsFFTFree_C_32fc(spec), zorStatusOk);
   }
@@ -263,7 +327,8 @@ TEST(FFTProcess, EightThreadsOnOneSpecificationGetTheBitsOfOne) {
     for (auto& result : results)
       threads.emplace_back([&] {
         std::vector<Zor8u> buffer(static_cast<std::size_t>(size));
-        for (int repeat = 0; repeat < (order < 12 ? 50 : 1); ++repeat) EXPECT_EQ(zorsFFTFwd_CToC_32fc(x.data(), result.data(), spec, buffer.data()), zorStatusOk);
+        for (int repeat = 0; repeat < (order < 12 ? 50 : 1); ++repeat)
+          EXPECT_EQ(zorsFFTFwd_CToC_32fc(x.data(), result.data(), spec, buffer.data()), zorStatusOk);
       });
     for (auto& thread : threads) thread.join();
     for (auto& result : results) EXPECT_EQ(kit::firstDifference<Zor32fc>(result, wanted), "");

@@ -18,7 +18,8 @@ template <class T> Pair<T> productWithConjugate(Pair<T> s, Pair<T> d) {
   return {std::fma(d.first, s.first, re), std::fma(d.first, s.second, -im)};
 }
 
-template <class T, class Op> std::vector<T> model(Format format, const std::vector<T>& a, const std::vector<T>& b, Op op) {
+template <class T, class Op>
+std::vector<T> model(Format format, const std::vector<T>& a, const std::vector<T>& b, Op op) {
   const std::size_t n = a.size();
   std::vector<T> out(n);
   std::vector<bool> real(n, false);
@@ -37,7 +38,8 @@ template <class T, class Op> std::vector<T> model(Format format, const std::vect
   return out;
 }
 
-template <class T, class Call> void inPlace(const char* name, Format format, Call call, Pair<T> (*op)(Pair<T>, Pair<T>)) {
+template <class T, class Call>
+void inPlace(const char* name, Format format, Call call, Pair<T> (*op)(Pair<T>, Pair<T>)) {
   kit::Random random(2);
   for (int len : kit::sweepLengths())
     for (kit::Edge edge : kit::bothEdges)
@@ -46,13 +48,15 @@ template <class T, class Call> void inPlace(const char* name, Format format, Cal
         const auto a = kit::anyValues<T>(n, random), b = kit::anyValues<T>(n, random);
         const kit::Guarded<T> src(a, edge, off * sizeof(T)), srcDst(b, edge, off * sizeof(T));
         ASSERT_EQ(call(src.data(), srcDst.data(), len), zorStatusOk);
-        ASSERT_EQ(kit::firstDifference<T>(srcDst.span(), model(format, a, b, op)), "") << name << " len " << len << " off " << off;
+        ASSERT_EQ(kit::firstDifference<T>(srcDst.span(), model(format, a, b, op)), "")
+            << name << " len " << len << " off " << off;
         ASSERT_EQ(kit::firstDifference<T>(src.span(), a), "") << name << ": the source changed";
         ASSERT_TRUE(srcDst.intact()) << name << " len " << len << ": wrote outside";
       }
 }
 template <class T, class Call> void outOfPlace(const char* name, Format format, Call call) {
-  inPlace<T>(name, format, [call](const T* src, T* srcDst, Zor32s len) { return call(src, srcDst, srcDst, len); }, product<T>);
+  inPlace<T>(
+      name, format, [call](const T* src, T* srcDst, Zor32s len) { return call(src, srcDst, srcDst, len); }, product<T>);
   kit::Random random(3);
   for (int len : kit::sweepLengths()) {
     const auto n = static_cast<std::size_t>(len);
@@ -63,9 +67,11 @@ template <class T, class Call> void outOfPlace(const char* name, Format format, 
     ASSERT_TRUE(dst.intact()) << name << " len " << len << ": wrote outside";
     // The operand that is overwritten counts as the second one.
     ASSERT_EQ(call(src1.data(), src2.data(), src1.data(), len), zorStatusOk);
-    ASSERT_EQ(kit::firstDifference<T>(src1.span(), model(format, b, a, product<T>)), "") << name << ", the first operand overwritten, len " << len;
+    ASSERT_EQ(kit::firstDifference<T>(src1.span(), model(format, b, a, product<T>)), "")
+        << name << ", the first operand overwritten, len " << len;
     ASSERT_EQ(call(src2.data(), src2.data(), src2.data(), len), zorStatusOk);
-    ASSERT_EQ(kit::firstDifference<T>(src2.span(), model(format, b, b, product<T>)), "") << name << ", squared in place, len " << len;
+    ASSERT_EQ(kit::firstDifference<T>(src2.span(), model(format, b, b, product<T>)), "")
+        << name << ", squared in place, len " << len;
   }
 }
 
@@ -109,12 +115,23 @@ TEST(PackedSpectra, PermOfOneAndTwoValuesIsAllReal) {
 template <class T> void contracts(ZorStatus (*three)(const T*, const T*, T*, Zor32s), const char* name) {
   const std::vector<T> a(8, T(1)), b(8, T(2));
   std::vector<T> dst(8, T(3));
-  kit::Contract(three, a.data(), b.data(), dst.data(), 8).template null<0>().template null<1>().template null<2>().template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(three, a.data(), b.data(), dst.data(), 8)
+      .template null<0>()
+      .template null<1>()
+      .template null<2>()
+      .template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
 template <class T> void contracts(ZorStatus (*two)(const T*, T*, Zor32s), const char* name) {
   const std::vector<T> a(8, T(1));
   std::vector<T> dst(8, T(3));
-  kit::Contract(two, a.data(), dst.data(), 8).template null<0>().template null<1>().template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize).untouched(dst).verify(name);
+  kit::Contract(two, a.data(), dst.data(), 8)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .untouched(dst)
+      .verify(name);
 }
 
 TEST(PackedSpectra, ChecksPointersThenLength) {
