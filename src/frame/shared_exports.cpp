@@ -25,9 +25,8 @@ template <class T> consteval Passed passed() {
 // Parts of one 8-byte word travel in one register of their class, whatever they are inside.
 template <class A, class B> consteval bool alike() {
   constexpr Passed a = passed<A>(), b = passed<B>();
-  if constexpr (a == Passed::nothing || b == Passed::nothing)
-    return a == b;
-  else if constexpr (a == Passed::pointer || b == Passed::pointer)
+  constexpr auto alone = [](Passed p) { return p == Passed::nothing || p == Passed::pointer; };
+  if constexpr (alone(a) || alone(b))
     return a == b;
   else {
     constexpr bool floatA = a == Passed::floating || a == Passed::floatPair;
