@@ -34,9 +34,7 @@ template <> struct Narrow<Zor8u> {
 };
 template <> struct Narrow<Zor16s> {
   static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
-  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
-    return saturate<Zor16s>(toInteger<r>(limitAboveKeepNan(x, 32767.0f)));
-  }
+  template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return to16s<r>(x); }
 };
 template <> struct Narrow<Zor16u> {  // NaN goes to the lower bound
   static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }

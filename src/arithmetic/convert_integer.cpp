@@ -67,7 +67,7 @@ ZorStatus zorsConvert_16s8s_Sfs(const Zor16s* src, Zor8s* dst, Zor32u len, ZorRo
 // Scale factors beyond the clamps act as these.
 ZorStatus zorsConvert_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
-    withScale<Zor16s>(std::clamp(scaleFactor, -15, 31), [&](auto scale) {
+    withScale<Zor16s, Vec<Zor32s, block<Zor16s>>>(std::clamp(scaleFactor, -15, 31), [&](auto scale) {
       map<block<Zor16s>>([scale](auto x) ZORS_INLINE_LAMBDA { return scale(x); }, len, dst, src);
     });
   });

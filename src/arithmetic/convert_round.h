@@ -45,6 +45,11 @@ template <class V> ZORS_INLINE V limitNanToLow(V x, typename V::Element low, typ
   return simd::min(simd::max(x, simd::same(x, low)), simd::same(x, high));
 }
 
+// 32-bit floats to 16-bit integers, saturated; NaN converts to 0x80000000 and packs low.
+template <Rounding rounding, class V> ZORS_INLINE auto to16s(V x) {
+  return simd::saturate<Zor16s>(toInteger<rounding>(limitAboveKeepNan(x, 32767.0f)));
+}
+
 // 2^-scaleFactor with the exponent formed in 32 bits, wrapping: out of an exponent's range it is another power, zero or
 // infinity, of either sign.
 inline Zor32f wrappingFactor(Zor32s scaleFactor) {

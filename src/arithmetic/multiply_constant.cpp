@@ -1,20 +1,125 @@
 // zorsMulC_*: products of a vector and a constant.
-#include "arithmetic/elementwise.h"
+#include <algorithm>
+#include <cmath>
+
+#include "arithmetic/convert_round.h"
+#include "arithmetic/products.h"
 
 namespace zors {
 namespace {
 
-struct Mul {
-  template <class V> ZORS_INLINE V operator()(V a, V b) const { return simd::mul(a, b); }
+using namespace simd;
+
+struct TimesSaturated {  // 16s
+  ZORS_INLINE auto operator()(auto a, auto b) const { return saturate<Zor16s>(Times{}(a, b)); }
 };
+
+ZorStatus inDouble(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len, Zor32s scaleFactor) {
+  return check().pointers(src, dst).size(len).then([&] {
+    const RoundingScope scope(RoundingScope::nearest);
+    const TimesInDouble times{productFactor(scaleFactor)};
+    map<block<Zor32s>>([=](auto x) ZORS_INLINE_LAMBDA { return times(x, same(x, val)); }, len, dst, src);
+  });
+}
+
+using Wide = unsigned __int128;
+
+// data[i] = the magnitude scale(|data[i]| * |val|) with the product's sign, saturated. No vector unit multiplies 64
+// bits by 64; the scalar one does so every cycle.
+template <class Scale> void scaleProducts(Zor64s val, Zor64s* data, Zor32u len, Scale scale) {
+  const auto magnitude = [](Zor64s x) { return x < 0 ? -static_cast<Zor64u>(x) : static_cast<Zor64u>(x); };
+  const Zor64u factor = magnitude(val);
+  for (Zor32u i = 0; i < len; ++i) {
+    const auto sign = static_cast<Zor64u>((data[i] ^ val) >> 63);  // 0 or all ones
+    const Zor64u bound = (~Zor64u{0} >> 1) - sign;
+    const Wide scaled = scale(Wide{magnitude(data[i])} * factor);
+    const Zor64u limited = scaled > bound ? bound : static_cast<Zor64u>(scaled);
+    data[i] = static_cast<Zor64s>((limited ^ sign) - sign);
+  }
+}
+
+void scaleProducts(Zor64s val, Zor64s* data, Zor32u len, Zor32s scaleFactor) {
+  if (scaleFactor > 126) {
+    std::fill_n(data, len, 0);
+  } else if (scaleFactor > 0) {
+    const Wide half = Wide{1} << (scaleFactor - 1), cut = (Wide{1} << scaleFactor) - 1;
+    scaleProducts(val, data, len, [=](Wide t) {
+      const Wide quotient = t >> scaleFactor;
+      return quotient + ((t & cut) > half - (quotient & 1));
+    });
+  } else {  // from -63 on every value but 0 saturates
+    const int up = scaleFactor < -63 ? 63 : -scaleFactor;
+    const Wide most = (Wide{1} << 63) >> up;  // every greater magnitude saturates
+    scaleProducts(val, data, len, [=](Wide t) { return std::min(t, most + 1) << up; });
+  }
+}
 
 }  // namespace
 
+ZorStatus zorsMulC_64s_ISfs(Zor64s val, Zor64s* srcDst, Zor32u len, Zor32s scaleFactor) {
+  return check().pointers(srcDst).require(len != 0, zorStatusBadSize).then([&] {
+    scaleProducts(val, srcDst, len, scaleFactor);
+  });
+}
+
+// The exponent of val joins the scale factor; what is left is a 53-bit integer.
+ZorStatus zorsMulC_64f64s_ISfs(Zor64f val, Zor64s* srcDst, Zor32u len, Zor32s scaleFactor) {
+  return check().pointers(srcDst).require(len != 0, zorStatusBadSize).then([&] {
+    const auto bits = std::bit_cast<Zor64u>(val);
+    const auto exponent = static_cast<Zor32s>(bits >> 52 & 0x7FF);
+    const auto fraction = static_cast<Zor64s>(bits & ((Zor64u{1} << 52) - 1));
+    const Zor64s mantissa = exponent == 0 ? fraction : fraction | Zor64s{1} << 52;
+    const Zor64s factor = std::signbit(val) ? -mantissa : mantissa;
+    if (std::isinf(val))  // every element but 0 saturates
+      scaleProducts(factor, srcDst, len, -63);
+    else
+      scaleProducts(factor, srcDst, len,
+                    std::clamp(scaleFactor, -4096, 4096) - exponent + (exponent == 0 ? 1074 : 1075));
+  });
+}
+
+// The factor val * 2^-scaleFactor is rounded once.
+ZorStatus zorsMulC_32f16s_Sfs(const Zor32f* src, Zor32f val, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
+  return check().pointers(src, dst).size(len).then([&] {
+    const RoundingScope scope(RoundingScope::nearest);
+    const Zor32f factor = std::scalbn(inScope(val), -std::clamp(scaleFactor, -512, 512));
+    map<block<Zor16s>>([=](auto x) ZORS_INLINE_LAMBDA { return to16s<Rounding::nearestEven>(mul(x, same(x, factor))); },
+                       len, dst, src);
+  });
+}
+
+// In the current rounding direction; products past 32 bits convert to 0x80000000.
+ZorStatus zorsMulC_Low_32f16s(const Zor32f* src, Zor32f val, Zor16s* dst, Zor32s len) {
+  return check().pointers(src, dst).size(len).then([&] {
+    map<block<Zor16s>>([=](auto x)
+                           ZORS_INLINE_LAMBDA { return saturate<Zor16s>(toIntegerCurrent(mul(x, same(x, val)))); },
+                       len, dst, src);
+  });
+}
+
 // clang-format off
-ZorStatus zorsMulC_32f(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len) { return withConstant<Mul>(src, val, dst, len); }
-ZorStatus zorsMulC_64f(const Zor64f* src, Zor64f val, Zor64f* dst, Zor32s len) { return withConstant<Mul>(src, val, dst, len); }
-ZorStatus zorsMulC_32f_I(Zor32f val, Zor32f* srcDst, Zor32s len) { return withConstant<Mul>(srcDst, val, srcDst, len); }
-ZorStatus zorsMulC_64f_I(Zor64f val, Zor64f* srcDst, Zor32s len) { return withConstant<Mul>(srcDst, val, srcDst, len); }
+ZorStatus zorsMulC_8u_Sfs(const Zor8u* src, Zor8u val, Zor8u* dst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(src, val, dst, len, scaleFactor); }
+ZorStatus zorsMulC_16s_Sfs(const Zor16s* src, Zor16s val, Zor16s* dst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(src, val, dst, len, scaleFactor); }
+ZorStatus zorsMulC_16u_Sfs(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(src, val, dst, len, scaleFactor); }
+ZorStatus zorsMulC_32s_Sfs(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len, Zor32s scaleFactor) { return inDouble(src, val, dst, len, scaleFactor); }
+ZorStatus zorsMulC_16sc_Sfs(const Zor16sc* src, Zor16sc val, Zor16sc* dst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(src, val, dst, len, scaleFactor); }
+ZorStatus zorsMulC_32sc_Sfs(const Zor32sc* src, Zor32sc val, Zor32sc* dst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(src, val, dst, len, scaleFactor); }
+ZorStatus zorsMulC_8u_ISfs(Zor8u val, Zor8u* srcDst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(srcDst, val, srcDst, len, scaleFactor); }
+ZorStatus zorsMulC_16s_ISfs(Zor16s val, Zor16s* srcDst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(srcDst, val, srcDst, len, scaleFactor); }
+ZorStatus zorsMulC_16u_ISfs(Zor16u val, Zor16u* srcDst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(srcDst, val, srcDst, len, scaleFactor); }
+ZorStatus zorsMulC_32s_ISfs(Zor32s val, Zor32s* srcDst, Zor32s len, Zor32s scaleFactor) { return inDouble(srcDst, val, srcDst, len, scaleFactor); }
+ZorStatus zorsMulC_16sc_ISfs(Zor16sc val, Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(srcDst, val, srcDst, len, scaleFactor); }
+ZorStatus zorsMulC_32sc_ISfs(Zor32sc val, Zor32sc* srcDst, Zor32s len, Zor32s scaleFactor) { return withConstantScaled<Times>(srcDst, val, srcDst, len, scaleFactor); }
+ZorStatus zorsMulC_16s_I(Zor16s val, Zor16s* srcDst, Zor32s len) { return withConstant<TimesSaturated>(srcDst, val, srcDst, len); }
+
+ZorStatus zorsMulC_32f(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len) { return withConstant<Times>(src, val, dst, len); }
+ZorStatus zorsMulC_64f(const Zor64f* src, Zor64f val, Zor64f* dst, Zor32s len) { return withConstant<Times>(src, val, dst, len); }
+ZorStatus zorsMulC_32fc(const Zor32fc* src, Zor32fc val, Zor32fc* dst, Zor32s len) { return withConstant<Times>(src, val, dst, len); }
+ZorStatus zorsMulC_64fc(const Zor64fc* src, Zor64fc val, Zor64fc* dst, Zor32s len) { return withConstant<Times>(src, val, dst, len); }
+ZorStatus zorsMulC_32f_I(Zor32f val, Zor32f* srcDst, Zor32s len) { return withConstant<Times>(srcDst, val, srcDst, len); }
+ZorStatus zorsMulC_64f_I(Zor64f val, Zor64f* srcDst, Zor32s len) { return withConstant<Times>(srcDst, val, srcDst, len); }
+ZorStatus zorsMulC_32fc_I(Zor32fc val, Zor32fc* srcDst, Zor32s len) { return withConstant<Times>(srcDst, val, srcDst, len); }
+ZorStatus zorsMulC_64fc_I(Zor64fc val, Zor64fc* srcDst, Zor32s len) { return withConstant<Times>(srcDst, val, srcDst, len); }
 // clang-format on
 
 }  // namespace zors

@@ -9,6 +9,7 @@
 #include <concepts>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <type_traits>
 #include <utility>
 
@@ -27,6 +28,15 @@ template <> struct RegisterOf<Zor32f> { using type = __m256; };
 template <> struct RegisterOf<Zor32fc> { using type = __m256; };
 template <> struct RegisterOf<Zor64f> { using type = __m256d; };
 template <> struct RegisterOf<Zor64fc> { using type = __m256d; };
+
+// The type of a complex element's parts; of a real element, its own.
+template <class T> struct PartOf { using type = T; };
+template <class T>
+requires requires(T z) { z.re; }
+struct PartOf<T> {
+  using type = decltype(T::re);
+};
+template <class T> using Part = typename PartOf<T>::type;
 
 // Elements in memory order, or in the order that unpacking within 128-bit halves leaves: of two registers with elements
 // 0 to 15, the first holds 0-3 and 8-11, the second 4-7 and 12-15. Packing undoes it.
@@ -120,6 +130,20 @@ template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> same(Vec<T, L, O>, s
 // ---- Operations, one line each
 // ------------------------------------------------------------------------------------------
 
+// What the instruction set leaves out: shifts of bytes, and of signed 64-bit elements.
+ZORS_INLINE __m256i shiftRight8(__m256i x, __m128i count) {
+  const __m256i kept = _mm256_srl_epi16(_mm256_set1_epi16(0xFF), count);
+  return _mm256_and_si256(_mm256_srl_epi16(x, count), _mm256_or_si256(kept, _mm256_slli_epi16(kept, 8)));
+}
+ZORS_INLINE __m256i shiftLeft8(__m256i x, __m128i count) {
+  const __m256i kept = _mm256_and_si256(_mm256_sll_epi16(_mm256_set1_epi16(0xFF), count), _mm256_set1_epi16(0xFF));
+  return _mm256_and_si256(_mm256_sll_epi16(x, count), _mm256_or_si256(kept, _mm256_slli_epi16(kept, 8)));
+}
+ZORS_INLINE __m256i shiftRight64(__m256i x, __m128i count) {
+  const __m256i sign = _mm256_cmpgt_epi64(_mm256_setzero_si256(), x);
+  return _mm256_xor_si256(_mm256_srl_epi64(_mm256_xor_si256(x, sign), count), sign);
+}
+
 #define ZORS_OP1(name, T, instruction)                                                          \
   template <int L, Order O> ZORS_INLINE Vec<T, L, O> name(Vec<T, L, O> a) {                     \
     return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(a.r[i]); }); \
@@ -186,6 +210,8 @@ ZORS_OP(subSaturated, Zor8u, _mm256_subs_epu8)
 ZORS_OP(subSaturated, Zor8s, _mm256_subs_epi8)
 ZORS_OP(subSaturated, Zor16s, _mm256_subs_epi16)
 ZORS_OP(subSaturated, Zor16u, _mm256_subs_epu16)
+ZORS_OP(average, Zor8u, _mm256_avg_epu8)  // (a + b + 1) / 2, rounded down
+ZORS_OP(average, Zor16u, _mm256_avg_epu16)
 ZORS_OP(min, Zor8u, _mm256_min_epu8)
 ZORS_OP(min, Zor8s, _mm256_min_epi8)
 ZORS_OP(min, Zor16s, _mm256_min_epi16)
@@ -214,11 +240,15 @@ ZORS_OP(equal, Zor32s, _mm256_cmpeq_epi32)
 ZORS_OP(equal, Zor32u, _mm256_cmpeq_epi32)
 ZORS_OP(equal, Zor64s, _mm256_cmpeq_epi64)
 ZORS_OP(equal, Zor64u, _mm256_cmpeq_epi64)
-ZORS_SHIFT(shiftRight, Zor16s, _mm256_sra_epi16)  // signed: arithmetic; unsigned: zeros move in
+ZORS_SHIFT(shiftRight, Zor8u, shiftRight8)  // signed: arithmetic; unsigned: zeros move in; any count
+ZORS_SHIFT(shiftRight, Zor16s, _mm256_sra_epi16)
 ZORS_SHIFT(shiftRight, Zor16u, _mm256_srl_epi16)
 ZORS_SHIFT(shiftRight, Zor32s, _mm256_sra_epi32)
 ZORS_SHIFT(shiftRight, Zor32u, _mm256_srl_epi32)
+ZORS_SHIFT(shiftRight, Zor64s, shiftRight64)
 ZORS_SHIFT(shiftRight, Zor64u, _mm256_srl_epi64)
+ZORS_SHIFT(shiftLeft, Zor8s, shiftLeft8)
+ZORS_SHIFT(shiftLeft, Zor8u, shiftLeft8)
 ZORS_SHIFT(shiftLeft, Zor16s, _mm256_sll_epi16)
 ZORS_SHIFT(shiftLeft, Zor16u, _mm256_sll_epi16)
 ZORS_SHIFT(shiftLeft, Zor32s, _mm256_sll_epi32)
@@ -264,6 +294,17 @@ ZORS_BITS(differing, _mm256_xor_si256)
 ZORS_BITS(without, _mm256_andnot_si256)  // the bits of b that are not in a
 #undef ZORS_BITS
 
+// All ones where a >= b, else 0.
+template <class T, int L, Order O>
+requires(sizeof(T) <= 4 && std::is_unsigned_v<T>) ZORS_INLINE Vec<T, L, O> atLeast(Vec<T, L, O> a, Vec<T, L, O> b) {
+  return equal(max(a, b), a);
+}
+template <int L, Order O> ZORS_INLINE Vec<Zor64u, L, O> atLeast(Vec<Zor64u, L, O> a, Vec<Zor64u, L, O> b) {
+  const auto top = same(a, Zor64u{1} << 63);
+  return differing(as<Zor64u>(above(as<Zor64s>(differing(b, top)), as<Zor64s>(differing(a, top)))),
+                   same(a, ~Zor64u{0}));
+}
+
 // All ones where x is not NaN, else 0.
 template <int L> ZORS_INLINE Vec<Zor32f, L> ordered(Vec<Zor32f, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(x.r[i], x.r[i], _CMP_ORD_Q); });
@@ -277,6 +318,44 @@ ZORS_INLINE Vec<T, L, O> select(Vec<M, L, O> mask, Vec<T, L, O> a, Vec<T, L, O> 
   return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA {
     return fromBits<R>(_mm256_blendv_epi8(bits(a.r[i]), bits(b.r[i]), bits(mask.r[i])));
   });
+}
+
+// ---- Saturating sums without an instruction
+// -----------------------------------------------------------------------------
+
+// The sum, and where the sign bit of overflow is set the bound that the wrapped sum's sign has left.
+template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> boundWhere(Vec<T, L, O> overflow, Vec<T, L, O> sum) {
+  return build<Vec<T, L, O>>([&](auto i) ZORS_INLINE_LAMBDA {
+    if constexpr (sizeof(T) == 4) {
+      const __m256i bound = _mm256_xor_si256(_mm256_srai_epi32(sum.r[i], 31), _mm256_set1_epi32(INT32_MIN));
+      return bits(_mm256_blendv_ps(_mm256_castsi256_ps(sum.r[i]), _mm256_castsi256_ps(bound),
+                                   _mm256_castsi256_ps(overflow.r[i])));
+    } else {
+      const __m256i bound =
+          _mm256_xor_si256(_mm256_cmpgt_epi64(_mm256_setzero_si256(), sum.r[i]), _mm256_set1_epi64x(INT64_MIN));
+      return bits(_mm256_blendv_pd(_mm256_castsi256_pd(sum.r[i]), _mm256_castsi256_pd(bound),
+                                   _mm256_castsi256_pd(overflow.r[i])));
+    }
+  });
+}
+template <class T, int L, Order O>
+requires(sizeof(T) >= 4 && std::is_signed_v<T>) ZORS_INLINE Vec<T, L, O> addSaturated(Vec<T, L, O> a, Vec<T, L, O> b) {
+  const auto sum = add(a, b);
+  return boundWhere(both(differing(a, sum), differing(b, sum)), sum);
+}
+template <class T, int L, Order O>
+requires(sizeof(T) >= 4 && std::is_signed_v<T>) ZORS_INLINE Vec<T, L, O> subSaturated(Vec<T, L, O> a, Vec<T, L, O> b) {
+  const auto difference = sub(a, b);
+  return boundWhere(both(differing(a, b), differing(a, difference)), difference);
+}
+template <class T, int L, Order O>
+requires(sizeof(T) >= 4 && std::is_unsigned_v<T>) ZORS_INLINE Vec<T, L, O> addSaturated(Vec<T, L, O> a,
+                                                                                        Vec<T, L, O> b) {
+  const auto ones = same(a, std::numeric_limits<T>::max());
+  if constexpr (sizeof(T) == 4)
+    return add(a, min(b, differing(a, ones)));
+  else  // the sum wrapped where it is below an operand
+    return either(add(a, b), differing(atLeast(add(a, b), a), ones));
 }
 
 // ---- Widening and narrowing
@@ -309,6 +388,13 @@ ZORS_SATURATE(Zor16s, Zor8s, _mm256_packs_epi16)
 ZORS_SATURATE(Zor32s, Zor16s, _mm256_packs_epi32)
 ZORS_SATURATE(Zor32s, Zor16u, _mm256_packus_epi32)
 #undef ZORS_SATURATE
+
+// From unsigned elements, which the instructions read as signed ones.
+template <class D, class W, int L>
+requires(std::is_unsigned_v<W> && sizeof(W) == 2 * sizeof(D)) ZORS_INLINE Vec<D, L> saturate(Split<W, L> x) {
+  using S = std::make_signed_t<W>;
+  return saturate<D>(as<S>(min(x, same(x, W{std::numeric_limits<D>::max()}))));
+}
 
 // The same from memory order.
 template <class D, class W, int L>
@@ -344,6 +430,7 @@ template <class W, class N, int L> ZORS_INLINE __m128i lowPart(Vec<N, L> x, int 
   requires std::is_same_v<D, W> ZORS_INLINE Vec<W, L> extend(Vec<N, L> x) {                            \
     return build<Vec<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return instruction(lowPart<W>(x, i)); }); \
   }
+ZORS_EXTEND(Zor8u, Zor16u, _mm256_cvtepu8_epi16)
 ZORS_EXTEND(Zor8s, Zor16s, _mm256_cvtepi8_epi16)
 ZORS_EXTEND(Zor8s, Zor32s, _mm256_cvtepi8_epi32)
 ZORS_EXTEND(Zor8u, Zor32s, _mm256_cvtepu8_epi32)

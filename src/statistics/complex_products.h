@@ -5,13 +5,11 @@
 
 namespace zors::sums {
 
-template <class C> struct PartOf { using type = decltype(C::re); };
-
 // Pairs by pairs: the sums of re1 * src2 and of im1 * src2 are kept apart, in eight lanes each over four pairs, and
 // joined at the end: re = the first's even lanes less the second's odd ones, im = the first's odd lanes and the
 // second's even ones.
 template <class C> ZORS_INLINE Pair<Zor64f> dotOfPairsWide(const C* src1, const C* src2, std::ptrdiff_t n) {
-  using T = typename PartOf<C>::type;
+  using T = simd::Part<C>;
   auto byRe = simd::splat<Vec<Zor64f, 8>>(0), byIm = byRe;
   rows<4>(
       [&](auto a, auto b) ZORS_INLINE_LAMBDA {
