@@ -474,6 +474,76 @@ ZorStatus zorsAddProduct_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* src
 ZorStatus zorsAddProduct_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32fc* srcDst, Zor32s len);
 ZorStatus zorsAddProduct_64fc(const Zor64fc* src1, const Zor64fc* src2, Zor64fc* srcDst, Zor32s len);
 
+/* And, Or, Xor: dst[i] = src1[i] op src2[i], bit by bit; in place srcDst[i] op= src[i]. */
+ZorStatus zorsAnd_8u(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len);
+ZorStatus zorsAnd_16u(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len);
+ZorStatus zorsAnd_32u(const Zor32u* src1, const Zor32u* src2, Zor32u* dst, Zor32s len);
+ZorStatus zorsAnd_8u_I(const Zor8u* src, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsAnd_16u_I(const Zor16u* src, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsAnd_32u_I(const Zor32u* src, Zor32u* srcDst, Zor32s len);
+ZorStatus zorsOr_8u(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len);
+ZorStatus zorsOr_16u(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len);
+ZorStatus zorsOr_32u(const Zor32u* src1, const Zor32u* src2, Zor32u* dst, Zor32s len);
+ZorStatus zorsOr_8u_I(const Zor8u* src, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsOr_16u_I(const Zor16u* src, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsOr_32u_I(const Zor32u* src, Zor32u* srcDst, Zor32s len);
+ZorStatus zorsXor_8u(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len);
+ZorStatus zorsXor_16u(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len);
+ZorStatus zorsXor_32u(const Zor32u* src1, const Zor32u* src2, Zor32u* dst, Zor32s len);
+ZorStatus zorsXor_8u_I(const Zor8u* src, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsXor_16u_I(const Zor16u* src, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsXor_32u_I(const Zor32u* src, Zor32u* srcDst, Zor32s len);
+
+/* AndC, OrC, XorC: dst[i] = src[i] op val; in place srcDst[i] op= val.
+   Checks: a val of 0 decides before them: AndC then tests src and ends in zorsZero, OrC and XorC end in zorsCopy. */
+ZorStatus zorsAndC_8u(const Zor8u* src, Zor8u val, Zor8u* dst, Zor32s len);
+ZorStatus zorsAndC_16u(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len);
+ZorStatus zorsAndC_32u(const Zor32u* src, Zor32u val, Zor32u* dst, Zor32s len);
+ZorStatus zorsAndC_8u_I(Zor8u val, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsAndC_16u_I(Zor16u val, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsAndC_32u_I(Zor32u val, Zor32u* srcDst, Zor32s len);
+ZorStatus zorsOrC_8u(const Zor8u* src, Zor8u val, Zor8u* dst, Zor32s len);
+ZorStatus zorsOrC_16u(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len);
+ZorStatus zorsOrC_32u(const Zor32u* src, Zor32u val, Zor32u* dst, Zor32s len);
+ZorStatus zorsOrC_8u_I(Zor8u val, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsOrC_16u_I(Zor16u val, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsOrC_32u_I(Zor32u val, Zor32u* srcDst, Zor32s len);
+ZorStatus zorsXorC_8u(const Zor8u* src, Zor8u val, Zor8u* dst, Zor32s len);
+ZorStatus zorsXorC_16u(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len);
+ZorStatus zorsXorC_32u(const Zor32u* src, Zor32u val, Zor32u* dst, Zor32s len);
+ZorStatus zorsXorC_8u_I(Zor8u val, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsXorC_16u_I(Zor16u val, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsXorC_32u_I(Zor32u val, Zor32u* srcDst, Zor32s len);
+
+/* Not: dst[i] = ~src[i]; in place srcDst[i] = ~srcDst[i]. */
+ZorStatus zorsNot_8u(const Zor8u* src, Zor8u* dst, Zor32s len);
+ZorStatus zorsNot_16u(const Zor16u* src, Zor16u* dst, Zor32s len);
+ZorStatus zorsNot_32u(const Zor32u* src, Zor32u* dst, Zor32s len);
+ZorStatus zorsNot_8u_I(Zor8u* srcDst, Zor32s len);
+ZorStatus zorsNot_16u_I(Zor16u* srcDst, Zor32s len);
+ZorStatus zorsNot_32u_I(Zor32u* srcDst, Zor32s len);
+
+/* LShiftC, RShiftC: dst[i] = src[i] shifted by val bits. To the left and, unsigned, to the right zeros move in, and a
+   val of the element's width or more gives zeros; signed elements move their sign in, to -1 or 0.
+   Checks: a val of 0 ends in zorsCopy, one that gives all zeros tests src and ends in zorsZero; else pointers, len,
+   and a val below 0 is zorStatusBadShift. */
+ZorStatus zorsLShiftC_8u(const Zor8u* src, Zor32s val, Zor8u* dst, Zor32s len);
+ZorStatus zorsLShiftC_16s(const Zor16s* src, Zor32s val, Zor16s* dst, Zor32s len);
+ZorStatus zorsLShiftC_16u(const Zor16u* src, Zor32s val, Zor16u* dst, Zor32s len);
+ZorStatus zorsLShiftC_32s(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len);
+ZorStatus zorsLShiftC_8u_I(Zor32s val, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsLShiftC_16s_I(Zor32s val, Zor16s* srcDst, Zor32s len);
+ZorStatus zorsLShiftC_16u_I(Zor32s val, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsLShiftC_32s_I(Zor32s val, Zor32s* srcDst, Zor32s len);
+ZorStatus zorsRShiftC_8u(const Zor8u* src, Zor32s val, Zor8u* dst, Zor32s len);
+ZorStatus zorsRShiftC_16s(const Zor16s* src, Zor32s val, Zor16s* dst, Zor32s len);
+ZorStatus zorsRShiftC_16u(const Zor16u* src, Zor32s val, Zor16u* dst, Zor32s len);
+ZorStatus zorsRShiftC_32s(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len);
+ZorStatus zorsRShiftC_8u_I(Zor32s val, Zor8u* srcDst, Zor32s len);
+ZorStatus zorsRShiftC_16s_I(Zor32s val, Zor16s* srcDst, Zor32s len);
+ZorStatus zorsRShiftC_16u_I(Zor32s val, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsRShiftC_32s_I(Zor32s val, Zor32s* srcDst, Zor32s len);
+
 /* ---- Conversion ---------------------------------------------------------------------------------------------- */
 
 /* Convert to wider types and between float types: dst[i] = src[i]. 24s and 24u elements have three bytes, least
