@@ -305,6 +305,34 @@ template <int L, Order O> ZORS_INLINE Vec<Zor64u, L, O> atLeast(Vec<Zor64u, L, O
                    same(a, ~Zor64u{0}));
 }
 
+// Comparisons of floats: all ones where they hold, else 0; no exception for a quiet NaN.
+#define ZORS_COMPARE(name, predicate)                                                                                  \
+  template <int L> ZORS_INLINE Vec<Zor32f, L> name(Vec<Zor32f, L> a, Vec<Zor32f, L> b) {                               \
+    return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(a.r[i], b.r[i], predicate); }); \
+  }                                                                                                                    \
+  template <int L> ZORS_INLINE Vec<Zor64f, L> name(Vec<Zor64f, L> a, Vec<Zor64f, L> b) {                               \
+    return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_pd(a.r[i], b.r[i], predicate); }); \
+  }
+ZORS_COMPARE(equal, _CMP_EQ_OQ)
+ZORS_COMPARE(unequal, _CMP_NEQ_OQ)  // both are numbers and differ
+ZORS_COMPARE(below, _CMP_LT_OQ)
+ZORS_COMPARE(notBelow, _CMP_NLT_UQ)  // a >= b, or either is NaN
+#undef ZORS_COMPARE
+
+// Whether a mask has a lane that is all ones.
+template <class T, int L> ZORS_INLINE bool any(Vec<T, L> mask) {
+  __m256i seen = bits(mask.r[0]);
+  for (int i = 1; i < Vec<T, L>::registers; ++i) seen = _mm256_or_si256(seen, bits(mask.r[i]));
+  return !_mm256_testz_si256(seen, seen);
+}
+
+template <class V> ZORS_INLINE V magnitude(V x) {  // of floats: without the sign bit
+  return without(same(x, typename V::Element(-0.0)), x);
+}
+template <class V> ZORS_INLINE V signOf(V x) {  // the sign bit alone
+  return both(x, same(x, typename V::Element(-0.0)));
+}
+
 // All ones where x is not NaN, else 0.
 template <int L> ZORS_INLINE Vec<Zor32f, L> ordered(Vec<Zor32f, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(x.r[i], x.r[i], _CMP_ORD_Q); });
@@ -584,6 +612,17 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor64s, L> x) {
     const __m256d high = _mm256_castsi256_pd(_mm256_xor_si256(_mm256_srli_epi64(x.r[i], 32), highBias));
     const __m256d zero = _mm256_castsi256_pd(_mm256_cmpeq_epi64(x.r[i], _mm256_setzero_si256()));
     return _mm256_andnot_pd(zero, _mm256_add_pd(_mm256_sub_pd(high, bias), low));
+  });
+}
+// To integers that stay floats: to nearest, ties to even, in every direction.
+template <int L> ZORS_INLINE Vec<Zor32f, L> nearestIntegral(Vec<Zor32f, L> x) {
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_round_ps(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> nearestIntegral(Vec<Zor64f, L> x) {
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_round_pd(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
   });
 }
 // NaN and values out of range give 0x80000000.

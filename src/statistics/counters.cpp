@@ -10,11 +10,6 @@ namespace {
 
 using namespace simd;
 
-template <int L> ZORS_INLINE Vec<Zor32s, L> below(Vec<Zor32f, L> a, Vec<Zor32f, L> b) {  // -1 where a < b
-  return build<Vec<Zor32s, L>>(
-      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_castps_si256(_mm256_cmp_ps(a.r[i], b.r[i], _CMP_LT_OQ)); });
-}
-
 // What a pair of neighbours contributes, to be subtracted from the count: vectors and single elements alike. The
 // three-valued sign of a NaN is 0.
 struct ProductNegative {
@@ -23,7 +18,7 @@ struct ProductNegative {
     return either(both(above(zero, x), above(y, zero)), both(above(x, zero), above(zero, y)));
   }
   template <int L> ZORS_INLINE Vec<Zor32s, L> operator()(Vec<Zor32f, L> x, Vec<Zor32f, L> y) const {
-    return below(mul(x, y), same(x, 0));
+    return as<Zor32s>(below(mul(x, y), same(x, 0)));
   }
   int operator()(Zor16s x, Zor16s y) const { return -(x * y < 0); }
   int operator()(Zor32f x, Zor32f y) const { return -(x * y < 0); }
@@ -43,7 +38,7 @@ struct SignDistance {
     return sub(above(same(x, 0), x), above(x, same(x, 0)));
   }
   template <int L> ZORS_INLINE static Vec<Zor32s, L> sign(Vec<Zor32f, L> x) {
-    return sub(below(x, same(x, 0)), below(same(x, 0), x));
+    return sub(as<Zor32s>(below(x, same(x, 0))), as<Zor32s>(below(same(x, 0), x)));
   }
   template <class T> static int sign(T x) { return (x > 0) - (x < 0); }
   template <class T, int L> ZORS_INLINE auto operator()(Vec<T, L> x, Vec<T, L> y) const {

@@ -10,7 +10,6 @@ namespace {
 
 using namespace sums;
 
-template <class V> ZORS_INLINE V magnitude(V x) { return without(same(x, typename V::Element(-0.0)), x); }
 template <class V> ZORS_INLINE V squared(V x) { return mul(x, x); }
 
 // The elements of one vector, or the differences of two.
