@@ -18,7 +18,8 @@
  *   Environment  the caller's floating-point control word holds, unless a family says that it sets a direction for the
  *                call; then the word is as before on return. Sticky flags may be set.
  */
-/* clang-format off: a prototype is one line */
+/* A prototype is one line, however long. */
+/* clang-format off */
 #ifndef ZORS_H
 #define ZORS_H
 
@@ -948,11 +949,12 @@ typedef struct ZorsFFTSpec_R_64f ZorsFFTSpec_R_64f;
              that a transform needs. Checks: an order outside 0 to 30; pointers; flag (zorStatusBadFlag); the kind's
              largest order (zorStatusBadOrder).
    Init      builds the specification inside specBlock (any alignment), writes its address to specOut and never
-             allocates. initBuffer may be null where its size was 0. Checks: specOut, order, specBlock, flag,
-   initBuffer; from the flag on the block has been cleared. hint is stored and has no effect on float kinds. InitAlloc
-   allocates and builds. Free releases what InitAlloc allocated and invalidates the specification. GetBufSize writes the
-   bytes of the work buffer, 64 for aligning it included; 0 where none is needed. Numerics: twiddles come from one
-   quarter-wave sine table, each entry evaluated directly. */
+             allocates. initBuffer may be null where its size was 0. Checks: specOut, order, specBlock, flag, initBuffer;
+             from the flag on the block has been cleared. hint is stored and has no effect on float kinds.
+   InitAlloc allocates and builds.
+   Free      releases what InitAlloc allocated and invalidates the specification.
+   GetBufSize writes the bytes of the work buffer, 64 for aligning it included; 0 where none is needed.
+   Numerics: twiddles come from one quarter-wave sine table, each entry evaluated directly. */
 ZorStatus zorsFFTGetSize_C_32fc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
                                 Zor32s* workSize);
 ZorStatus zorsFFTGetSize_C_32f(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
@@ -1021,11 +1023,12 @@ ZorStatus zorsFFTInv_CToC_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* 
                               const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
 ZorStatus zorsFFTInv_CToC_64f_I(Zor64f* srcDstRe, Zor64f* srcDstIm, const ZorsFFTSpec_C_64f* spec, Zor8u* buffer);
 
-/* Real transforms. The spectrum X[k] = R[k] + i I[k] of N real values is conjugate-symmetric; its first half is stored
-   as Pack  R[0]  R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2]               N values Perm  R[0] R[N/2]  R[1]
-   I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]               N values CCS   R[0] 0  R[1] I[1]  R[2] I[2]  ...  R[N/2-1]
-   I[N/2-1]  R[N/2] 0          N + 2 values For odd N the R[N/2] term is absent and Perm is Pack; N = 1: R[0], and R[0]
-   0 in CCS. Checks and buffer as for complex transforms. */
+/* Real transforms. The spectrum X[k] = R[k] + i I[k] of N real values is conjugate-symmetric; its first half is stored as
+     Pack   R[0]        R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2]      N values
+     Perm   R[0] R[N/2] R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]              N values
+     CCS    R[0] 0      R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2] 0    N + 2 values
+   For odd N the R[N/2] term is absent and Perm is Pack; N = 1: R[0], and R[0] 0 in CCS. Checks and buffer as for complex
+   transforms. */
 ZorStatus zorsFFTFwd_RToPack_32f(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPack_32f_I(Zor32f* srcDst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPerm_32f(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
@@ -1125,10 +1128,59 @@ ZorStatus zorsFFTFwd_RToCCS_16s32s_Sfs(const Zor16s* src, Zor32s* dst, const Zor
 ZorStatus zorsFFTInv_CCSToR_32s16s_Sfs(const Zor32s* src, Zor16s* dst, const ZorsFFTSpec_R_16s32s* spec,
                                        Zor32s scaleFactor, Zor8u* buffer);
 
+/* Transforms of 16-bit integers: C_16sc and C_16s complex data, orders 0 to 28, R_16s real data, orders 0 to 29. With
+   hint none or fast orders up to 3 run in fixed point: values widened to 32 bits, weights of 14 fraction bits, results
+   divided by 2^scaleFactor with halves rounded up, and saturated; they may differ from the float path in the last bit.
+   Else, and for all other orders and hints, through binary32 as the integer transforms above. One point is only scaled.
+   Specifications and work buffers as above; Init needs initBuffer only for tables, from order 11 on. */
+typedef struct ZorsFFTSpec_C_16sc ZorsFFTSpec_C_16sc;
+typedef struct ZorsFFTSpec_C_16s ZorsFFTSpec_C_16s;
+typedef struct ZorsFFTSpec_R_16s ZorsFFTSpec_R_16s;
+ZorStatus zorsFFTGetSize_C_16sc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
+ZorStatus zorsFFTGetSize_C_16s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
+ZorStatus zorsFFTGetSize_R_16s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize);
+ZorStatus zorsFFTInit_C_16sc(ZorsFFTSpec_C_16sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_C_16s(ZorsFFTSpec_C_16s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInit_R_16s(ZorsFFTSpec_R_16s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer);
+ZorStatus zorsFFTInitAlloc_C_16sc(ZorsFFTSpec_C_16sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
+ZorStatus zorsFFTInitAlloc_C_16s(ZorsFFTSpec_C_16s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
+ZorStatus zorsFFTInitAlloc_R_16s(ZorsFFTSpec_R_16s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint);
+ZorStatus zorsFFTFree_C_16sc(ZorsFFTSpec_C_16sc* spec);
+ZorStatus zorsFFTFree_C_16s(ZorsFFTSpec_C_16s* spec);
+ZorStatus zorsFFTFree_R_16s(ZorsFFTSpec_R_16s* spec);
+ZorStatus zorsFFTGetBufSize_C_16sc(const ZorsFFTSpec_C_16sc* spec, Zor32s* size);
+ZorStatus zorsFFTGetBufSize_C_16s(const ZorsFFTSpec_C_16s* spec, Zor32s* size);
+ZorStatus zorsFFTGetBufSize_R_16s(const ZorsFFTSpec_R_16s* spec, Zor32s* size);
+ZorStatus zorsFFTFwd_CToC_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, const ZorsFFTSpec_C_16sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_16sc_ISfs(Zor16sc* srcDst, const ZorsFFTSpec_C_16sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dstRe, Zor16s* dstIm, const ZorsFFTSpec_C_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_CToC_16s_ISfs(Zor16s* srcDstRe, Zor16s* srcDstIm, const ZorsFFTSpec_C_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, const ZorsFFTSpec_C_16sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_16sc_ISfs(Zor16sc* srcDst, const ZorsFFTSpec_C_16sc* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dstRe, Zor16s* dstIm, const ZorsFFTSpec_C_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CToC_16s_ISfs(Zor16s* srcDstRe, Zor16s* srcDstIm, const ZorsFFTSpec_C_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPack_16s_Sfs(const Zor16s* src, Zor16s* dst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPack_16s_ISfs(Zor16s* srcDst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPerm_16s_Sfs(const Zor16s* src, Zor16s* dst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToPerm_16s_ISfs(Zor16s* srcDst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToCCS_16s_Sfs(const Zor16s* src, Zor16s* dst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTFwd_RToCCS_16s_ISfs(Zor16s* srcDst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PackToR_16s_Sfs(const Zor16s* src, Zor16s* dst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PackToR_16s_ISfs(Zor16s* srcDst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PermToR_16s_Sfs(const Zor16s* src, Zor16s* dst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_PermToR_16s_ISfs(Zor16s* srcDst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CCSToR_16s_Sfs(const Zor16s* src, Zor16s* dst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+ZorStatus zorsFFTInv_CCSToR_16s_ISfs(Zor16s* srcDst, const ZorsFFTSpec_R_16s* spec, Zor32s scaleFactor, Zor8u* buffer);
+
 /* Products of packed spectra of len values, even or odd. Real terms by one product; pairs, with a = src1 and b = src2
    (src and srcDst in place): re = fma(a.re, b.re, -round(a.im * b.im)), im = fma(b.im, a.re, round(a.im * b.re)).
    MulPackConj: srcDst = src * conj(srcDst): the operand that is overwritten is the one conjugated; s = src, d = srcDst:
-   re = fma(d.re, s.re, round(s.im * d.im)), im = fma(d.re, s.im, -round(s.re * d.im)). */
+   re = fma(d.re, s.re, round(s.im * d.im)), im = fma(d.re, s.im, -round(s.re * d.im)).
+   16s: exact products divided by 2^scaleFactor; real terms scaled down are cut, not rounded; pairs as Mul_16sc. */
+ZorStatus zorsMulPack_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsMulPack_16s_ISfs(const Zor16s* src, Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsMulPerm_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsMulPerm_16s_ISfs(const Zor16s* src, Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsMulPack_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len);
 ZorStatus zorsMulPack_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
 ZorStatus zorsMulPack_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* dst, Zor32s len);

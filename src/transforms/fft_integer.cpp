@@ -1,33 +1,13 @@
 // zorsFFTGetSize_*, zorsFFTInit_*, zorsFFTInitAlloc_*, zorsFFTFree_*, zorsFFTGetBufSize_*, zorsFFTFwd_*, zorsFFTInv_*
-// of the 32-bit integer kinds: conversion to floating point, a float transform in the work buffer, conversion back.
-#include <new>
-
-#include "transforms/fft_spec.h"
+// of the 32-bit integer kinds.
+#include "transforms/fft_integer.h"
 
 namespace zors::fft {
 
-// A float kind by its operations.
-template <class S, decltype(&zors::zorsFFTGetSize_C_64fc) sizes,
-          ZorStatus (*build)(S**, Zor32s, Zor32s, ZorHintAlgorithm, Zor8u*, Zor8u*)>
-struct FloatKind {
-  using Spec = S;
-  static constexpr auto getSize = sizes;
-  static constexpr auto init = build;
-};
 using Complex64 = FloatKind<ZorsFFTSpec_C_64fc, zors::zorsFFTGetSize_C_64fc, zors::zorsFFTInit_C_64fc>;
 using SplitComplex64 = FloatKind<ZorsFFTSpec_C_64f, zors::zorsFFTGetSize_C_64f, zors::zorsFFTInit_C_64f>;
 using Real64 = FloatKind<ZorsFFTSpec_R_64f, zors::zorsFFTGetSize_R_64f, zors::zorsFFTInit_R_64f>;
 using Real32 = FloatKind<ZorsFFTSpec_R_32f, zors::zorsFFTGetSize_R_32f, zors::zorsFFTInit_R_32f>;
-
-// An integer kind stands before the float specification that does its work. headBytes is the room of the converted
-// data.
-template <class Float> struct Wrapper {
-  using Inner = Float;
-  Zor32u tag;
-  Zor32s order, hint, workSize, ownsBlock;
-  void* block;
-  typename Float::Spec* inner;
-};
 
 }  // namespace zors::fft
 
@@ -52,98 +32,6 @@ namespace zors {
 namespace {
 
 using namespace fft;
-
-// ---- Specifications
-// -----------------------------------------------------------------------------------------------------
-
-constexpr Zor32s wrapped(Zor64s bytes) {
-  return static_cast<Zor32s>(static_cast<Zor64u>(bytes));
-}  // as 32-bit arithmetic does
-
-struct WrapperSizes {
-  Zor64s spec, init, work;
-};  // work without the slack for aligning
-template <class S> ZorStatus innerSizes(Zor32s order, Zor32s flag, WrapperSizes& sizes) {
-  Zor32s spec = 0, init = 0, work = 0;
-  const ZorStatus status = S::Inner::getSize(order, flag, zorAlgHintNone, &spec, &init, &work);
-  sizes = {.spec = Zor64s{spec} + 128,
-           .init = init > 0 ? Zor64s{init} + 64 : 0,
-           .work = work + S::headBytes(Zor64s{1} << order)};
-  return status;
-}
-
-template <class S> ZorStatus getSize(Zor32s order, Zor32s flag, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) {
-  constexpr Zor32u largestOfAll = 30;
-  return check()
-      .require(static_cast<Zor32u>(order) <= largestOfAll, zorStatusBadOrder)
-      .pointers(specSize, initSize, workSize)
-      .then([&] {
-        WrapperSizes sizes{};
-        const ZorStatus status = innerSizes<S>(order, flag, sizes);
-        if (status != zorStatusOk) return status;
-        *specSize = wrapped(sizes.spec);
-        *initSize = wrapped(sizes.init);
-        *workSize = wrapped(withSlack(sizes.work));
-        return status;
-      });
-}
-
-template <class S>
-ZorStatus init(S** specOut, Zor32s order, Zor32s flag, Zor32s hint, Zor8u* specBlock, Zor8u* initBuffer) {
-  return check()
-      .pointers(specOut)
-      .require(order >= 0 && order <= 30, zorStatusBadOrder)
-      .pointers(specBlock)
-      .then([&]() -> ZorStatus {
-        S& spec = *new (alignUp(specBlock, Scratch::alignment)) S{};
-        static_assert(sizeof(S) <= Scratch::alignment);
-        WrapperSizes sizes{};
-        ZorStatus status = innerSizes<S>(order, flag, sizes);
-        if (status == zorStatusOk)
-          status = S::Inner::init(&spec.inner, order, flag, hint, reinterpret_cast<Zor8u*>(&spec) + Scratch::alignment,
-                                  initBuffer);
-        if (status != zorStatusOk) {
-          spec = {};
-          return status;
-        }
-        spec.order = order;
-        spec.hint = hint;
-        spec.workSize = wrapped(sizes.work);
-        spec.tag = S::kind;
-        *specOut = &spec;
-        return zorStatusOk;
-      });
-}
-
-template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Zor32s hint) {
-  Zor32s specSize = 0, initSize = 0, workSize = 0;
-  if (specOut == nullptr) return zorStatusNullPointer;
-  if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk)
-    return status;
-  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) {
-    return init(specOut, order, flag, hint, block, initBuffer);
-  });
-}
-
-// ---- Transforms
-// ---------------------------------------------------------------------------------------------------------
-
-// spec, its kind, data; then run(head, rest of the work memory), which returns a status.
-template <class T, class S, class Run, class... P>
-ZorStatus throughFloat(const S* spec, Zor8u* buffer, Run run, P*... data) {
-  return check().pointers(spec).state(spec, S::kind).pointers(data...).then([&]() -> ZorStatus {
-    const Scratch work(buffer, static_cast<std::size_t>(spec->workSize));
-    if (!work) return zorStatusNoMemory;
-    const auto n = Zor64s{1} << spec->order;
-    return run(work.as<T>(), alignUp(work.data() + S::headBytes(n), Scratch::alignment), static_cast<Zor32s>(n));
-  });
-}
-// A status of several steps, the first that fails.
-template <class... Step> ZorStatus inTurn(Step... step) {
-  ZorStatus status = zorStatusOk;
-  (void)((status = step(), status == zorStatusOk) && ...);
-  return status;
-}
 
 ZorStatus interleaved(ZorStatus (*inPlace)(Zor64fc*, const ZorsFFTSpec_C_64fc*, Zor8u*), const Zor32sc* src,
                       Zor32sc* dst, const ZorsFFTSpec_C_32sc* spec, Zor32s scaleFactor, Zor8u* buffer) {
@@ -173,10 +61,6 @@ ZorStatus split(ZorStatus (*inPlace)(Zor64f*, Zor64f*, const ZorsFFTSpec_C_64f*,
       srcRe, srcIm, dstRe, dstIm);
 }
 
-enum class Spectrum { packed, ccs };
-constexpr Zor32s spectrumLen(Spectrum spectrum, Zor32s n) {
-  return spectrum == Spectrum::packed ? n : n == 1 ? 2 : n + 2;
-}
 using RealInPlace = ZorStatus (*)(Zor64f*, const ZorsFFTSpec_R_64f*, Zor8u*);
 
 ZorStatus real(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
@@ -210,10 +94,10 @@ ZorStatus fromCcs(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const Zor
 }  // namespace
 
 // clang-format off
-ZorStatus zorsFFTGetSize_C_32sc(Zor32s order, Zor32s flag, ZorHintAlgorithm, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_C_32sc>(order, flag, specSize, initSize, workSize); }
-ZorStatus zorsFFTGetSize_C_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_C_32s>(order, flag, specSize, initSize, workSize); }
-ZorStatus zorsFFTGetSize_R_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_R_32s>(order, flag, specSize, initSize, workSize); }
-ZorStatus zorsFFTGetSize_R_16s32s(Zor32s order, Zor32s flag, ZorHintAlgorithm, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_R_16s32s>(order, flag, specSize, initSize, workSize); }
+ZorStatus zorsFFTGetSize_C_32sc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_C_32sc>(order, flag, hint, specSize, initSize, workSize); }
+ZorStatus zorsFFTGetSize_C_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_C_32s>(order, flag, hint, specSize, initSize, workSize); }
+ZorStatus zorsFFTGetSize_R_32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_R_32s>(order, flag, hint, specSize, initSize, workSize); }
+ZorStatus zorsFFTGetSize_R_16s32s(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) { return getSize<ZorsFFTSpec_R_16s32s>(order, flag, hint, specSize, initSize, workSize); }
 ZorStatus zorsFFTInit_C_32sc(ZorsFFTSpec_C_32sc** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer) { return init(specOut, order, flag, hint, specBlock, initBuffer); }
 ZorStatus zorsFFTInit_C_32s(ZorsFFTSpec_C_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer) { return init(specOut, order, flag, hint, specBlock, initBuffer); }
 ZorStatus zorsFFTInit_R_32s(ZorsFFTSpec_R_32s** specOut, Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor8u* specBlock, Zor8u* initBuffer) { return init(specOut, order, flag, hint, specBlock, initBuffer); }

@@ -1,4 +1,6 @@
-// zorsMulPack_*, zorsMulPerm_*, zorsMulPackConj_* of float values: products of packed spectra.
+// zorsMulPack_*, zorsMulPerm_*, zorsMulPackConj_*: products of packed spectra.
+#include <algorithm>
+
 #include "frame/check.h"
 #include "frame/map.h"
 #include "transforms/packed.h"
@@ -39,6 +41,13 @@ struct ProductWithConjugate {
   }
 };
 
+// Where the terms of a packed spectrum of len values stand: the second real term, if there is one, and the pairs.
+template <Packed format> struct Places {
+  std::size_t len, pairs = (len - 1) / 2;
+  bool hasLast = len % 2 == 0;
+  std::size_t last = format == Packed::perm ? 1 : len - 1, firstPair = format == Packed::perm && hasLast ? 2 : 1;
+};
+
 template <class T> struct PairOf;
 template <> struct PairOf<Zor32f> { using type = Zor32fc; };
 template <> struct PairOf<Zor64f> { using type = Zor64fc; };
@@ -47,23 +56,41 @@ template <> struct PairOf<Zor64f> { using type = Zor64fc; };
 template <class Op, Packed format, class T> ZorStatus multiply(const T* src1, const T* src2, T* dst, Zor32s len) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
     using Pair = typename PairOf<T>::type;
-    const std::size_t n = std::size_t(len), pairs = (n - 1) / 2, start = format == Packed::perm && n % 2 == 0 ? 2 : 1;
+    const Places<format> at{std::size_t(len)};
     dst[0] = src1[0] * src2[0];
-    if (n % 2 == 0) {
-      const std::size_t last = format == Packed::perm ? 1 : n - 1;
-      dst[last] = src1[last] * src2[last];
-    }
+    if (at.hasLast) dst[at.last] = src1[at.last] * src2[at.last];
     const auto pairsOf = [&](auto* x) {
       return reinterpret_cast<
-          std::conditional_t<std::is_const_v<std::remove_pointer_t<decltype(x)>>, const Pair, Pair>*>(x + start);
+          std::conditional_t<std::is_const_v<std::remove_pointer_t<decltype(x)>>, const Pair, Pair>*>(x + at.firstPair);
     };
-    if (pairs > 0) map<block<Pair>>(Op{}, std::ptrdiff_t(pairs), pairsOf(dst), pairsOf(src1), pairsOf(src2));
+    if (at.pairs > 0) map<block<Pair>>(Op{}, std::ptrdiff_t(at.pairs), pairsOf(dst), pairsOf(src1), pairsOf(src2));
   });
 }
 // The operand that is overwritten is the second one.
 template <Packed format, class T> ZorStatus multiplied(const T* src1, const T* src2, T* dst, Zor32s len) {
   return src1 == dst ? multiply<Product, format>(src2, src1, dst, len)
                      : multiply<Product, format>(src1, src2, dst, len);
+}
+
+// Real terms of 16 bits: scaling down cuts, scaling up saturates.
+Zor16s realProduct(Zor16s a, Zor16s b, Zor32s scaleFactor) {
+  constexpr Zor32s low = INT16_MIN, high = INT16_MAX;
+  const Zor32s product = a * b;
+  if (scaleFactor >= 0) return static_cast<Zor16s>(std::clamp(product >> std::min(scaleFactor, 31), low, high));
+  const int up = std::min(-std::max(scaleFactor, -16), 16);
+  return static_cast<Zor16s>(std::clamp<Zor64s>(Zor64s{std::clamp(product, low, high)} * (1 << up), low, high));
+}
+template <Packed format>
+ZorStatus multiplyScaled(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
+  return check().pointers(src1, src2, dst).size(len).then([&] {
+    const Places<format> at{std::size_t(len)};
+    dst[0] = realProduct(src1[0], src2[0], scaleFactor);
+    if (at.hasLast) dst[at.last] = realProduct(src1[at.last], src2[at.last], scaleFactor);
+    if (at.pairs > 0)
+      zors::zorsMul_16sc_Sfs(
+          reinterpret_cast<const Zor16sc*>(src1 + at.firstPair), reinterpret_cast<const Zor16sc*>(src2 + at.firstPair),
+          reinterpret_cast<Zor16sc*>(dst + at.firstPair), static_cast<Zor32s>(at.pairs), scaleFactor);
+  });
 }
 
 }  // namespace
@@ -79,6 +106,10 @@ ZorStatus zorsMulPerm_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len) { ret
 ZorStatus zorsMulPerm_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len) { return multiply<Product, Packed::perm>(src, srcDst, srcDst, len); }
 ZorStatus zorsMulPackConj_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len) { return multiply<ProductWithConjugate, Packed::pack>(src, srcDst, srcDst, len); }
 ZorStatus zorsMulPackConj_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len) { return multiply<ProductWithConjugate, Packed::pack>(src, srcDst, srcDst, len); }
+ZorStatus zorsMulPack_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor) { return multiplyScaled<Packed::pack>(src1, src2, dst, len, scaleFactor); }
+ZorStatus zorsMulPerm_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor) { return multiplyScaled<Packed::perm>(src1, src2, dst, len, scaleFactor); }
+ZorStatus zorsMulPack_16s_ISfs(const Zor16s* src, Zor16s* srcDst, Zor32s len, Zor32s scaleFactor) { return multiplyScaled<Packed::pack>(src, srcDst, srcDst, len, scaleFactor); }
+ZorStatus zorsMulPerm_16s_ISfs(const Zor16s* src, Zor16s* srcDst, Zor32s len, Zor32s scaleFactor) { return multiplyScaled<Packed::perm>(src, srcDst, srcDst, len, scaleFactor); }
 // clang-format on
 
 }  // namespace zors

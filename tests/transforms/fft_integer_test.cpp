@@ -1,34 +1,13 @@
 // Transforms of 32-bit integers: the model's transform in floating point, then the scale rule.
-#include "kit/contract.h"
-#include "transforms/fft_kinds.h"
+#include "transforms/fft_integer_kinds.h"
 
 namespace {
 
+using kinds::allChecks, kinds::BuiltInteger, kinds::IntegerKind, kinds::rounded;
 using kinds::ccs, kinds::pack, kinds::perm;
 using kinds::Format, kinds::packed;
 using kinds::scale, kinds::scales;
 
-// x / 2^scaleFactor to nearest, ties to even, saturated; the division by a power of two rounds in T.
-template <class D, class T> D rounded(T x, int scaleFactor) {
-  const T value = std::nearbyint(x * std::ldexp(T(1), -scaleFactor));
-  if (value >= static_cast<T>(std::numeric_limits<D>::max())) return std::numeric_limits<D>::max();
-  if (value <= static_cast<T>(std::numeric_limits<D>::min())) return std::numeric_limits<D>::min();
-  return static_cast<D>(value);
-}
-
-template <class S> struct IntegerKind {
-  using Spec = S;
-  const char* name;
-  int largestOrder;
-  Zor32u tag;
-  ZorStatus (*getSize)(Zor32s, Zor32s, ZorHintAlgorithm, Zor32s*, Zor32s*, Zor32s*);
-  ZorStatus (*init)(S**, Zor32s, Zor32s, ZorHintAlgorithm, Zor8u*, Zor8u*);
-  ZorStatus (*initAlloc)(S**, Zor32s, Zor32s, ZorHintAlgorithm);
-  ZorStatus (*free)(S*);
-  ZorStatus (*getBufSize)(const S*, Zor32s*);
-  ZorStatus (*innerSize)(Zor32s, Zor32s, ZorHintAlgorithm, Zor32s*, Zor32s*, Zor32s*);
-  long (*head)(long n);
-};
 constexpr IntegerKind<ZorsFFTSpec_C_32sc> c32sc = {"C_32sc",
                                                    27,
                                                    0x434D414C,
@@ -65,24 +44,6 @@ constexpr IntegerKind<ZorsFFTSpec_R_16s32s> r16s32s = {"R_16s32s",           29,
                                                        zorsFFTFree_R_16s32s, zorsFFTGetBufSize_R_16s32s,
                                                        zorsFFTGetSize_R_32f, [](long n) { return 4 * n + 8; }};
 template <class F> void forEach(F f) { f(c32sc), f(c32s), f(r32s), f(r16s32s); }
-
-// In memory of exactly the reported sizes.
-template <class K> struct Built {
-  Built(const K& kind, int order, int flag, std::size_t off = 0) {
-    Zor32s specSize = 0, initSize = 0, workSize = 0;
-    EXPECT_EQ(kind.getSize(order, flag, 0, &specSize, &initSize, &workSize), zorStatusOk);
-    block.emplace(static_cast<std::size_t>(specSize), kit::Edge::end, off);
-    const kit::Guarded<Zor8u> init(static_cast<std::size_t>(initSize), kit::Edge::end, off);
-    EXPECT_EQ(kind.init(&spec, order, flag, 0, block->data(), initSize == 0 ? nullptr : init.data()), zorStatusOk);
-    work.emplace(static_cast<std::size_t>(workSize), kit::Edge::end, off);
-    Zor32s reported = 0;
-    EXPECT_EQ(kind.getBufSize(spec, &reported), zorStatusOk);
-    EXPECT_EQ(reported, workSize) << kind.name;
-  }
-  bool intact() const { return block->intact() && work->intact(); }
-  std::optional<kit::Guarded<Zor8u>> block, work;
-  typename K::Spec* spec = nullptr;
-};
 
 TEST(FFTInteger, SizesAreThoseOfTheFloatKindAndMore) {
   forEach([](const auto& kind) {
@@ -170,8 +131,8 @@ TEST(FFTInteger, ComplexTransformsAreTheFloatOnesRounded) {
           }
           const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " scale " +
                                    std::to_string(scaleFactor);
-          const Built built(c32sc, order, flag, 12);
-          const Built splitBuilt(c32s, order, flag, 12);
+          const BuiltInteger built(c32sc, order, flag, 12);
+          const BuiltInteger splitBuilt(c32s, order, flag, 12);
           const kit::Guarded<Zor32sc> src(x, kit::Edge::end), dst(n, kit::Edge::begin);
           ASSERT_EQ((inverse ? zorsFFTInv_CToC_32sc_Sfs : zorsFFTFwd_CToC_32sc_Sfs)(src.data(), dst.data(), built.spec,
                                                                                     scaleFactor, built.work->data()),
@@ -200,12 +161,6 @@ TEST(FFTInteger, ComplexTransformsAreTheFloatOnesRounded) {
         }
 }
 
-template <class D, class T> std::vector<D> rounded(const std::vector<T>& x, int scaleFactor) {
-  std::vector<D> out;
-  for (T value : x) out.push_back(rounded<D>(value, scaleFactor));
-  return out;
-}
-
 TEST(FFTInteger, RealTransformsAreTheFloatOnesRounded) {
   constexpr std::array outOfPlace = {zorsFFTFwd_RToPerm_32s_Sfs, zorsFFTInv_PermToR_32s_Sfs, zorsFFTFwd_RToPack_32s_Sfs,
                                      zorsFFTInv_PackToR_32s_Sfs, zorsFFTFwd_RToCCS_32s_Sfs,  zorsFFTInv_CCSToR_32s_Sfs};
@@ -223,7 +178,7 @@ TEST(FFTInteger, RealTransformsAreTheFloatOnesRounded) {
             model::realForward(values, order, twiddles, scales(flag, false), scale<double>(flag, order)), scaleFactor);
         const auto signal = rounded<Zor32s>(
             model::realInverse(values, order, twiddles, scales(flag, true), scale<double>(flag, order)), scaleFactor);
-        const Built built(r32s, order, flag, 4);
+        const BuiltInteger built(r32s, order, flag, 4);
         for (Format format : {perm, pack, ccs})
           for (bool inverse : {false, true}) {
             auto input = inverse ? packed(x, format) : x;
@@ -263,7 +218,7 @@ TEST(FFTInteger, SixteenBitValuesAndThirtyTwoBitSpectra) {
             model::realInverse(spectrumIn, order, twiddles, scales(flag, true), scale<float>(flag, order)),
             scaleFactor);
         const auto input = packed(std::vector<Zor32s>(terms.begin(), terms.end()), ccs);
-        const Built built(r16s32s, order, flag, 4);
+        const BuiltInteger built(r16s32s, order, flag, 4);
         const kit::Guarded<Zor32s> dst(spectrum.size(), kit::Edge::end);
         const kit::Guarded<Zor16s> back(n, kit::Edge::end);
         const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " scale " +
@@ -276,72 +231,6 @@ TEST(FFTInteger, SixteenBitValuesAndThirtyTwoBitSpectra) {
         ASSERT_EQ(kit::firstDifference<Zor16s>(back.span(), signal), "") << what;
         ASSERT_TRUE(dst.intact() && back.intact() && built.intact()) << what << ": wrote outside";
       }
-}
-
-// ---- Checks
-// -------------------------------------------------------------------------------------------------------------
-
-template <class S, class A, class B>
-void checks(const char* name, ZorStatus (*f)(const A*, B*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
-  const std::vector<A> src(20);
-  const std::vector<B> dst(20);
-  kit::Contract(f, src.data(), const_cast<B*>(dst.data()), good, 0, nullptr)
-      .template null<2>()
-      .template bad<2>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .untouched(dst)
-      .verify(name);
-}
-template <class S, class A>
-void checks(const char* name, ZorStatus (*f)(A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
-  std::vector<A> both(20);
-  kit::Contract(f, both.data(), good, 0, nullptr)
-      .template null<1>()
-      .template bad<1>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .untouched(both)
-      .verify(name);
-}
-template <class S, class A>
-void checks(const char* name, ZorStatus (*f)(const A*, const A*, A*, A*, const S*, Zor32s, Zor8u*), const S* good,
-            const S* foreign) {
-  const std::vector<A> src(20);
-  std::vector<A> dst(20), other(20);
-  kit::Contract(f, src.data(), src.data(), dst.data(), other.data(), good, 0, nullptr)
-      .template null<4>()
-      .template bad<4>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .template null<2>()
-      .template null<3>()
-      .untouched(dst)
-      .untouched(other)
-      .verify(name);
-}
-template <class S, class A>
-void checks(const char* name, ZorStatus (*f)(A*, A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
-  std::vector<A> dst(20), other(20);
-  kit::Contract(f, dst.data(), other.data(), good, 0, nullptr)
-      .template null<2>()
-      .template bad<2>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .untouched(dst)
-      .untouched(other)
-      .verify(name);
-}
-template <class K, class... F> void allChecks(const K& kind, F... functions) {
-  typename K::Spec *good = nullptr, *foreign = nullptr;
-  ASSERT_EQ(kind.initAlloc(&good, 4, 8, 0), zorStatusOk);
-  ASSERT_EQ(kind.initAlloc(&foreign, 4, 8, 0), zorStatusOk);
-  *reinterpret_cast<Zor32u*>(foreign) = 8;
-  (checks(kind.name, functions, static_cast<const typename K::Spec*>(good),
-          static_cast<const typename K::Spec*>(foreign)),
-   ...);
-  *reinterpret_cast<Zor32u*>(foreign) = kind.tag;
-  EXPECT_EQ(kind.free(good), zorStatusOk);
-  EXPECT_EQ(kind.free(foreign), zorStatusOk);
 }
 
 TEST(FFTInteger, TransformsCheckTheSpecificationThenItsKindThenTheData) {

@@ -112,6 +112,76 @@ TEST(PackedSpectra, PermOfOneAndTwoValuesIsAllReal) {
   EXPECT_EQ(dst[1], 35);
 }
 
+// 16-bit terms: exact products, pairs by the scale rule, real terms cut when scaled down.
+Zor16s saturated(__int128 t) { return Zor16s(t > 32767 ? 32767 : t < -32768 ? -32768 : t); }
+Zor16s cutProduct(Zor16s a, Zor16s b, int s) {
+  const __int128 product = __int128{a} * b;
+  if (s >= 0) return saturated(product >> std::min(s, 100));
+  return saturated(__int128{saturated(product)} * (__int128{1} << std::min(-std::max(s, -60), 60)));
+}
+Zor16s roundedTerm(__int128 t, int s) {
+  if (s <= 0) return saturated(t * (__int128{1} << std::min(-std::max(s, -60), 60)));
+  if (s > 60) return 0;
+  const __int128 quotient = t >> s, twice = (t - (quotient << s)) * 2, one = __int128{1} << s;
+  return saturated(quotient + (twice > one || (twice == one && quotient % 2 != 0)));
+}
+TEST(PackedSpectra, SixteenBitProducts) {
+  struct Member {
+    const char* name;
+    Format format;
+    decltype(&zorsMulPack_16s_Sfs) three;
+    decltype(&zorsMulPack_16s_ISfs) two;
+  };
+  kit::Random random(6);
+  for (const Member& member :
+       {Member{"zorsMulPack_16s_Sfs, zorsMulPack_16s_ISfs", Format::pack, zorsMulPack_16s_Sfs, zorsMulPack_16s_ISfs},
+        Member{"zorsMulPerm_16s_Sfs, zorsMulPerm_16s_ISfs", Format::perm, zorsMulPerm_16s_Sfs, zorsMulPerm_16s_ISfs}})
+    for (int scale : {0, 1, 7, 15, 31, 32, 100, INT32_MAX, -1, -5, -15, -16, -17, -40, INT32_MIN})
+      for (int len : kit::sweepLengths()) {
+        const auto n = static_cast<std::size_t>(len);
+        auto a = kit::anyValues<Zor16s>(n, random), b = kit::anyValues<Zor16s>(n, random);
+        if (len % 3 == 0) std::fill(a.begin(), a.end(), Zor16s(-32768)), b = a;
+        std::vector<Zor16s> wanted(n);
+        for (std::size_t i = 0; i < n; ++i) wanted[i] = cutProduct(a[i], b[i], scale);
+        const std::size_t start = member.format == Format::perm && len % 2 == 0 ? 2 : 1;
+        for (std::size_t k = 0; k < (n - 1) / 2; ++k) {
+          const std::size_t re = start + 2 * k, im = re + 1;
+          wanted[re] = roundedTerm(__int128{a[re]} * b[re] - __int128{a[im]} * b[im], scale);
+          wanted[im] = roundedTerm(__int128{a[re]} * b[im] + __int128{a[im]} * b[re], scale);
+        }
+        const kit::Guarded<Zor16s> src1(a, kit::Edge::end), src2(b, kit::Edge::begin), dst(n, kit::Edge::end);
+        ASSERT_EQ(member.three(src1.data(), src2.data(), dst.data(), len, scale), zorStatusOk);
+        ASSERT_EQ(kit::firstDifference<Zor16s>(dst.span(), wanted), "")
+            << member.name << " len " << len << " scale " << scale;
+        ASSERT_EQ(member.two(src1.data(), src2.data(), len, scale), zorStatusOk);
+        ASSERT_EQ(kit::firstDifference<Zor16s>(src2.span(), wanted), "")
+            << member.name << " len " << len << " in place";
+        ASSERT_EQ(member.three(src1.data(), dst.data(), src1.data(), 1, scale),
+                  zorStatusOk);  // the first one overwritten
+        ASSERT_EQ(src1.data()[0], cutProduct(a[0], wanted[0], scale));
+        ASSERT_TRUE(dst.intact() && src2.intact()) << member.name << " len " << len << ": wrote outside";
+      }
+}
+TEST(PackedSpectra, SixteenBitProductsCheckPointersThenLength) {
+  const std::vector<Zor16s> a(8, 1), b(8, 2);
+  std::vector<Zor16s> dst(8, 3);
+  for (auto three : {zorsMulPack_16s_Sfs, zorsMulPerm_16s_Sfs})
+    kit::Contract(three, a.data(), b.data(), dst.data(), 8, 0)
+        .null<0>()
+        .null<1>()
+        .null<2>()
+        .bad<3>({0, -1, INT32_MIN}, zorStatusBadSize)
+        .untouched(dst)
+        .verify("zorsMulPack_16s_Sfs, zorsMulPerm_16s_Sfs");
+  for (auto two : {zorsMulPack_16s_ISfs, zorsMulPerm_16s_ISfs})
+    kit::Contract(two, a.data(), dst.data(), 8, 0)
+        .null<0>()
+        .null<1>()
+        .bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+        .untouched(dst)
+        .verify("zorsMulPack_16s_ISfs, zorsMulPerm_16s_ISfs");
+}
+
 template <class T> void contracts(ZorStatus (*three)(const T*, const T*, T*, Zor32s), const char* name) {
   const std::vector<T> a(8, T(1)), b(8, T(2));
   std::vector<T> dst(8, T(3));
