@@ -9,13 +9,13 @@ namespace {
 using namespace simd;
 
 struct TimesSaturated {  // 16s
-  ZORS_INLINE auto operator()(auto a, auto b) const { return saturate<Zor16s>(Times{}(a, b)); }
+  ZORS_INLINE auto operator()(auto a, auto b) const { return saturated<Zor16s>(Times{}(a, b)); }
 };
 struct TimesExtended {  // 8u to 16u
   ZORS_INLINE auto operator()(auto a, auto b) const { return mul(extend<Zor16u>(a), extend<Zor16u>(b)); }
 };
 struct TimesToFloat {
-  ZORS_INLINE auto operator()(auto a, auto b) const { return toFloat(TimesWide{}(a, b)); }
+  ZORS_INLINE auto operator()(auto a, auto b) const { return toFloat(TimesWide{}(a, b).t); }
 };
 
 ZorStatus inDouble(const Zor32s* src1, const Zor32s* src2, Zor32s* dst, Zor32s len, Zor32s scaleFactor) {

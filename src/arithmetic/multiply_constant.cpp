@@ -11,14 +11,19 @@ namespace {
 using namespace simd;
 
 struct TimesSaturated {  // 16s
-  ZORS_INLINE auto operator()(auto a, auto b) const { return saturate<Zor16s>(Times{}(a, b)); }
+  ZORS_INLINE auto operator()(auto a, auto b) const { return saturated<Zor16s>(Times{}(a, b)); }
 };
 
 ZorStatus inDouble(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
-    const TimesInDouble times{productFactor(scaleFactor)};
-    map<block<Zor32s>>([=](auto x) ZORS_INLINE_LAMBDA { return times(x, same(x, val)); }, len, dst, src);
+    const Zor64f factor = productFactor(scaleFactor) * val;  // exact, whichever operand the power of two joins
+    map<block<Zor32s>>(
+        [=](auto x) ZORS_INLINE_LAMBDA {
+          const auto y = toDouble(x);
+          return toSaturated32s(mul(y, same(y, factor)));
+        },
+        len, dst, src);
   });
 }
 

@@ -64,12 +64,14 @@ struct Times {
   template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor16sc, L> a, simd::Vec<Zor16sc, L> b) const {
     using V = simd::Vec<Zor32s, L>;
     const __m256i oddOnes = _mm256_set1_epi32(int(0xFFFF0000)), wrapped = _mm256_set1_epi32(INT32_MIN);
+    const __m256i exchange =
+        _mm256_broadcastsi128_si256(_mm_setr_epi8(2, 3, 0, 1, 6, 7, 4, 5, 10, 11, 8, 9, 14, 15, 12, 13));
     return Parts{simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA {
                    const __m256i t = _mm256_madd_epi16(a.r[i], _mm256_xor_si256(b.r[i], oddOnes));
                    return _mm256_add_epi32(t, _mm256_srai_epi32(a.r[i], 16));
                  }),
                  simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA {
-                   const __m256i exchanged = _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(b.r[i], 0xB1), 0xB1);
+                   const __m256i exchanged = _mm256_shuffle_epi8(b.r[i], exchange);
                    const __m256i t = _mm256_madd_epi16(a.r[i], exchanged);
                    return _mm256_add_epi32(t, _mm256_cmpeq_epi32(t, wrapped));
                  })};
@@ -104,6 +106,12 @@ struct TimesWide {
   }
 };
 
+// Limited to 32 bits, then rounded in the current direction.
+template <int L> ZORS_INLINE auto toSaturated32s(simd::Vec<Zor64f, L> y) {
+  using namespace simd;
+  return toIntegerCurrent(min(max(y, same(y, -2147483648.0)), same(y, 2147483647.0)));
+}
+
 // 32-bit products by the rule of binary64: y = (a * factor) * b rounds once to 53 bits, is limited and rounded to
 // an integer. For a RoundingScope of nearest.
 struct TimesInDouble {
@@ -111,8 +119,7 @@ struct TimesInDouble {
   template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor32s, L> a, simd::Vec<Zor32s, L> b) const {
     using namespace simd;
     const auto x = toDouble(a);
-    const auto y = mul(mul(x, same(x, factor)), toDouble(b));
-    return toIntegerCurrent(min(max(y, same(y, -2147483648.0)), same(y, 2147483647.0)));
+    return toSaturated32s(mul(mul(x, same(x, factor)), toDouble(b)));
   }
 };
 // 2^-scaleFactor; scale factors beyond the clamps give the same results, bounds of the sign and zeros.

@@ -21,6 +21,10 @@ template <class V> Sum(V, V) -> Sum<V>;
 template <class V> struct Difference { V a, b; };
 template <class V> Difference(V, V) -> Difference<V>;
 
+// t with as much room above it that half of 2^shift can be added.
+template <class V> struct Roomy { V t; };
+template <class V> Roomy(V) -> Roomy<V>;
+
 // Two wide results for each pair of neighbours: the parts of a complex element, or an even and an odd element.
 template <class V> struct Parts { V even, odd; };
 template <class V> Parts(V, V) -> Parts<V>;
@@ -29,6 +33,7 @@ template <class V> Parts(V, V) -> Parts<V>;
 template <class T> inline constexpr int largestShift = 0;
 template <class T, int L, simd::Order O>
 inline constexpr int largestShift<simd::Vec<T, L, O>> = std::numeric_limits<T>::digits;
+template <class V> inline constexpr int largestShift<Roomy<V>> = largestShift<V>;
 template <class V> inline constexpr int largestShift<Parts<V>> = largestShift<V>;
 template <class V> inline constexpr int largestShift<Sum<V>> = largestShift<V> + 1;
 template <class V> inline constexpr int largestShift<Difference<V>> = largestShift<V> + 1;
@@ -42,6 +47,7 @@ template <class D, class T, int L, simd::Order O> ZORS_INLINE auto saturated(sim
   else
     return simd::saturate<D>(t);
 }
+template <class D, class V> ZORS_INLINE auto saturated(Roomy<V> x) { return saturated<D>(x.t); }
 template <class D, class V> ZORS_INLINE V saturated(Sum<V> t) { return simd::addSaturated(t.a, t.b); }
 template <class D, class V> ZORS_INLINE V saturated(Difference<V> t) { return simd::subSaturated(t.a, t.b); }
 
@@ -91,17 +97,27 @@ ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift, sim
   using namespace simd;
   using U = std::make_unsigned_t<T>;
   constexpr int width = std::numeric_limits<U>::digits;
-  const U cut = U(U(~U{0}) >> (width - shift)), half = U(U{1} << (shift - 1));
-  const auto quotient = shiftRight(t, shift);
-  const auto one = both(upAtTie, same(t, T{1})), rest = both(t, same(t, T(cut)));
-  if constexpr (std::is_signed_v<T>)
-    return sub(quotient, above(rest, sub(same(t, T(half)), one)));
-  else
-    return sub(quotient, atLeast(rest, sub(same(t, T(half + 1)), one)));
+  const auto one = same(t, T{1});
+  if constexpr (std::is_same_v<T, Zor16s>) {  // the product takes ties up; it loses nothing where t - 1 saturates
+    return mulRounded(subSaturated(t, without(upAtTie, one)), same(t, T(1 << (15 - shift))));
+  } else {
+    const U cut = U(U(~U{0}) >> (width - shift)), half = U(U{1} << (shift - 1));
+    const auto quotient = shiftRight(t, shift), up = both(upAtTie, one), rest = both(t, same(t, T(cut)));
+    if constexpr (std::is_signed_v<T>)
+      return sub(quotient, above(rest, sub(same(t, T(half)), up)));
+    else
+      return sub(quotient, atLeast(rest, sub(same(t, T(half + 1)), up)));
+  }
 }
 // Ties to even.
 template <class T, int L, simd::Order O> ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift) {
   return roundedShift(t, shift, simd::shiftRight(t, shift));
+}
+template <class V> ZORS_INLINE V roundedShift(Roomy<V> x, int shift) {
+  using namespace simd;
+  using T = typename V::Element;
+  const V odd = both(shiftRight(x.t, shift), same(x.t, T{1}));
+  return shiftRight(add(add(x.t, same(x.t, T((T{1} << (shift - 1)) - 1))), odd), shift);
 }
 template <class V> ZORS_INLINE Parts<V> roundedShift(Parts<V> t, int shift) {
   return {roundedShift(t.even, shift), roundedShift(t.odd, shift)};

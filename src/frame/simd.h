@@ -188,6 +188,7 @@ ZORS_OP(sub, Zor32fc, _mm256_sub_ps)
 ZORS_OP(sub, Zor64fc, _mm256_sub_pd)
 ZORS_OP(mul, Zor16s, _mm256_mullo_epi16)  // integers: the low half
 ZORS_OP(mul, Zor16u, _mm256_mullo_epi16)
+ZORS_OP(mulRounded, Zor16s, _mm256_mulhrs_epi16)  // a * b / 2^15 to nearest, ties up
 ZORS_OP(mul, Zor32s, _mm256_mullo_epi32)
 ZORS_OP(mul, Zor32u, _mm256_mullo_epi32)
 ZORS_OP(mul, Zor32f, _mm256_mul_ps)
@@ -404,6 +405,13 @@ ZORS_WIDEN(Zor16s, Zor32s, epi16, _mm256_srai_epi16(low, 15))
 ZORS_WIDEN(Zor32u, Zor64s, epi32, _mm256_setzero_si256())
 ZORS_WIDEN(Zor32s, Zor64s, epi32, _mm256_srai_epi32(low, 31))
 #undef ZORS_WIDEN
+
+// Two registers for one, brought to memory order.
+template <class T, int L> ZORS_INLINE Vec<T, L> inOrder(Split<T, L> x) {
+  return build<Vec<T, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_permute2x128_si256(x.r[i / 2 * 2], x.r[i / 2 * 2 + 1], i % 2 == 0 ? 0x20 : 0x31);
+  });
+}
 
 // Back to one register for two, saturated, memory order again.
 #define ZORS_SATURATE(W, N, instruction)                                                                         \
