@@ -264,6 +264,17 @@ ZORS_BITS(differing, _mm256_xor_si256)
 ZORS_BITS(without, _mm256_andnot_si256)  // the bits of b that are not in a
 #undef ZORS_BITS
 
+// All ones where a = b, else 0; zeros of both signs are equal.
+template <int L> ZORS_INLINE Vec<Zor32f, L> equal(Vec<Zor32f, L> a, Vec<Zor32f, L> b) {
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(a.r[i], b.r[i], _CMP_EQ_OQ); });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> equal(Vec<Zor64f, L> a, Vec<Zor64f, L> b) {
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_pd(a.r[i], b.r[i], _CMP_EQ_OQ); });
+}
+// All ones where a > b, else 0.
+template <int L> ZORS_INLINE Vec<Zor64f, L> above(Vec<Zor64f, L> a, Vec<Zor64f, L> b) {
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_pd(a.r[i], b.r[i], _CMP_GT_OQ); });
+}
 // All ones where x is not NaN, else 0.
 template <int L> ZORS_INLINE Vec<Zor32f, L> ordered(Vec<Zor32f, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(x.r[i], x.r[i], _CMP_ORD_Q); });
@@ -431,6 +442,14 @@ template <int L> ZORS_INLINE Vec<Zor64fc, L> mul(Vec<Zor64fc, L> a, Vec<Zor64fc,
   });
 }
 
+// (im, re).
+template <int L> ZORS_INLINE Vec<Zor32fc, L> swappedParts(Vec<Zor32fc, L> z) {
+  return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute_ps(z.r[i], 0xB1); });
+}
+template <int L> ZORS_INLINE Vec<Zor64fc, L> swappedParts(Vec<Zor64fc, L> z) {
+  return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute_pd(z.r[i], 0x5); });
+}
+
 // Floats change the sign bit, of zeros and NaN too; 16-bit parts negate with saturation.
 template <int L> ZORS_INLINE Vec<Zor32fc, L> conjugate(Vec<Zor32fc, L> z) {
   return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
@@ -505,6 +524,16 @@ template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor32f, L> x) {
 }
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor32f, L> x) {
   return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvttps_epi32(x.r[i]); });
+}
+
+// The nearest integer, of two the even one, in every direction of the control word.
+template <int L> ZORS_INLINE Vec<Zor32f, L> nearestInteger(Vec<Zor32f, L> x) {
+  return build<Vec<Zor32f, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_round_ps(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> nearestInteger(Vec<Zor64f, L> x) {
+  return build<Vec<Zor64f, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_round_pd(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); });
 }
 
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor64f, L> x) {
