@@ -475,6 +475,71 @@ ZorStatus zorsAddProduct_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* src
 ZorStatus zorsAddProduct_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32fc* srcDst, Zor32s len);
 ZorStatus zorsAddProduct_64fc(const Zor64fc* src1, const Zor64fc* src2, Zor64fc* srcDst, Zor32s len);
 
+/* Div: dst[i] = src2[i] / src1[i], the first operand is the divisor; in place srcDst[i] /= src[i]. A zero divisor gives
+   zorWarningDivideByZero; the vector is complete.
+   Numerics: integers are the exact quotient divided by 2^scaleFactor, to nearest, ties to even, saturated, in every
+   rounding direction; complex ones n * conj(d) / |d|^2, both parts alike. By zero, at every scale: zero for a zero, else
+   the bound of the dividend's sign. scaleFactor below -15 (8u, 16u), -29 (16s, 32s16s), -62 (32s), -32 (16sc): all but
+   zero quotients take the bound of their sign. 32s16s: src1 is the 16-bit divisor. Floats are one division in the
+   current rounding direction. 32fc, 64fc: the product n * conj(d) of zorsMul, each part divided by
+   round(round(d.re * d.re) + round(d.im * d.im)). */
+ZorStatus zorsDiv_8u_Sfs(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_16u_Sfs(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_32s_Sfs(const Zor32s* src1, const Zor32s* src2, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_16sc_Sfs(const Zor16sc* src1, const Zor16sc* src2, Zor16sc* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_32s16s_Sfs(const Zor16s* src1, const Zor32s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_8u_ISfs(const Zor8u* src, Zor8u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_16s_ISfs(const Zor16s* src, Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_16u_ISfs(const Zor16u* src, Zor16u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_32s_ISfs(const Zor32s* src, Zor32s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_16sc_ISfs(const Zor16sc* src, Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDiv_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len);
+ZorStatus zorsDiv_64f(const Zor64f* src1, const Zor64f* src2, Zor64f* dst, Zor32s len);
+ZorStatus zorsDiv_32fc(const Zor32fc* src1, const Zor32fc* src2, Zor32fc* dst, Zor32s len);
+ZorStatus zorsDiv_64fc(const Zor64fc* src1, const Zor64fc* src2, Zor64fc* dst, Zor32s len);
+ZorStatus zorsDiv_32f_I(const Zor32f* src, Zor32f* srcDst, Zor32s len);
+ZorStatus zorsDiv_64f_I(const Zor64f* src, Zor64f* srcDst, Zor32s len);
+ZorStatus zorsDiv_32fc_I(const Zor32fc* src, Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsDiv_64fc_I(const Zor64fc* src, Zor64fc* srcDst, Zor32s len);
+
+/* Div_Round: Div with a rounding mode: toward zero, to nearest even, or half away. Any other rnd is zorStatusBadRoundMode,
+   tested last. scaleFactor below -30: all but zero quotients take the bound of their sign. */
+ZorStatus zorsDiv_Round_8u_Sfs(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len, ZorRoundMode rnd,
+                               Zor32s scaleFactor);
+ZorStatus zorsDiv_Round_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, ZorRoundMode rnd,
+                                Zor32s scaleFactor);
+ZorStatus zorsDiv_Round_16u_Sfs(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len, ZorRoundMode rnd,
+                                Zor32s scaleFactor);
+ZorStatus zorsDiv_Round_8u_ISfs(const Zor8u* src, Zor8u* srcDst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsDiv_Round_16s_ISfs(const Zor16s* src, Zor16s* srcDst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+ZorStatus zorsDiv_Round_16u_ISfs(const Zor16u* src, Zor16u* srcDst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
+
+/* DivC: dst[i] = src[i] / val; in place srcDst[i] /= val. A zero val is zorStatusDivideByZero, tested after pointers and
+   len; 64s warns instead and saturates by sign. For 32fc and 64fc the test is on |val|^2 in their own precision.
+   Numerics: integers as Div. scaleFactor above 8 (8u) or 15 (16s, 16u): zeros; below -15 (8u), -30 (16s, 16u), -16
+   (16sc): the bounds. Floats are multiplied by 1 / val, rounded once; 32fc and 64fc by conj(val) / |val|^2. */
+ZorStatus zorsDivC_8u_Sfs(const Zor8u* src, Zor8u val, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_16s_Sfs(const Zor16s* src, Zor16s val, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_16u_Sfs(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_16sc_Sfs(const Zor16sc* src, Zor16sc val, Zor16sc* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_8u_ISfs(Zor8u val, Zor8u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_16s_ISfs(Zor16s val, Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_16u_ISfs(Zor16u val, Zor16u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_16sc_ISfs(Zor16sc val, Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_64s_ISfs(Zor64s val, Zor64s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsDivC_32f(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len);
+ZorStatus zorsDivC_64f(const Zor64f* src, Zor64f val, Zor64f* dst, Zor32s len);
+ZorStatus zorsDivC_32f_I(Zor32f val, Zor32f* srcDst, Zor32s len);
+ZorStatus zorsDivC_64f_I(Zor64f val, Zor64f* srcDst, Zor32s len);
+
+/* DivCRev: dst[i] = val / src[i]; in place srcDst[i] = val / srcDst[i]. Zero elements warn as in Div.
+   Numerics: 16u to nearest even, by zero 65535, or 0 for a zero val; 32f one division in the current direction. */
+ZorStatus zorsDivCRev_16u(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len);
+ZorStatus zorsDivCRev_32f(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len);
+ZorStatus zorsDivCRev_16u_I(Zor16u val, Zor16u* srcDst, Zor32s len);
+ZorStatus zorsDivCRev_32f_I(Zor32f val, Zor32f* srcDst, Zor32s len);
+
 /* And, Or, Xor: dst[i] = src1[i] op src2[i], bit by bit; in place srcDst[i] op= src[i]. */
 ZorStatus zorsAnd_8u(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len);
 ZorStatus zorsAnd_16u(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len);

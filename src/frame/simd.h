@@ -317,6 +317,7 @@ template <int L, Order O> ZORS_INLINE Vec<Zor64u, L, O> atLeast(Vec<Zor64u, L, O
 ZORS_COMPARE(equal, _CMP_EQ_OQ)
 ZORS_COMPARE(unequal, _CMP_NEQ_OQ)  // both are numbers and differ
 ZORS_COMPARE(below, _CMP_LT_OQ)
+ZORS_COMPARE(above, _CMP_GT_OQ)
 ZORS_COMPARE(notBelow, _CMP_NLT_UQ)  // a >= b, or either is NaN
 #undef ZORS_COMPARE
 
@@ -554,6 +555,14 @@ template <int L> ZORS_INLINE Vec<Zor64fc, L> mul(Vec<Zor64fc, L> a, Vec<Zor64fc,
   });
 }
 
+// (im, re).
+template <int L> ZORS_INLINE Vec<Zor32fc, L> swappedParts(Vec<Zor32fc, L> z) {
+  return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute_ps(z.r[i], 0xB1); });
+}
+template <int L> ZORS_INLINE Vec<Zor64fc, L> swappedParts(Vec<Zor64fc, L> z) {
+  return build<Vec<Zor64fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute_pd(z.r[i], 0x5); });
+}
+
 // Floats change the sign bit, of zeros and NaN too; 16-bit parts negate with saturation.
 template <int L> ZORS_INLINE Vec<Zor32fc, L> conjugate(Vec<Zor32fc, L> z) {
   return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
@@ -639,6 +648,16 @@ template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor32f, L> x) {
 }
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor32f, L> x) {
   return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvttps_epi32(x.r[i]); });
+}
+
+// The nearest integer, of two the even one, in every direction of the control word.
+template <int L> ZORS_INLINE Vec<Zor32f, L> nearestInteger(Vec<Zor32f, L> x) {
+  return build<Vec<Zor32f, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_round_ps(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> nearestInteger(Vec<Zor64f, L> x) {
+  return build<Vec<Zor64f, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_round_pd(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); });
 }
 
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor64f, L> x) {

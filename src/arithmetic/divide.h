@@ -1,0 +1,195 @@
+// What the divisions share: zero divisors, and the exact quotient of integers by floating-point division.
+#pragma once
+
+#include <bit>
+#include <limits>
+
+#include "arithmetic/elementwise.h"
+
+namespace zors {
+
+// Whether a kernel has met a zero divisor.
+class ZeroDivisors {
+ public:
+  // All ones in the lanes of a zero divisor.
+  template <class V> ZORS_INLINE void see(V isZero) {
+    for (const auto& r : isZero.r) seen_ = _mm256_or_si256(seen_, simd::bits(r));
+  }
+  ZorStatus status() const { return _mm256_testz_si256(seen_, seen_) ? zorStatusOk : zorWarningDivideByZero; }
+
+ private:
+  __m256i seen_ = _mm256_setzero_si256();
+};
+
+// The scale factors in which a member computes. Above `most` every quotient rounds to zero, below `least` every one
+// that is not zero takes the bound of its sign; a factor drawn in to just above or far below does the same by
+// arithmetic.
+struct ScaleRange {
+  int least, most;
+  constexpr int drawnIn(Zor32s scaleFactor) const {
+    constexpr int farBelow = 32;
+    return scaleFactor > most ? most + 1 : scaleFactor < least ? least - farBelow : scaleFactor;
+  }
+};
+
+template <class F> constexpr F powerOfTwo(int exponent) {  // of a normal number
+  if constexpr (sizeof(F) == 4)
+    return std::bit_cast<F>(static_cast<Zor32u>(127 + exponent) << 23);
+  else
+    return std::bit_cast<F>(static_cast<Zor64u>(1023 + exponent) << 52);
+}
+
+template <class F, class N, int L> ZORS_INLINE simd::Vec<F, L> toReal(simd::Vec<N, L> x) {  // exact where N fits
+  using namespace simd;
+  if constexpr (std::is_same_v<F, Zor32f>)
+    return toFloat(x);
+  else if constexpr (sizeof(N) < 4)
+    return toDouble(extend<Zor32s>(x));
+  else
+    return toDouble(x);
+}
+
+// The quotient dividend * 2^-scale / divisor of integers, rounded by rnd and saturated to D, exact in every direction
+// of the control word. A zero divisor counts as a tiny one: the quotient is the bound of the dividend's sign, or zero.
+//
+// With a dividend n * 2^-scale = N the quotient q is a half-integer h, or differs from each by at least 1 / (2 *
+// divisor) = q / (2 * N). Division in F gives q itself where it can be represented, as half-integers and integers are,
+// and else a value less than a unit in the last place of q away, which never is on the other side of h. It is not h
+// either if
+//  - N < 2^22 in binary32, N < 2^51 in binary64, since then q / (2 * N) is more than that unit; or
+//  - q is so small where it matters that 1 / (2 * divisor) is more than that unit.
+// Elsewhere, in a `corrected` quotient, it may be h: then the remainder tells. The cuts of the other two modes, whole
+// integers or half ones with a fixed direction, lie as far away.
+template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Quotient {
+ public:
+  explicit Quotient(int scale) : factor_(powerOfTwo<F>(-scale)) {}
+
+  template <int L> ZORS_INLINE simd::Vec<D, L> operator()(simd::Vec<F, L> n, simd::Vec<F, L> divisor) const {
+    using namespace simd;
+    const auto scaled = mul(n, same(n, factor_));
+    const auto d = select(equal(divisor, same(divisor, 0)), divisor, same(divisor, tiny));
+    auto q = rounded(div(scaled, d));
+    if constexpr (corrected) q = add(q, correction(fnma(q, d, scaled), d));
+    q = min(q, same(q, F(std::numeric_limits<D>::max())));
+    if constexpr (std::is_signed_v<D>) q = max(q, same(q, F(std::numeric_limits<D>::min())));
+    const auto integers = toIntegerTowardZero(q);
+    if constexpr (sizeof(D) < 4)
+      return saturate<D>(integers);
+    else
+      return integers;
+  }
+
+ private:
+  static constexpr F tiny = powerOfTwo<F>(sizeof(F) == 4 ? -56 : -120);
+
+  // Half away: q + 0.5 is exact, or q is so far below 0.5 that the sum stays below 1. The conversion cuts the rest off.
+  template <class V> ZORS_INLINE static V rounded(V q) {
+    using namespace simd;
+    if constexpr (rnd == zorRoundNearestEven)
+      return nearestInteger(q);
+    else if constexpr (rnd == zorRoundHalfAway)
+      return add(q, either(both(q, same(q, F(-0.0))), same(q, F(0.5))));
+    else
+      return q;
+  }
+  // One up or down where the remainder, exact, is more than half the divisor; at half, q was a tie and is even.
+  template <class V> ZORS_INLINE static V correction(V remainder, V d) {
+    using namespace simd;
+    static_assert(rnd == zorRoundNearestEven);
+    const auto sign = same(d, F(-0.0));
+    const auto isMore = above(without(sign, add(remainder, remainder)), without(sign, d));
+    return both(isMore, either(both(differing(remainder, d), sign), same(d, F(1))));
+  }
+
+  F factor_;
+};
+
+// Elements of two vectors, or of one and a constant: kernels of `map`.
+template <class D, class F, ZorRoundMode rnd, bool corrected = false> class IntegerDivision {
+ public:
+  explicit IntegerDivision(int scale) : quotient_(scale) {}
+
+  template <class S1, class S2, int L>
+  ZORS_INLINE simd::Vec<D, L> operator()(simd::Vec<S1, L> divisor, simd::Vec<S2, L> n) {
+    using namespace simd;
+    zeros_.see(equal(divisor, same(divisor, S1{0})));
+    return quotient_(toReal<F>(n), toReal<F>(divisor));
+  }
+  ZorStatus status() const { return zeros_.status(); }
+
+ private:
+  Quotient<D, F, rnd, corrected> quotient_;
+  ZeroDivisors zeros_;
+};
+
+// The parts of n * conj(d) / |d|^2. All sums of two products lie in -2^31 < t <= 2^31 and the wrapped ones are put
+// right in binary64: t - 1 fits 32 bits.
+class ComplexIntegerDivision {
+ public:
+  explicit ComplexIntegerDivision(int scale) : quotient_(scale) {}
+
+  template <int L>
+  ZORS_INLINE simd::Vec<Zor16sc, L> operator()(simd::Vec<Zor16sc, L> divisor, simd::Vec<Zor16sc, L> n) {
+    using namespace simd;
+    const auto words = as<Zor32s>(divisor);
+    const auto isZero = equal(words, same(words, 0));
+    zeros_.see(isZero);
+    const auto d = as<Zor16sc>(sub(words, isZero));  // 1 for 0, which makes the parts those of n
+    const auto norm = fromOneLess(dot(divisor, divisor));
+    return toComplex(quotient_(fromOneLess(dot(n, d)), norm), quotient_(toDouble(cross(n, d)), norm));
+  }
+  ZorStatus status() const { return zeros_.status(); }
+
+ private:
+  template <int L> ZORS_INLINE static simd::Vec<Zor32s, L> dot(simd::Vec<Zor16sc, L> a, simd::Vec<Zor16sc, L> b) {
+    return simd::build<simd::Vec<Zor32s, L>>([&](auto i)
+                                                 ZORS_INLINE_LAMBDA { return _mm256_madd_epi16(a.r[i], b.r[i]); });
+  }
+  // a.im * b.re - a.re * b.im, with the complement of b.im for its negative, which might not fit.
+  template <int L> ZORS_INLINE static simd::Vec<Zor32s, L> cross(simd::Vec<Zor16sc, L> a, simd::Vec<Zor16sc, L> b) {
+    using namespace simd;
+    const auto words = as<Zor32s>(a);
+    const auto re = shiftRight(shiftLeft(words, 16), 16);
+    const auto swapped = either(shiftLeft(words, 16), as<Zor32s>(shiftRight(as<Zor32u>(a), 16)));
+    const auto complemented = differing(as<Zor32s>(b), same(words, Zor32s(0xFFFF0000)));
+    return add(dot(as<Zor16sc>(swapped), as<Zor16sc>(complemented)), re);
+  }
+  template <int L> ZORS_INLINE static simd::Vec<Zor64f, L> fromOneLess(simd::Vec<Zor32s, L> t) {
+    using namespace simd;
+    const auto oneLess = toDouble(sub(t, same(t, 1)));
+    return add(oneLess, same(oneLess, 1.0));
+  }
+
+  Quotient<Zor16s, Zor64f, zorRoundNearestEven> quotient_;
+  ZeroDivisors zeros_;
+};
+
+// The kernel with its divisor, or its dividend, one value for all elements.
+template <class Division, class T> struct DivisionBy {
+  Division division;
+  T divisor;
+  template <class V> ZORS_INLINE auto operator()(V n) { return division(simd::same(n, divisor), n); }
+};
+template <class Division, class T> struct DivisionOf {
+  Division division;
+  T dividend;
+  template <class V> ZORS_INLINE auto operator()(V d) { return division(d, simd::same(d, dividend)); }
+};
+
+// run(division) in the cheapest type that is exact. Dividends of 8 bits: a quotient that matters is below 2^8, of a
+// divisor below 2^8. Those of 16 bits keep N below 2^22 down to a scale of -6, and quotients that matter below 2^16.
+// Those of 32 bits keep N at most 2^51 down to -20; with a 16-bit result quotients that matter are small again.
+template <class D, class S, ZorRoundMode rnd, class Run> ZORS_INLINE ZorStatus withDivision(int scale, Run&& run) {
+  if constexpr (sizeof(S) == 1) {
+    return run(IntegerDivision<D, Zor32f, rnd>(scale));
+  } else if constexpr (sizeof(S) == 2) {
+    return scale >= -6 ? run(IntegerDivision<D, Zor32f, rnd>(scale)) : run(IntegerDivision<D, Zor64f, rnd>(scale));
+  } else if constexpr (sizeof(D) == 2) {
+    return run(IntegerDivision<D, Zor64f, rnd>(scale));
+  } else {
+    return scale >= -20 ? run(IntegerDivision<D, Zor64f, rnd>(scale))
+                        : run(IntegerDivision<D, Zor64f, rnd, true>(scale));
+  }
+}
+
+}  // namespace zors
