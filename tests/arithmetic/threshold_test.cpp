@@ -413,10 +413,11 @@ Zor32f reciprocal(Zor32f m) {
   const Zor32f result = stepped * scale;
   return tiny && m != 0 && !(result <= 0x1.FFFFFEp127f) ? 0x1.FFFFFEp127f : result;
 }
-Zor64f reciprocal(Zor64f m) {
-  volatile Zor64f result = 1 / m;
+template <class F> F oneOver(F m) {
+  volatile F operand = m, result = 1 / operand;
   return result;
 }
+Zor64f reciprocal(Zor64f m) { return oneOver(m); }
 template <class F> F inverse(F x, F level) {
   const F m = std::fabs(x) > level ? std::fabs(x) : std::fabs(level);
   return std::copysign(reciprocal(m), x);
@@ -431,7 +432,7 @@ Zor64fc scaledConjugate(Zor64fc z, Zor64f m) {
 }
 template <class C> C complexInverse(C z, PartOf<C> level) {
   level = std::fabs(level);
-  if (square(z) == 0) return {1 / level, 0};
+  if (square(z) == 0) return {oneOver(level), 0};
   return scaledConjugate(z, square(z) > square(level) ? square(z) : square(level));
 }
 
