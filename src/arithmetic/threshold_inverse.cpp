@@ -18,7 +18,7 @@ template <bool normal, int L, Order O> ZORS_INLINE Vec<Zor32f, L, O> reciprocal(
   using Limits = std::numeric_limits<Zor32f>;
   const auto newton = [](auto x) ZORS_INLINE_LAMBDA {
     const auto r = reciprocalEstimate(x), product = mul(x, r);
-    return mul(r, sub(same(x, 2.0f), both(product, equal(product, product))));  // infinity times 0 counts as 0
+    return mul(r, sub(same(x, 2.0f), max(product, same(x, 0.0f))));  // infinity times 0, a NaN, counts as 0
   };
   if constexpr (normal) {
     return newton(m);
