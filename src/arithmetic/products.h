@@ -43,8 +43,8 @@ struct Times {
     return mul(as<Zor16u>(widen(a)), as<Zor16u>(widen(b)));
   }
   template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor16s, L> a, simd::Vec<Zor16s, L> b) const {
-    return products::joinHalves<Zor32s>(simd::mul(a, b),
-                                        [&](int i) ZORS_INLINE_LAMBDA { return _mm256_mulhi_epi16(a.r[i], b.r[i]); });
+    return Roomy{products::joinHalves<Zor32s>(
+        simd::mul(a, b), [&](int i) ZORS_INLINE_LAMBDA { return _mm256_mulhi_epi16(a.r[i], b.r[i]); })};
   }
   template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor16u, L> a, simd::Vec<Zor16u, L> b) const {
     return products::joinHalves<Zor32u>(simd::mul(a, b),
@@ -98,11 +98,7 @@ struct Times {
 // 16-bit elements, products in 32 bits and memory order.
 struct TimesWide {
   template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor16s, L> a, simd::Vec<Zor16s, L> b) const {
-    using namespace simd;
-    const auto signedWide = extend<Zor32s>(a);
-    const auto unsignedWide = extend<Zor32s>(as<Zor16u>(b));  // the high half of each pair is 0
-    return build<Vec<Zor32s, L>>(
-        [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_madd_epi16(signedWide.r[i], unsignedWide.r[i]); });
+    return Roomy{simd::inOrder(Times{}(a, b).t)};
   }
 };
 

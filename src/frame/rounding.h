@@ -26,8 +26,8 @@ class RoundingScope {
   RoundingScope& operator=(const RoundingScope&) = delete;
 
  protected:
-  RoundingScope(unsigned direction, unsigned field) : saved_(_mm_getcsr()) {
-    const unsigned wanted = (saved_ & ~field) | direction | _MM_MASK_INVALID;
+  RoundingScope(unsigned direction, unsigned field, unsigned masks = _MM_MASK_INVALID) : saved_(_mm_getcsr()) {
+    const unsigned wanted = (saved_ & ~field) | direction | masks;
     changed_ = wanted != saved_;
     if (changed_) _mm_setcsr(wanted);
     __asm__ volatile("" ::: "memory");
@@ -49,6 +49,12 @@ template <class T> T inScope(T x) {
 class InvalidMaskedScope : RoundingScope {
  public:
   InvalidMaskedScope() : RoundingScope(0, 0) {}
+};
+
+// Masks all exceptions and leaves the direction alone.
+class ExceptionsMaskedScope : RoundingScope {
+ public:
+  ExceptionsMaskedScope() : RoundingScope(0, 0, _MM_MASK_MASK) {}
 };
 
 }  // namespace zors

@@ -197,6 +197,8 @@ ZORS_OP(div, Zor32f, _mm256_div_ps)
 ZORS_OP(div, Zor64f, _mm256_div_pd)
 ZORS_OP1(sqrt, Zor32f, _mm256_sqrt_ps)
 ZORS_OP1(sqrt, Zor64f, _mm256_sqrt_pd)
+ZORS_OP1(reciprocalEstimate, Zor32f, _mm256_rcp_ps)  // some 12 bits, not the same ones on all processors
+ZORS_OP1(reciprocalRootEstimate, Zor32f, _mm256_rsqrt_ps)
 ZORS_OP3(fma, Zor32f, _mm256_fmadd_ps)  // round(a * b + c)
 ZORS_OP3(fma, Zor64f, _mm256_fmadd_pd)
 ZORS_OP3(fms, Zor32f, _mm256_fmsub_ps)  // round(a * b - c)
@@ -229,6 +231,8 @@ ZORS_OP(max, Zor32s, _mm256_max_epi32)
 ZORS_OP(max, Zor32u, _mm256_max_epu32)
 ZORS_OP(max, Zor32f, _mm256_max_ps)  // the second where either is NaN, or both are zeros
 ZORS_OP(max, Zor64f, _mm256_max_pd)
+ZORS_OP1(abs, Zor16s, _mm256_abs_epi16)  // the lowest stays
+ZORS_OP1(abs, Zor32s, _mm256_abs_epi32)
 ZORS_OP(above, Zor8s, _mm256_cmpgt_epi8)  // -1 where a > b, else 0
 ZORS_OP(above, Zor16s, _mm256_cmpgt_epi16)
 ZORS_OP(above, Zor32s, _mm256_cmpgt_epi32)
@@ -307,18 +311,21 @@ template <int L, Order O> ZORS_INLINE Vec<Zor64u, L, O> atLeast(Vec<Zor64u, L, O
 }
 
 // Comparisons of floats: all ones where they hold, else 0; no exception for a quiet NaN.
-#define ZORS_COMPARE(name, predicate)                                                                                  \
-  template <int L> ZORS_INLINE Vec<Zor32f, L> name(Vec<Zor32f, L> a, Vec<Zor32f, L> b) {                               \
-    return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(a.r[i], b.r[i], predicate); }); \
-  }                                                                                                                    \
-  template <int L> ZORS_INLINE Vec<Zor64f, L> name(Vec<Zor64f, L> a, Vec<Zor64f, L> b) {                               \
-    return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_pd(a.r[i], b.r[i], predicate); }); \
+#define ZORS_COMPARE(name, predicate)                                                                             \
+  template <int L, Order O> ZORS_INLINE Vec<Zor32f, L, O> name(Vec<Zor32f, L, O> a, Vec<Zor32f, L, O> b) {        \
+    return build<Vec<Zor32f, L, O>>([&](auto i)                                                                   \
+                                        ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(a.r[i], b.r[i], predicate); }); \
+  }                                                                                                               \
+  template <int L, Order O> ZORS_INLINE Vec<Zor64f, L, O> name(Vec<Zor64f, L, O> a, Vec<Zor64f, L, O> b) {        \
+    return build<Vec<Zor64f, L, O>>([&](auto i)                                                                   \
+                                        ZORS_INLINE_LAMBDA { return _mm256_cmp_pd(a.r[i], b.r[i], predicate); }); \
   }
 ZORS_COMPARE(equal, _CMP_EQ_OQ)
 ZORS_COMPARE(unequal, _CMP_NEQ_OQ)  // both are numbers and differ
 ZORS_COMPARE(below, _CMP_LT_OQ)
 ZORS_COMPARE(above, _CMP_GT_OQ)
-ZORS_COMPARE(notBelow, _CMP_NLT_UQ)  // a >= b, or either is NaN
+ZORS_COMPARE(notBelow, _CMP_NLT_UQ)    // a >= b, or either is NaN
+ZORS_COMPARE(notAtLeast, _CMP_NGE_UQ)  // a < b, or either is NaN
 #undef ZORS_COMPARE
 
 // Whether a mask has a lane that is all ones.
@@ -338,6 +345,19 @@ template <class V> ZORS_INLINE V signOf(V x) {  // the sign bit alone
 // All ones where x is not NaN, else 0.
 template <int L> ZORS_INLINE Vec<Zor32f, L> ordered(Vec<Zor32f, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(x.r[i], x.r[i], _CMP_ORD_Q); });
+}
+
+// Floats without their sign bit, and the sign bit alone.
+template <class T, int L, Order O>
+requires std::floating_point<T> ZORS_INLINE Vec<T, L, O> abs(Vec<T, L, O> x) { return without(same(x, T(-0.0)), x); }
+template <class T, int L, Order O>
+requires std::floating_point<T> ZORS_INLINE Vec<T, L, O> signBit(Vec<T, L, O> x) { return both(same(x, T(-0.0)), x); }
+
+// Whether any lane of a mask is set.
+template <class V> ZORS_INLINE bool any(V mask) {
+  __m256i seen = bits(mask.r[0]);
+  unrolled<V::registers - 1>([&](auto i) ZORS_INLINE_LAMBDA { seen = _mm256_or_si256(seen, bits(mask.r[i + 1])); });
+  return !_mm256_testz_si256(seen, seen);
 }
 
 // Where mask is all ones b, where it is 0 a; a mask lane is of the vector's width.
@@ -538,6 +558,17 @@ template <int L> ZORS_INLINE Vec<Zor16sc, L> toComplex(Vec<Zor16s, L> re, Vec<Zo
     return _mm256_permute2x128_si256(low, high, i % 2 == 0 ? 0x20 : 0x31);
   });
 }
+// The parts of 16-bit pairs in 32 bits, and pairs of saturated parts.
+template <int L> ZORS_INLINE Vec<Zor32s, L> wideReal(Vec<Zor16sc, L> z) {
+  return shiftRight(shiftLeft(as<Zor32s>(z), 16), 16);
+}
+template <int L> ZORS_INLINE Vec<Zor32s, L> wideImag(Vec<Zor16sc, L> z) { return shiftRight(as<Zor32s>(z), 16); }
+template <int L> ZORS_INLINE Vec<Zor16sc, L> toComplexSaturated(Vec<Zor32s, L> re, Vec<Zor32s, L> im) {
+  const __m256i interleave =
+      _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15));
+  return build<Vec<Zor16sc, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_shuffle_epi8(_mm256_packs_epi32(re.r[i], im.r[i]), interleave); });
+}
 
 // Pairwise products: t1 = round(b.im * a.im), t2 = round(b.im * a.re), re = fma(b.re, a.re, -t1), im = fma(b.re, a.im,
 // t2).
@@ -619,6 +650,14 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32s, L> x) {  // exa
                                          : _mm256_extracti128_si256(x.r[i / 2], 1));
   });
 }
+// Unsigned, exact: 2^52 + x, less 2^52. Zero is +0 in every direction.
+template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32u, L> x) {
+  const __m256d bias = _mm256_set1_pd(0x1p52);
+  return abs(build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256i wide = _mm256_cvtepu32_epi64(lowPart<Zor64u>(x, i));
+    return _mm256_sub_pd(_mm256_or_pd(_mm256_castsi256_pd(wide), bias), bias);
+  }));
+}
 template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor16s, L> x) { return toDouble(extend<Zor32s>(x)); }
 // Two exact halves, 2^52 + low and high - 2^52, and their sum: one rounding. Zero is +0 in every direction.
 template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor64s, L> x) {
@@ -652,12 +691,14 @@ template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor32f, L> x
 
 // The nearest integer, of two the even one, in every direction of the control word.
 template <int L> ZORS_INLINE Vec<Zor32f, L> nearestInteger(Vec<Zor32f, L> x) {
-  return build<Vec<Zor32f, L>>(
-      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_round_ps(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); });
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_round_ps(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+  });
 }
 template <int L> ZORS_INLINE Vec<Zor64f, L> nearestInteger(Vec<Zor64f, L> x) {
-  return build<Vec<Zor64f, L>>(
-      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_round_pd(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC); });
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_round_pd(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
+  });
 }
 
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor64f, L> x) {
