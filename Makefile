@@ -7,7 +7,7 @@ OUT ?= demo-out.wav
 JOBS ?= $(shell nproc)
 build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help setup demo test test-gcc test-clang sanitize tsan bench format lint install clean
+.PHONY: help setup demo test test-gcc test-clang sanitize tsan bench accuracy format lint install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -47,6 +47,11 @@ tsan: setup
 bench: setup
 	@$(call build,gcc-release) | tail -1
 	@for program in build/gcc-release/bench/*_bench; do $$program $(if $(BENCH),--benchmark_filter='$(BENCH)'); done
+
+## make accuracy   errors of the transcendental functions and of the transforms, as tables (minutes)
+accuracy: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target accuracy | tail -1
+	@for program in build/gcc-release/accuracy/*_accuracy; do $$program; done
 
 ## make format     clang-format over all sources
 format:

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <map>
 #include <numeric>
+#include <regex>
 #include <vector>
 
 #include "kit/bench.h"
@@ -111,6 +112,11 @@ Registration::Registration(void (*define)()) { registrations().push_back(define)
 Workload::Workload(std::string name, long size)
     : prefix_(std::move(name) + "/" + std::to_string(size) + "/"), size_(size) {
   rowOrder().push_back(prefix_.substr(0, prefix_.size() - 1));
+}
+
+bool wanted(const std::string& name) {
+  const std::string filter = benchmark::GetBenchmarkFilter();
+  return filter.empty() || filter == "all" || std::regex_search(name + "/", std::regex(filter));
 }
 
 // Arrays start at different places of their pages: a store and a load 4 KiB apart would stand in each other's way.
