@@ -530,8 +530,12 @@ ZorStatus zorsDivC_16sc_ISfs(Zor16sc val, Zor16sc* srcDst, Zor32s len, Zor32s sc
 ZorStatus zorsDivC_64s_ISfs(Zor64s val, Zor64s* srcDst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsDivC_32f(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len);
 ZorStatus zorsDivC_64f(const Zor64f* src, Zor64f val, Zor64f* dst, Zor32s len);
+ZorStatus zorsDivC_32fc(const Zor32fc* src, Zor32fc val, Zor32fc* dst, Zor32s len);
+ZorStatus zorsDivC_64fc(const Zor64fc* src, Zor64fc val, Zor64fc* dst, Zor32s len);
 ZorStatus zorsDivC_32f_I(Zor32f val, Zor32f* srcDst, Zor32s len);
 ZorStatus zorsDivC_64f_I(Zor64f val, Zor64f* srcDst, Zor32s len);
+ZorStatus zorsDivC_32fc_I(Zor32fc val, Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsDivC_64fc_I(Zor64fc val, Zor64fc* srcDst, Zor32s len);
 
 /* DivCRev: dst[i] = val / src[i]; in place srcDst[i] = val / srcDst[i]. Zero elements warn as in Div.
    Numerics: 16u to nearest even, by zero 65535, or 0 for a zero val; 32f one division in the current direction. */

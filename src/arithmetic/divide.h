@@ -4,7 +4,7 @@
 #include <bit>
 #include <limits>
 
-#include "arithmetic/elementwise.h"
+#include "arithmetic/products.h"
 
 namespace zors {
 
@@ -86,9 +86,9 @@ template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Quot
   template <class V> ZORS_INLINE static V rounded(V q) {
     using namespace simd;
     if constexpr (rnd == zorRoundNearestEven)
-      return nearestInteger(q);
+      return nearestIntegral(q);
     else if constexpr (rnd == zorRoundHalfAway)
-      return add(q, either(both(q, same(q, F(-0.0))), same(q, F(0.5))));
+      return add(q, either(signOf(q), same(q, F(0.5))));
     else
       return q;
   }
@@ -96,9 +96,8 @@ template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Quot
   template <class V> ZORS_INLINE static V correction(V remainder, V d) {
     using namespace simd;
     static_assert(rnd == zorRoundNearestEven);
-    const auto sign = same(d, F(-0.0));
-    const auto isMore = above(without(sign, add(remainder, remainder)), without(sign, d));
-    return both(isMore, either(both(differing(remainder, d), sign), same(d, F(1))));
+    const auto isMore = below(magnitude(d), magnitude(add(remainder, remainder)));
+    return both(isMore, either(signOf(differing(remainder, d)), same(d, F(1))));
   }
 
   F factor_;
@@ -122,8 +121,8 @@ template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Inte
   ZeroDivisors zeros_;
 };
 
-// The parts of n * conj(d) / |d|^2. All sums of two products lie in -2^31 < t <= 2^31 and the wrapped ones are put
-// right in binary64: t - 1 fits 32 bits.
+// The parts of n * conj(d) / |d|^2. For a real part of 2^31, of four parts of -32768, Times gives 2^31 - 1: the
+// quotient, next to a power of two, rounds to the same at every scale.
 class ComplexIntegerDivision {
  public:
   explicit ComplexIntegerDivision(int scale) : quotient_(scale) {}
@@ -134,29 +133,20 @@ class ComplexIntegerDivision {
     const auto words = as<Zor32s>(divisor);
     const auto isZero = equal(words, same(words, 0));
     zeros_.see(isZero);
-    const auto d = as<Zor16sc>(sub(words, isZero));  // 1 for 0, which makes the parts those of n
-    const auto norm = fromOneLess(dot(divisor, divisor));
-    return toComplex(quotient_(fromOneLess(dot(n, d)), norm), quotient_(toDouble(cross(n, d)), norm));
+    const auto d = as<Zor16sc>(sub(words, isZero));     // 1 for 0: the parts are those of n
+    const auto [im, re] = Times{}(d, swappedParts(n));  // d.re * n.im - d.im * n.re, d.re * n.re + d.im * n.im
+    const auto norm = squaredMagnitude(divisor);
+    return toComplex(quotient_(toDouble(re), norm), quotient_(toDouble(im), norm));
   }
   ZorStatus status() const { return zeros_.status(); }
 
  private:
-  template <int L> ZORS_INLINE static simd::Vec<Zor32s, L> dot(simd::Vec<Zor16sc, L> a, simd::Vec<Zor16sc, L> b) {
-    return simd::build<simd::Vec<Zor32s, L>>([&](auto i)
-                                                 ZORS_INLINE_LAMBDA { return _mm256_madd_epi16(a.r[i], b.r[i]); });
-  }
-  // a.im * b.re - a.re * b.im, with the complement of b.im for its negative, which might not fit.
-  template <int L> ZORS_INLINE static simd::Vec<Zor32s, L> cross(simd::Vec<Zor16sc, L> a, simd::Vec<Zor16sc, L> b) {
+  // At most 2^31, which wraps: one less fits.
+  template <int L> ZORS_INLINE static simd::Vec<Zor64f, L> squaredMagnitude(simd::Vec<Zor16sc, L> z) {
     using namespace simd;
-    const auto words = as<Zor32s>(a);
-    const auto re = shiftRight(shiftLeft(words, 16), 16);
-    const auto swapped = either(shiftLeft(words, 16), as<Zor32s>(shiftRight(as<Zor32u>(a), 16)));
-    const auto complemented = differing(as<Zor32s>(b), same(words, Zor32s(0xFFFF0000)));
-    return add(dot(as<Zor16sc>(swapped), as<Zor16sc>(complemented)), re);
-  }
-  template <int L> ZORS_INLINE static simd::Vec<Zor64f, L> fromOneLess(simd::Vec<Zor32s, L> t) {
-    using namespace simd;
-    const auto oneLess = toDouble(sub(t, same(t, 1)));
+    const auto oneLess = toDouble(build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+      return _mm256_sub_epi32(_mm256_madd_epi16(z.r[i], z.r[i]), _mm256_set1_epi32(1));
+    }));
     return add(oneLess, same(oneLess, 1.0));
   }
 

@@ -69,11 +69,11 @@ class InverseOf {
 };
 
 // a * 2^shift / divisor, for shifts up to 127.
-constexpr Zor64u saturated = ~Zor64u{0};
+constexpr Zor64u overflow = ~Zor64u{0};
 Zor64u roundedShifted(Zor64u a, int shift, Zor64u divisor) {
-  if (Zor128u{a} >> (127 - shift) != 0) return saturated;
+  if (Zor128u{a} >> (127 - shift) != 0) return overflow;
   const Zor128u n = Zor128u{a} << shift, q = n / divisor;
-  if (q >> 63 != 0) return saturated;
+  if (q >> 63 != 0) return overflow;
   const auto quotient = static_cast<Zor64u>(q);
   return quotient + roundsUp(quotient, static_cast<Zor64u>(n) - quotient * divisor, divisor);
 }
@@ -87,7 +87,7 @@ ZorStatus dividedBy64(Zor64s val, Zor64s* srcDst, Zor32s len, Zor32s scaleFactor
     const Zor64u divisor = magnitude(val);
     const bool isWide = scaleFactor >= 64 || (scaleFactor > 0 && divisor >> (64 - scaleFactor) != 0);
     if (divisor == 0) {
-      each([](Zor64u a) { return a == 0 ? 0 : saturated; });
+      each([](Zor64u a) { return a == 0 ? 0 : overflow; });
       return zorWarningDivideByZero;
     } else if (isWide) {  // divisor * 2^scaleFactor is 2^64 or more: the quotients are at most one half
       each([](Zor64u) { return Zor64u{0}; });

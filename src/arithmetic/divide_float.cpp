@@ -55,6 +55,15 @@ ZorStatus dividedBy(ZorStatus mulC(const T*, T, T*, Zor32s), const T* src, T val
   });
 }
 
+// By conj(val) / |val|^2, the norm in the precision of the elements.
+template <class C>
+ZorStatus dividedByComplex(ZorStatus mulC(const C*, C, C*, Zor32s), const C* src, C val, C* dst, Zor32s len) {
+  const auto norm = val.re * val.re + val.im * val.im;
+  return check().pointers(src, dst).size(len).require(norm != 0, zorStatusDivideByZero).then([&] {
+    return mulC(src, {val.re / norm, -val.im / norm}, dst, len);
+  });
+}
+
 }  // namespace
 
 // clang-format off
@@ -74,6 +83,10 @@ ZorStatus zorsDivC_32f(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len) {
 ZorStatus zorsDivC_64f(const Zor64f* src, Zor64f val, Zor64f* dst, Zor32s len) { return dividedBy(zors::zorsMulC_64f, src, val, dst, len); }
 ZorStatus zorsDivC_32f_I(Zor32f val, Zor32f* srcDst, Zor32s len) { return dividedBy(zors::zorsMulC_32f, srcDst, val, srcDst, len); }
 ZorStatus zorsDivC_64f_I(Zor64f val, Zor64f* srcDst, Zor32s len) { return dividedBy(zors::zorsMulC_64f, srcDst, val, srcDst, len); }
+ZorStatus zorsDivC_32fc(const Zor32fc* src, Zor32fc val, Zor32fc* dst, Zor32s len) { return dividedByComplex(zors::zorsMulC_32fc, src, val, dst, len); }
+ZorStatus zorsDivC_64fc(const Zor64fc* src, Zor64fc val, Zor64fc* dst, Zor32s len) { return dividedByComplex(zors::zorsMulC_64fc, src, val, dst, len); }
+ZorStatus zorsDivC_32fc_I(Zor32fc val, Zor32fc* srcDst, Zor32s len) { return dividedByComplex(zors::zorsMulC_32fc, srcDst, val, srcDst, len); }
+ZorStatus zorsDivC_64fc_I(Zor64fc val, Zor64fc* srcDst, Zor32s len) { return dividedByComplex(zors::zorsMulC_64fc, srcDst, val, srcDst, len); }
 // clang-format on
 
 }  // namespace zors

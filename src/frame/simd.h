@@ -587,6 +587,11 @@ template <int L> ZORS_INLINE Vec<Zor64fc, L> mul(Vec<Zor64fc, L> a, Vec<Zor64fc,
 }
 
 // (im, re).
+template <int L> ZORS_INLINE Vec<Zor16sc, L> swappedParts(Vec<Zor16sc, L> z) {
+  return build<Vec<Zor16sc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(z.r[i], 0xB1), 0xB1);
+  });
+}
 template <int L> ZORS_INLINE Vec<Zor32fc, L> swappedParts(Vec<Zor32fc, L> z) {
   return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute_ps(z.r[i], 0xB1); });
 }
@@ -687,18 +692,6 @@ template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor32f, L> x) {
 }
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor32f, L> x) {
   return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvttps_epi32(x.r[i]); });
-}
-
-// The nearest integer, of two the even one, in every direction of the control word.
-template <int L> ZORS_INLINE Vec<Zor32f, L> nearestInteger(Vec<Zor32f, L> x) {
-  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    return _mm256_round_ps(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-  });
-}
-template <int L> ZORS_INLINE Vec<Zor64f, L> nearestInteger(Vec<Zor64f, L> x) {
-  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    return _mm256_round_pd(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
-  });
 }
 
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor64f, L> x) {

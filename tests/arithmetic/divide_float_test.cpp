@@ -121,6 +121,49 @@ TEST(DivCFloats, MultiplyByTheRoundedReciprocal) {
   constants<Zor64f>("zorsDivC_64f", zorsDivC_64f, zorsDivC_64f_I);
 }
 
+// The product of zorsMul with conj(val) / |val|^2.
+template <class C>
+void complexConstants(const char* name, ZorStatus (*divC)(const C*, C, C*, Zor32s),
+                      ZorStatus (*inPlace)(C, C*, Zor32s)) {
+  using T = decltype(C::re);
+  using L = std::numeric_limits<T>;
+  for (unsigned direction : kit::allDirections) {
+    const kit::Direction scope(direction);
+    for (C val : {C{1, 0}, C{T(-0.1), 3}, C{0, -7}, C{L::max(), 1}, C{L::infinity(), 1}, C{L::quiet_NaN(), 1}}) {
+      const volatile T re2 = val.re * val.re, im2 = val.im * val.im, norm = re2 + im2;
+      const volatile T re = val.re / norm, im = -val.im / norm;
+      const auto model = [b = C{re, im}](C a) -> C {
+        const volatile T t1 = b.im * a.im, t2 = b.im * a.re;
+        return {std::fma(b.re, a.re, -t1), std::fma(b.re, a.im, t2)};
+      };
+      sweep<C, C>(
+          name, [=](const C* src, C* dst, Zor32s len) { return divC(src, val, dst, len); }, model, kit::fewLengths());
+      sweepInPlace<C>(
+          name, [=](C* srcDst, Zor32s len) { return inPlace(val, srcDst, len); }, model, kit::fewLengths());
+    }
+  }
+  const std::vector<C> src(8, C{1, 1});
+  std::vector<C> dst(8, C{3, 3});
+  const C zero{0, T(-0.0)}, vanishing{L::min(), L::min()};  // the squares vanish
+  kit::Contract(divC, src.data(), C{2, 1}, dst.data(), 8)
+      .template null<0>()
+      .template null<2>()
+      .template bad<3>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .template bad<1>({zero, vanishing}, zorStatusDivideByZero)
+      .untouched(dst)
+      .verify(name);
+  kit::Contract(inPlace, C{2, 1}, dst.data(), 8)
+      .template null<1>()
+      .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
+      .template bad<0>({zero, vanishing}, zorStatusDivideByZero)
+      .untouched(dst)
+      .verify(name);
+}
+TEST(DivCFloats, ComplexOnesMultiplyByTheRoundedInverse) {
+  complexConstants<Zor32fc>("zorsDivC_32fc", zorsDivC_32fc, zorsDivC_32fc_I);
+  complexConstants<Zor64fc>("zorsDivC_64fc", zorsDivC_64fc, zorsDivC_64fc_I);
+}
+
 TEST(DivCRevFloats, OneDivisionInTheCurrentDirection) {
   using L = std::numeric_limits<Zor32f>;
   for (unsigned direction : kit::allDirections) {

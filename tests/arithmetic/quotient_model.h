@@ -17,10 +17,10 @@ constexpr int bitLength(Zor128u x) {
   for (; x != 0; x >>= 1) ++bits;
   return bits;
 }
-// n / (d * 2^scale), d not zero, for magnitudes up to 2^63 of n and 2^64 of d; 2^64 for anything larger than that.
+// n / (d * 2^scale), d not zero, for magnitudes up to 2^63; 2^64 for anything larger than that.
 template <class Wide> constexpr Zor128u rounded(Wide n, Wide d, int scale, ZorRoundMode rnd) {
   if (scale >= 0) {
-    if (scale > 80) return 0;
+    if (scale > 64) return 0;
     d <<= scale;
   } else {
     if (n == 0) return 0;
