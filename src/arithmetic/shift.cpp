@@ -5,23 +5,14 @@
 namespace zors {
 namespace {
 
-// There is no byte shift: pairs of bytes are shifted, and what came from the neighbour is masked out.
 struct Left {
   template <class T> static constexpr bool fillsWithZeros = true;
   template <class V> ZORS_INLINE V operator()(V x, int count) const { return simd::shiftLeft(x, count); }
-  template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor8u, L> x, int count) const {
-    using namespace simd;
-    return both(as<Zor8u>(shiftLeft(as<Zor16u>(x), count)), same(x, Zor8u(0xFF << count)));
-  }
 };
 struct Right {
   template <class T> static constexpr bool fillsWithZeros = std::is_unsigned_v<T>;
   // Signed: a count beyond the width fills with the sign, as the instruction does.
   template <class V> ZORS_INLINE V operator()(V x, int count) const { return simd::shiftRight(x, count); }
-  template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor8u, L> x, int count) const {
-    using namespace simd;
-    return both(as<Zor8u>(shiftRight(as<Zor16u>(x), count)), same(x, Zor8u(0xFF >> count)));
-  }
 };
 
 // Counts whose result is known decide before the checks.
