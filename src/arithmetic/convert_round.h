@@ -2,6 +2,7 @@
 #pragma once
 
 #include <bit>
+#include <limits>
 
 #include "arithmetic/elementwise.h"
 #include "frame/rounding.h"
@@ -10,8 +11,9 @@ namespace zors {
 
 enum class Rounding { nearestEven, towardZero, halfAway };
 
-// x to 32-bit integers. Half-away adds one half with the sign of x; its scope rounds toward zero, so that 0.49999997
-// plus 0.5 stays below 1. NaN and values out of range give 0x80000000.
+// x to 32-bit integers. Half-away adds the number just below one half, with the sign of x, and cuts: under rounding to
+// nearest the sum reaches the next integer from one half on, and not from any number below it. NaN and values out of
+// range give 0x80000000.
 template <Rounding rounding, class V> ZORS_INLINE auto toInteger(V x) {
   using namespace simd;
   using F = typename V::Element;
@@ -20,7 +22,8 @@ template <Rounding rounding, class V> ZORS_INLINE auto toInteger(V x) {
   else if constexpr (rounding == Rounding::towardZero)
     return toIntegerTowardZero(x);
   else
-    return toIntegerTowardZero(add(x, either(both(x, same(x, F(-0.0))), same(x, F(0.5)))));
+    return toIntegerTowardZero(
+        add(x, either(both(x, same(x, F(-0.0))), same(x, F(0.5) - std::numeric_limits<F>::epsilon() / 4))));
 }
 
 // run.operator()<rounding>() under the control word that it needs; the invalid-operation exception is masked.
@@ -32,7 +35,7 @@ template <class Run> void withRounding(ZorRoundMode rnd, Run&& run) {
     const InvalidMaskedScope scope;
     run.template operator()<Rounding::towardZero>();
   } else {
-    const RoundingScope scope(RoundingScope::towardZero);
+    const RoundingScope scope(RoundingScope::nearest);
     run.template operator()<Rounding::halfAway>();
   }
 }
