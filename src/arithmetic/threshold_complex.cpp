@@ -19,7 +19,7 @@ Zor32f squareOf(Zor32f level) { return level * level; }
 Zor64f squareOf(Zor64f level) { return level * level; }
 Zor32s squareOf(Zor16s level) { return level * level; }
 
-template <int L> ZORS_INLINE auto notAtLeast(Vec<Zor32s, L> a, Vec<Zor32s, L> b) { return above(b, a); }
+template <int L> ZORS_INLINE auto notAtLeast(Vec<Zor32s, L> a, Vec<Zor32s, L> b) { return below(a, b); }
 
 // Where squares m are replaced, by the square of the level.
 struct LT {  // NaN too
@@ -29,13 +29,13 @@ struct LT {  // NaN too
   static constexpr Zor64f bias = 0.99999999999;
 };
 struct GT {
-  template <class V> ZORS_INLINE static auto replaced(V m, V level) { return above(m, level); }
+  template <class V> ZORS_INLINE static auto replaced(V m, V level) { return below(level, m); }
   template <class V> ZORS_INLINE static V byLevelZero(V z) { return same(z, {}); }
   // A product that rounding has left just below an integer keeps the integer.
   static constexpr Zor64f bias = 1.25e-11;
 };
 struct LTVal {
-  template <class V> ZORS_INLINE static auto replaced(V m, V level) { return above(level, m); }
+  template <class V> ZORS_INLINE static auto replaced(V m, V level) { return below(m, level); }
 };
 struct GTVal {  // NaN too
   template <class V> ZORS_INLINE static auto replaced(V m, V level) { return notAtLeast(level, m); }

@@ -23,7 +23,7 @@ template <bool normal, int L, Order O> ZORS_INLINE Vec<Zor32f, L, O> reciprocal(
   if constexpr (normal) {
     return newton(m);
   } else {
-    const auto scale = select(above(same(m, Limits::min()), m), same(m, 1.0f), same(m, 0x1p24f));
+    const auto scale = select(below(m, same(m, Limits::min())), same(m, 1.0f), same(m, 0x1p24f));
     const auto limit = select(equal(m, same(m, 0.0f)), same(m, Limits::max()), same(m, Limits::infinity()));
     return min(mul(newton(mul(m, scale)), scale), limit);
   }
@@ -40,9 +40,9 @@ template <class T, class, bool normal> struct LTInv {
 
   explicit LTInv(T l) : level(l) {}
   ZORS_INLINE Vec<T, lanes> operator()(Vec<T, lanes> x) {
-    const auto m = max(abs(x), same(x, level));
+    const auto m = max(magnitude(x), same(x, level));
     if constexpr (!normal) zeros = either(zeros, equal(m, same(m, T(0))));
-    return either(reciprocal<normal>(m), signBit(x));
+    return either(reciprocal<normal>(m), signOf(x));
   }
 };
 template <class C, class R, bool normal> struct LTInvComplex {

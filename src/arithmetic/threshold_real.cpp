@@ -23,9 +23,9 @@ template <class T> struct LTAbs {
   template <class V> ZORS_INLINE V operator()(V x) const {
     const V l = same(x, level);
     if constexpr (std::floating_point<T>)  // the magnitude stands second, and is kept where it is NaN
-      return either(max(l, abs(x)), signBit(x));
+      return either(max(l, magnitude(x)), signOf(x));
     else
-      return select(above(same(x, 0), x), max(x, l), min(x, sub(same(x, 0), l)));
+      return select(below(x, same(x, 0)), max(x, l), min(x, sub(same(x, 0), l)));
   }
 };
 template <class T> struct GTAbs {
@@ -34,7 +34,7 @@ template <class T> struct GTAbs {
   template <class V> ZORS_INLINE V operator()(V x) const {
     const V l = same(x, level);
     if constexpr (std::floating_point<T>)
-      return either(min(abs(l), abs(x)), signBit(x));  // a level of -0 is 0
+      return either(min(magnitude(l), magnitude(x)), signOf(x));  // a level of -0 is 0
     else
       return max(min(x, l), sub(same(x, 0), l));
   }
@@ -42,7 +42,7 @@ template <class T> struct GTAbs {
 
 template <class T> struct LTVal {
   T level, value;
-  template <class V> ZORS_INLINE V operator()(V x) const { return select(above(same(x, level), x), x, same(x, value)); }
+  template <class V> ZORS_INLINE V operator()(V x) const { return select(below(x, same(x, level)), x, same(x, value)); }
 };
 template <class T> struct GTVal {
   T level, value;
@@ -50,15 +50,15 @@ template <class T> struct GTVal {
     if constexpr (std::floating_point<T>)  // NaN is not kept
       return select(notAtLeast(same(x, level), x), x, same(x, value));
     else
-      return select(above(x, same(x, level)), x, same(x, value));
+      return select(below(same(x, level), x), x, same(x, value));
   }
 };
 template <class T> struct LTValGTVal {
   T levelLT, valueLT, levelGT, valueGT;
   ZorStatus fault() const { return levelLT > levelGT ? zorStatusThresholdLevelsCrossed : zorStatusOk; }
   template <class V> ZORS_INLINE V operator()(V x) const {
-    const V raised = select(above(same(x, levelLT), x), x, same(x, valueLT));
-    return select(above(x, same(x, levelGT)), raised, same(x, valueGT));
+    const V raised = select(below(x, same(x, levelLT)), x, same(x, valueLT));
+    return select(below(same(x, levelGT), x), raised, same(x, valueGT));
   }
 };
 

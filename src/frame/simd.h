@@ -310,6 +310,12 @@ template <int L, Order O> ZORS_INLINE Vec<Zor64u, L, O> atLeast(Vec<Zor64u, L, O
                    same(a, ~Zor64u{0}));
 }
 
+// All ones where a < b, else 0.
+template <class T, int L, Order O>
+requires(std::is_integral_v<T>&& std::is_signed_v<T>) ZORS_INLINE Vec<T, L, O> below(Vec<T, L, O> a, Vec<T, L, O> b) {
+  return above(b, a);
+}
+
 // Comparisons of floats: all ones where they hold, else 0; no exception for a quiet NaN.
 #define ZORS_COMPARE(name, predicate)                                                                             \
   template <int L, Order O> ZORS_INLINE Vec<Zor32f, L, O> name(Vec<Zor32f, L, O> a, Vec<Zor32f, L, O> b) {        \
@@ -329,9 +335,9 @@ ZORS_COMPARE(notAtLeast, _CMP_NGE_UQ)  // a < b, or either is NaN
 #undef ZORS_COMPARE
 
 // Whether a mask has a lane that is all ones.
-template <class T, int L> ZORS_INLINE bool any(Vec<T, L> mask) {
+template <class T, int L, Order O> ZORS_INLINE bool any(Vec<T, L, O> mask) {
   __m256i seen = bits(mask.r[0]);
-  for (int i = 1; i < Vec<T, L>::registers; ++i) seen = _mm256_or_si256(seen, bits(mask.r[i]));
+  for (int i = 1; i < Vec<T, L, O>::registers; ++i) seen = _mm256_or_si256(seen, bits(mask.r[i]));
   return !_mm256_testz_si256(seen, seen);
 }
 
@@ -345,19 +351,6 @@ template <class V> ZORS_INLINE V signOf(V x) {  // the sign bit alone
 // All ones where x is not NaN, else 0.
 template <int L> ZORS_INLINE Vec<Zor32f, L> ordered(Vec<Zor32f, L> x) {
   return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cmp_ps(x.r[i], x.r[i], _CMP_ORD_Q); });
-}
-
-// Floats without their sign bit, and the sign bit alone.
-template <class T, int L, Order O>
-requires std::floating_point<T> ZORS_INLINE Vec<T, L, O> abs(Vec<T, L, O> x) { return without(same(x, T(-0.0)), x); }
-template <class T, int L, Order O>
-requires std::floating_point<T> ZORS_INLINE Vec<T, L, O> signBit(Vec<T, L, O> x) { return both(same(x, T(-0.0)), x); }
-
-// Whether any lane of a mask is set.
-template <class V> ZORS_INLINE bool any(V mask) {
-  __m256i seen = bits(mask.r[0]);
-  unrolled<V::registers - 1>([&](auto i) ZORS_INLINE_LAMBDA { seen = _mm256_or_si256(seen, bits(mask.r[i + 1])); });
-  return !_mm256_testz_si256(seen, seen);
 }
 
 // Where mask is all ones b, where it is 0 a; a mask lane is of the vector's width.
@@ -658,7 +651,7 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32s, L> x) {  // exa
 // Unsigned, exact: 2^52 + x, less 2^52. Zero is +0 in every direction.
 template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor32u, L> x) {
   const __m256d bias = _mm256_set1_pd(0x1p52);
-  return abs(build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+  return magnitude(build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
     const __m256i wide = _mm256_cvtepu32_epi64(lowPart<Zor64u>(x, i));
     return _mm256_sub_pd(_mm256_or_pd(_mm256_castsi256_pd(wide), bias), bias);
   }));
