@@ -5,9 +5,9 @@
 
 namespace zors {
 
-// Sets the rounding direction, with the invalid-operation exception masked, for the length of a scope. Exceptions that
-// the scope raises stay recorded. The compiler does not know that arithmetic depends on the control word: only work
-// from memory to memory may stand in such a scope.
+// Sets the rounding direction, with exceptions masked, for the length of a scope: the invalid-operation one, or all.
+// Exceptions that the scope raises stay recorded. The compiler does not know that arithmetic depends on the control
+// word: only work from memory to memory may stand in such a scope.
 class RoundingScope {
  public:
   enum Direction : unsigned {
@@ -17,7 +17,8 @@ class RoundingScope {
     towardZero = _MM_ROUND_TOWARD_ZERO
   };
 
-  explicit RoundingScope(Direction direction) : RoundingScope(direction, _MM_ROUND_MASK) {}
+  explicit RoundingScope(Direction direction, unsigned masked = _MM_MASK_INVALID)
+      : RoundingScope(direction, _MM_ROUND_MASK, masked) {}
   ~RoundingScope() {
     if (changed_) _mm_setcsr((saved_ & ~flags) | (_mm_getcsr() & flags));
     __asm__ volatile("" ::: "memory");
@@ -26,8 +27,8 @@ class RoundingScope {
   RoundingScope& operator=(const RoundingScope&) = delete;
 
  protected:
-  RoundingScope(unsigned direction, unsigned field) : saved_(_mm_getcsr()) {
-    const unsigned wanted = (saved_ & ~field) | direction | _MM_MASK_INVALID;
+  RoundingScope(unsigned direction, unsigned field, unsigned masked) : saved_(_mm_getcsr()) {
+    const unsigned wanted = (saved_ & ~field) | direction | masked;
     changed_ = wanted != saved_;
     if (changed_) _mm_setcsr(wanted);
     __asm__ volatile("" ::: "memory");
@@ -48,7 +49,36 @@ template <class T> T inScope(T x) {
 // Masks the invalid-operation exception and leaves the direction alone.
 class InvalidMaskedScope : RoundingScope {
  public:
-  InvalidMaskedScope() : RoundingScope(0, 0) {}
+  InvalidMaskedScope() : RoundingScope(0, 0, _MM_MASK_INVALID) {}
+};
+
+// Masks all exceptions and leaves the direction alone.
+class ExceptionsMaskedScope : RoundingScope {
+ public:
+  ExceptionsMaskedScope() : RoundingScope(0, 0, _MM_MASK_MASK) {}
+};
+
+// Masks all exceptions and clears the sticky flags, to be asked at the end of the scope; then both are as before.
+class FlagsScope {
+ public:
+  FlagsScope() : saved_(_mm_getcsr()) {
+    _mm_setcsr((saved_ | _MM_MASK_MASK) & ~unsigned{_MM_EXCEPT_MASK});
+    __asm__ volatile("" ::: "memory");
+  }
+  ~FlagsScope() {
+    __asm__ volatile("" ::: "memory");
+    _mm_setcsr(saved_);
+  }
+  FlagsScope(const FlagsScope&) = delete;
+  FlagsScope& operator=(const FlagsScope&) = delete;
+
+  bool sawInvalid() const {
+    __asm__ volatile("" ::: "memory");
+    return (_mm_getcsr() & _MM_EXCEPT_INVALID) != 0;
+  }
+
+ private:
+  unsigned saved_;
 };
 
 }  // namespace zors

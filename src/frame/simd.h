@@ -338,6 +338,12 @@ ZORS_SATURATE(Zor32s, Zor16s, _mm256_packs_epi32)
 ZORS_SATURATE(Zor32s, Zor16u, _mm256_packus_epi32)
 #undef ZORS_SATURATE
 
+// Unsigned elements are limited before the pack, which takes them for signed ones.
+template <class D, class W, int L>
+requires(std::is_unsigned_v<W> && sizeof(W) == 2 * sizeof(D)) ZORS_INLINE Vec<D, L> saturate(Split<W, L> x) {
+  return saturate<D>(as<std::make_signed_t<W>>(min(x, same(x, D(-1)))));
+}
+
 // The same from memory order.
 template <class D, class W, int L>
 requires(sizeof(W) == 2 * sizeof(D)) ZORS_INLINE Vec<D, L> saturate(Vec<W, L> x) {
