@@ -614,6 +614,76 @@ ZorStatus zorsRShiftC_16s_I(Zor32s val, Zor16s* srcDst, Zor32s len);
 ZorStatus zorsRShiftC_16u_I(Zor32s val, Zor16u* srcDst, Zor32s len);
 ZorStatus zorsRShiftC_32s_I(Zor32s val, Zor32s* srcDst, Zor32s len);
 
+/* ---- Powers, roots, exponentials, logarithms ----------------------------------------------------------------- */
+
+/* Abs: dst[i] = |src[i]|. Floats lose the sign bit; the lowest integer gives the highest. */
+ZorStatus zorsAbs_16s(const Zor16s* src, Zor16s* dst, Zor32s len);
+ZorStatus zorsAbs_32s(const Zor32s* src, Zor32s* dst, Zor32s len);
+ZorStatus zorsAbs_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsAbs_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsAbs_16s_I(Zor16s* srcDst, Zor32s len);
+ZorStatus zorsAbs_32s_I(Zor32s* srcDst, Zor32s len);
+ZorStatus zorsAbs_32f_I(Zor32f* srcDst, Zor32s len);
+ZorStatus zorsAbs_64f_I(Zor64f* srcDst, Zor32s len);
+
+/* Sqr: dst[i] = src[i]^2.
+   Numerics: floats one multiplication, complex floats as Mul of equal operands, in the current direction. Integers
+   exact, scaled and saturated by the common rule. */
+ZorStatus zorsSqr_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsSqr_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsSqr_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len);
+ZorStatus zorsSqr_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len);
+ZorStatus zorsSqr_32f_I(Zor32f* srcDst, Zor32s len);
+ZorStatus zorsSqr_64f_I(Zor64f* srcDst, Zor32s len);
+ZorStatus zorsSqr_32fc_I(Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsSqr_64fc_I(Zor64fc* srcDst, Zor32s len);
+ZorStatus zorsSqr_8u_Sfs(const Zor8u* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqr_16u_Sfs(const Zor16u* src, Zor16u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqr_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqr_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqr_8u_ISfs(Zor8u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqr_16u_ISfs(Zor16u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqr_16s_ISfs(Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqr_16sc_ISfs(Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
+
+/* Sqrt of floats, correctly rounded. A negative element gives the default NaN and zorWarningSqrtOfNegative. Exceptions
+   are masked during the call and the sticky flags are as before on return.
+   Complex: the principal root, real part at or above 0, imaginary part with the sign of the element's. With a and b
+   half the parts, the greater part is r = sqrt(|a| + sqrt(fma(a, a, b^2))), the other |b| / r; the squares may overflow.
+   No warning. */
+ZorStatus zorsSqrt_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsSqrt_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsSqrt_32f_I(Zor32f* srcDst, Zor32s len);
+ZorStatus zorsSqrt_64f_I(Zor64f* srcDst, Zor32s len);
+ZorStatus zorsSqrt_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len);
+ZorStatus zorsSqrt_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len);
+ZorStatus zorsSqrt_32fc_I(Zor32fc* srcDst, Zor32s len);
+ZorStatus zorsSqrt_64fc_I(Zor64fc* srcDst, Zor32s len);
+
+/* Exp: dst[i] = e^src[i]. 32f64f computes in binary64. +infinity stays, -infinity gives 0, NaN stays NaN; overflow gives
+   +infinity, small results are denormal or 0. Exceptions are masked during the call, as in all functions below. */
+ZorStatus zorsExp_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsExp_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsExp_32f_I(Zor32f* srcDst, Zor32s len);
+ZorStatus zorsExp_64f_I(Zor64f* srcDst, Zor32s len);
+ZorStatus zorsExp_32f64f(const Zor32f* src, Zor64f* dst, Zor32s len);
+
+/* Ln: dst[i] = ln src[i]. A zero, -0 too, gives -infinity and zorWarningLogOfZero, a negative element NaN and
+   zorWarningLogOfNegative; the first of them decides. NaN stays NaN without a warning. 64f32f computes in binary64. */
+ZorStatus zorsLn_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsLn_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsLn_32f_I(Zor32f* srcDst, Zor32s len);
+ZorStatus zorsLn_64f_I(Zor64f* srcDst, Zor32s len);
+ZorStatus zorsLn_64f32f(const Zor64f* src, Zor32f* dst, Zor32s len);
+
+/* SumLn: the sum of ln src[i], each as by Ln of the source's type (16s as 32f), added in binary64. The first element
+   that is zero, negative or NaN decides: sum is then -infinity with zorWarningLogOfZero, NaN with
+   zorWarningLogOfNegative, NaN with zorStatusOk. */
+ZorStatus zorsSumLn_32f(const Zor32f* src, Zor32s len, Zor32f* sum);
+ZorStatus zorsSumLn_64f(const Zor64f* src, Zor32s len, Zor64f* sum);
+ZorStatus zorsSumLn_32f64f(const Zor32f* src, Zor32s len, Zor64f* sum);
+ZorStatus zorsSumLn_16s32f(const Zor16s* src, Zor32s len, Zor32f* sum);
+
 /* ---- Conversion ---------------------------------------------------------------------------------------------- */
 
 /* Convert to wider types and between float types: dst[i] = src[i]. 24s and 24u elements have three bytes, least

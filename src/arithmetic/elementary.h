@@ -1,7 +1,8 @@
-// Elementary functions of vectors: sine, cosine and the two-argument arc tangent.
+// Elementary functions of vectors: sine, cosine, the two-argument arc tangent, exponential and natural logarithm.
 //
-// Binary32 functions are evaluated in binary64 and narrowed at the end, which leaves little more than that rounding.
-// Binary64 functions carry what the reduction cut off in a second word. Lanes that the vector code does not cover
+// Binary32 sine, cosine and arc tangent are evaluated in binary64 and narrowed at the end, which leaves little more
+// than that rounding; exponential and logarithm have fast polynomials of a few ulp. Binary64 functions carry what the
+// reduction cut off in a second word. Lanes that the vector code does not cover
 // (arguments beyond its reduction, infinities, quotients near the ends of the exponent range) go one by one to the
 // scalar function, and only where a block has such a lane.
 //
@@ -9,6 +10,7 @@
 #pragma once
 
 #include <cmath>
+#include <limits>
 
 #include "frame/simd.h"
 
@@ -58,7 +60,7 @@ template <class V, class N> ZORS_INLINE SineCosine<V> turned(SineCosine<V> of, N
 
 }  // namespace elementary
 
-// Sine and cosine, at most 0.53 ulp.
+// Sine and cosine, at most 0.57 ulp.
 template <int L> ZORS_INLINE SineCosine<Vec<Zor32f, L>> sineCosine(Vec<Zor32f, L> x) {
   static constexpr Zor64f s[] = {-0x1.555545240a148p-3, 0x1.110739fa9c914p-7, -0x1.99438783d9b13p-13};
   static constexpr Zor64f c[] = {1.0, -0x1.ffffffd0bc7cep-2, 0x1.55553e0cd959ap-5, -0x1.6c087d15ac343p-10,
@@ -80,7 +82,7 @@ template <int L> ZORS_INLINE SineCosine<Vec<Zor32f, L>> sineCosine(Vec<Zor32f, L
   return y;
 }
 
-// Sine and cosine, below 0.6 ulp.
+// Sine and cosine, below 0.8 ulp.
 template <int L> ZORS_INLINE SineCosine<Vec<Zor64f, L>> sineCosine(Vec<Zor64f, L> x) {
   static constexpr Zor64f s[] = {-0x1.5555555555548p-3, 0x1.111111110f75ep-7,   -0x1.a01a019bf2523p-13,
                                  0x1.71de355f3628cp-19, -0x1.ae5e549c421c4p-26, 0x1.5d8e4234a0139p-33};
@@ -176,6 +178,106 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> y, Vec<Zor
     result = replaceLanes(
         result, special, [](Zor64f b, Zor64f a) { return std::atan2(b, a); }, y, x);
   return result;
+}
+
+// e^x for arguments whose result is a normal number, 3 ulp: x = n ln 2 + r, a polynomial in r, n added to its exponent.
+template <int L> ZORS_INLINE Vec<Zor32f, L> exponential(Vec<Zor32f, L> x) {
+  static constexpr Zor32f c[] = {1.0f,
+                                 0.9999998807907104f,
+                                 0.4999939203262329f,
+                                 0.16667431592941284f,
+                                 0.041873522102832794f,
+                                 0.008291719481348991f};
+  const auto magic = same(x, 12582912.0f);  // 1.5 * 2^23: the low bits of the sum hold n
+  const auto sum = fma(x, same(x, 1.4426950216293335f), magic), n = sub(sum, magic);
+  const auto r = fnma(n, same(x, 1.428606765330187e-06f), fnma(n, same(x, 0.693145751953125f), x));
+  auto y = as<Zor32f>(add(as<Zor32s>(horner(r, c)), shiftLeft(as<Zor32s>(sum), 23)));
+  const auto beyond = notBelow(magnitude(x), same(x, 87.33654022216797f));
+  if (any(beyond)) [[unlikely]]
+    y = replaceLanes(
+        y, beyond, [](Zor32f a) { return static_cast<Zor32f>(std::exp(Zor64f{a})); }, x);
+  return y;
+}
+
+// The same, below 0.8 ulp.
+template <int L> ZORS_INLINE Vec<Zor64f, L> exponential(Vec<Zor64f, L> x) {
+  static constexpr Zor64f c[] = {0x1.000000000000cp-1,  0x1.5555555555561p-3,  0x1.555555554fdf1p-5,
+                                 0x1.111111110d63ap-7,  0x1.6c16c1860e367p-10, 0x1.a01a01bae3c6fp-13,
+                                 0x1.a01995a2b6de3p-16, 0x1.71dddfc5e6183p-19, 0x1.28b1101739729p-22,
+                                 0x1.af85943d128dcp-26};
+  const auto n = nearestIntegral(mul(x, same(x, 1.4426950408889634)));
+  const auto r = fnma(n, same(x, 1.9082149292705877e-10), fnma(n, same(x, 0.6931471803691238), x));
+  const auto p = add(fma(mul(r, r), horner(r, c), r), same(x, 1.0));
+  const auto exponent = shiftLeft(as<Zor64s>(add(n, same(x, 0x1.8p52))), 52);
+  auto y = as<Zor64f>(add(as<Zor64s>(p), exponent));
+  const auto beyond = notBelow(magnitude(x), same(x, 708.3964185322641));
+  if (any(beyond)) [[unlikely]]
+    y = replaceLanes(
+        y, beyond, [](Zor64f a) { return std::exp(a); }, x);
+  return y;
+}
+
+// The first argument that a logarithm met among those that `watched` names.
+struct LogArguments {
+  enum Kind { ordinary = 0, zero = 2, negative = 4, notANumber = 8 };
+  int watched = zero | negative;
+  Kind first = ordinary;
+};
+
+namespace elementary {
+
+template <class F> F logarithmOfLane(F x, LogArguments& arguments) {
+  using Kind = LogArguments::Kind;
+  const Kind kind = std::isnan(x) ? Kind::notANumber : x == 0 ? Kind::zero : x < 0 ? Kind::negative : Kind::ordinary;
+  if (arguments.first == Kind::ordinary && (kind & arguments.watched) != 0) arguments.first = kind;
+  return static_cast<F>(std::log(Zor64f{x}));
+}
+
+// y with the logarithms of zeros, negative numbers, denormals, infinities and NaN.
+template <class V> ZORS_INLINE V withSpecialLogarithms(V y, V x, LogArguments& arguments) {
+  using F = typename V::Element;
+  constexpr F smallest = std::numeric_limits<F>::min(), infinity = std::numeric_limits<F>::infinity();
+  const auto special = either(below(x, same(x, smallest)), notBelow(x, same(x, infinity)));
+  if (any(special)) [[unlikely]]
+    y = replaceLanes(
+        y, special, [&arguments](F a) { return logarithmOfLane(a, arguments); }, x);
+  return y;
+}
+
+}  // namespace elementary
+
+// The natural logarithm, 4 ulp: x = m 2^e with m in [2/3, 4/3), ln x = e ln 2 + (y + y^2 Q(y)) with y = m - 1.
+template <int L> ZORS_INLINE Vec<Zor32f, L> logarithm(Vec<Zor32f, L> x, LogArguments& arguments) {
+  static constexpr Zor32f c[] = {-0.5f,
+                                 0.33336564898490906f,
+                                 -0.25004664063453674f,
+                                 0.19822503626346588f,
+                                 -0.16462457180023193f,
+                                 0.16964881122112274f,
+                                 -0.15177205204963684f};
+  const auto lowest = same(as<Zor32s>(x), 0x3F2AAAAB);  // 2/3
+  const auto above = sub(as<Zor32s>(x), lowest);
+  const auto e = toFloat(shiftRight(above, 23));
+  const auto y = sub(as<Zor32f>(add(both(above, same(above, 0x7FFFFF)), lowest)), same(x, 1.0f));
+  const auto curve = fma(mul(y, y), horner(y, c), y);
+  return elementary::withSpecialLogarithms(fma(e, same(x, 0.6931471824645996f), curve), x, arguments);
+}
+
+// The same, below 0.9 ulp: m in [sqrt(1/2), sqrt(2)), f = m - 1, s = f / (2 + f), ln m = f - f^2/2 + s (f^2/2 +
+// R(s^2)).
+template <int L> ZORS_INLINE Vec<Zor64f, L> logarithm(Vec<Zor64f, L> x, LogArguments& arguments) {
+  static constexpr Zor64f c[] = {0x1.5555555555593p-1, 0x1.999999997fa96p-2, 0x1.249249421c5fap-2, 0x1.c71c51e5ff94fp-3,
+                                 0x1.74664653034p-3,   0x1.39a0f5a91369dp-3, 0x1.2f0d672e90b84p-3};
+  const auto bits = as<Zor64s>(x), lowest = same(bits, 0x3FE6A09E667F3BCD);           // sqrt(1/2)
+  const auto above = sub(bits, same(bits, 0x3FE6A09E667F3BCD - 0x3FF0000000000000));  // its exponent field: e + 1023
+  const auto e =
+      sub(as<Zor64f>(either(shiftRight(as<Zor64u>(above), 52), as<Zor64u>(same(x, 0x1p52)))), same(x, 0x1p52 + 1023));
+  const auto f = sub(as<Zor64f>(add(both(above, same(bits, 0xFFFFFFFFFFFFF)), lowest)), same(x, 1.0));
+  const auto s = div(f, add(same(x, 2.0), f)), z = mul(s, s);
+  const auto half = mul(mul(same(x, 0.5), f), f);
+  const auto low = fma(s, fma(z, horner(z, c), half), mul(e, same(x, 5.497923018708371e-14)));
+  const auto result = fma(e, same(x, 0x1.62e42fefa38p-1), sub(f, sub(half, low)));  // that product is exact
+  return elementary::withSpecialLogarithms(result, x, arguments);
 }
 
 }  // namespace zors::simd

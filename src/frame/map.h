@@ -56,6 +56,15 @@ template <int L, class Kernel, class D, class... S>
   return kernel;
 }
 
+// The same in the order of the elements, for kernels that keep the first thing they meet.
+template <int L, class Kernel, class D, class... S>
+[[gnu::flatten]] Kernel mapInOrder(Kernel kernel, std::ptrdiff_t len, D* dst, const S*... src) {
+  std::ptrdiff_t i = 0;
+  for (; i <= len - L; i += L) simd::store(dst + i, simd::Vec<D, L>(kernel(simd::load<L>(src + i)...)));
+  if (i < len) detail::mapShort<L>(kernel, int(len - i), dst + i, (src + i)...);
+  return kernel;
+}
+
 // What a kernel gives that writes two vectors.
 template <class A, class B> struct Both {
   A first;

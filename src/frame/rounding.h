@@ -58,4 +58,27 @@ class ExceptionsMaskedScope : RoundingScope {
   ExceptionsMaskedScope() : RoundingScope(0, 0, _MM_MASK_MASK) {}
 };
 
+// Masks all exceptions and clears the sticky flags, to be asked at the end of the scope; then both are as before.
+class FlagsScope {
+ public:
+  FlagsScope() : saved_(_mm_getcsr()) {
+    _mm_setcsr((saved_ | _MM_MASK_MASK) & ~unsigned{_MM_EXCEPT_MASK});
+    __asm__ volatile("" ::: "memory");
+  }
+  ~FlagsScope() {
+    __asm__ volatile("" ::: "memory");
+    _mm_setcsr(saved_);
+  }
+  FlagsScope(const FlagsScope&) = delete;
+  FlagsScope& operator=(const FlagsScope&) = delete;
+
+  bool sawInvalid() const {
+    __asm__ volatile("" ::: "memory");
+    return (_mm_getcsr() & _MM_EXCEPT_INVALID) != 0;
+  }
+
+ private:
+  unsigned saved_;
+};
+
 }  // namespace zors
