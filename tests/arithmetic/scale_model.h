@@ -1,6 +1,8 @@
 // The scale-factor rule in exact arithmetic, and the sweeps of scaled members against it.
 #pragma once
 
+#include <functional>
+
 #include "kit/elementwise.h"
 
 namespace scale {
@@ -84,11 +86,31 @@ inline std::string at(const char* name, Zor32s scaleFactor) {
   return std::string(name).append(", scaleFactor ").append(std::to_string(scaleFactor));
 }
 
+// Calls and models by type alone: one instance of a sweep serves all families of the same element types.
+template <class D, class... S> using Call = std::function<ZorStatus(const S*..., D*, Zor32s)>;
+template <class D, class... S> using Model = std::function<D(S...)>;
+template <class D, class S1, class S2>
+void sweepOver(const std::string& what, const Call<D, S1, S2>& call, const Model<D, S1, S2>& model,
+               const std::vector<int>& lengths) {
+  kit::sweep<D, S1, S2>(what, call, model, lengths);
+}
+template <class D, class S>
+void sweepOverInPlace(const std::string& what, const Call<D, S>& call, const Model<D, S, D>& model,
+                      const std::vector<int>& lengths) {
+  kit::sweepInPlace<D, S>(what, call, model, lengths);
+}
+template <class T>
+void sweepOverOne(const std::string& what, const Call<T, T>& call, const Call<T>& inPlace, const Model<T, T>& model,
+                  const std::vector<int>& lengths) {
+  kit::sweep<T, T>(what, call, model, lengths);
+  kit::sweepInPlace<T>(what, inPlace, model, lengths);
+}
+
 // modelAt(scaleFactor) gives the model of an element.
 template <class D, class S1, class S2, class ModelAt>
 void members(const char* name, ZorStatus (*f)(const S1*, const S2*, D*, Zor32s, Zor32s), ModelAt modelAt) {
   forScales([&](Zor32s s, const std::vector<int>& lengths) {
-    kit::sweep<D, S1, S2>(
+    sweepOver<D, S1, S2>(
         at(name, s), [=](const S1* a, const S2* b, D* d, Zor32s len) { return f(a, b, d, len, s); }, modelAt(s),
         lengths);
   });
@@ -96,7 +118,7 @@ void members(const char* name, ZorStatus (*f)(const S1*, const S2*, D*, Zor32s, 
 template <class S, class D, class ModelAt>
 void membersInPlace(const char* name, ZorStatus (*f)(const S*, D*, Zor32s, Zor32s), ModelAt modelAt) {
   forScales([&](Zor32s s, const std::vector<int>& lengths) {
-    kit::sweepInPlace<D, S>(
+    sweepOverInPlace<D, S>(
         at(name, s), [=](const S* a, D* d, Zor32s len) { return f(a, d, len, s); }, modelAt(s), lengths);
   });
 }
@@ -122,22 +144,16 @@ template <class T> std::vector<T> constants() {
 template <class T, class ModelAt>
 void membersWithConstant(const char* name, ZorStatus (*f)(const T*, T, T*, Zor32s, Zor32s),
                          ZorStatus (*inPlace)(T, T*, Zor32s, Zor32s), ModelAt modelAt) {
+  const auto run = [&](T val, Zor32s s, const std::vector<int>& lengths) {
+    sweepOverOne<T>(
+        at(name, s), [=](const T* x, T* d, Zor32s len) { return f(x, val, d, len, s); },
+        [=](T* x, Zor32s len) { return inPlace(val, x, len, s); }, modelAt(val)(s), lengths);
+  };
+  const auto values = constants<T>();
   int turn = 0;
-  for (T val : constants<T>())
-    for (Zor32s s : allScales()) {
-      const auto model = modelAt(val)(s);
-      // All lengths and alignments for some, one array of any values for each.
-      const auto& lengths = ++turn % 16 == 0 ? kit::fewLengths() : std::vector<int>{203};
-      kit::sweep<T, T>(
-          at(name, s), [=](const T* x, T* d, Zor32s len) { return f(x, val, d, len, s); }, model, lengths);
-      kit::sweepInPlace<T>(
-          at(name, s), [=](T* x, Zor32s len) { return inPlace(val, x, len, s); }, model, lengths);
-      if (testing::Test::HasFatalFailure()) return;
-    }
-  for (Zor32s s : mainScales)
-    kit::sweep<T, T>(
-        at(name, s), [=](const T* x, T* d, Zor32s len) { return f(x, T(constants<T>()[2]), d, len, s); },
-        modelAt(constants<T>()[2])(s));
+  for (T val : values)  // a few lengths and alignments for some, one array of any values for each
+    for (Zor32s s : allScales()) run(val, s, ++turn % 16 == 0 ? kit::fewLengths() : std::vector<int>{203});
+  for (Zor32s s : mainScales) run(values[2], s, kit::sweepLengths());
 }
 template <class T, class Op> auto ruleWith(Op op) {
   return [=](T val) { return [=](Zor32s s) { return [=](T x) { return scaled<T>(op(x, val), s); }; }; };
