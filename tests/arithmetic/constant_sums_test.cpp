@@ -140,13 +140,10 @@ template <class T> std::vector<T> floatConstants() {
 }
 template <class T, class Op>
 void floats(const char* name, ZorStatus (*f)(const T*, T, T*, Zor32s), ZorStatus (*inPlace)(T, T*, Zor32s), Op op) {
-  for (T val : floatConstants<T>()) {
-    kit::sweep<T, T>(
-        name, [=](const T* x, T* d, Zor32s len) { return f(x, val, d, len); }, [=](T x) { return op(x, val); },
-        kit::fewLengths());
-    kit::sweepInPlace<T>(
-        name, [=](T* d, Zor32s len) { return inPlace(val, d, len); }, [=](T x) { return op(x, val); });
-  }
+  for (T val : floatConstants<T>())
+    scale::sweepOverOne<T>(
+        name, [=](const T* x, T* d, Zor32s len) { return f(x, val, d, len); },
+        [=](T* d, Zor32s len) { return inPlace(val, d, len); }, [=](T x) { return op(x, val); }, kit::sweepLengths());
 }
 const auto plus = []<class T>(T a, T b) -> T {
   if constexpr (kit::ComplexPair<T>)

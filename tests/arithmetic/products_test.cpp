@@ -221,13 +221,11 @@ TEST(Mul, FloatsRoundInTheCurrentDirection) {
 template <class T, class Op>
 void constants(const char* name, const std::vector<T>& values, ZorStatus (*f)(const T*, T, T*, Zor32s),
                ZorStatus (*inPlace)(T, T*, Zor32s), Op op) {
-  for (T val : values) {
-    kit::sweep<T, T>(
-        name, [=](const T* src, T* dst, Zor32s len) { return f(src, val, dst, len); }, [=](T x) { return op(x, val); });
-    kit::sweepInPlace<T>(
-        name, [=](T* srcDst, Zor32s len) { return inPlace(val, srcDst, len); }, [=](T x) { return op(x, val); },
-        kit::fewLengths());
-  }
+  for (T val : values)
+    scale::sweepOverOne<T>(
+        name, [=](const T* src, T* dst, Zor32s len) { return f(src, val, dst, len); },
+        [=](T* srcDst, Zor32s len) { return inPlace(val, srcDst, len); }, [=](T x) { return op(x, val); },
+        kit::sweepLengths());
 }
 TEST(MulC, FloatsRoundInTheCurrentDirection) {
   for (unsigned direction : kit::allDirections) {
