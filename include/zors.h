@@ -947,6 +947,56 @@ ZorStatus zorsThreshold_LTInv_64f_I(Zor64f* srcDst, Zor32s len, Zor64f level);
 ZorStatus zorsThreshold_LTInv_32fc_I(Zor32fc* srcDst, Zor32s len, Zor32f level);
 ZorStatus zorsThreshold_LTInv_64fc_I(Zor64fc* srcDst, Zor32s len, Zor64f level);
 
+/* ---- Companding and small functions ---------------------------------------------------------------------------- */
+
+/* ALawToLin, MuLawToLin: ITU-T G.711 codes to samples. 16s: the values of the standard at 16 bits, A-law times 8, mu-law
+   times 4; 32f: those times 2^-15. */
+ZorStatus zorsALawToLin_8u16s(const Zor8u* src, Zor16s* dst, Zor32s len);
+ZorStatus zorsALawToLin_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsMuLawToLin_8u16s(const Zor8u* src, Zor16s* dst, Zor32s len);
+ZorStatus zorsMuLawToLin_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len);
+
+/* LinToALaw, LinToMuLaw: samples to codes. 32f: the 16-bit sample is 32768 * src[i], plus one half with its sign, limited
+   to -32768 and 32767 and truncated; NaN is the lowest. The sign of a code is that of the 16-bit sample. */
+ZorStatus zorsLinToALaw_16s8u(const Zor16s* src, Zor8u* dst, Zor32s len);
+ZorStatus zorsLinToALaw_32f8u(const Zor32f* src, Zor8u* dst, Zor32s len);
+ZorStatus zorsLinToMuLaw_16s8u(const Zor16s* src, Zor8u* dst, Zor32s len);
+ZorStatus zorsLinToMuLaw_32f8u(const Zor32f* src, Zor8u* dst, Zor32s len);
+
+/* From law to law by the conversion tables of G.711: the nearest magnitude of the same power. dst may be src. */
+ZorStatus zorsALawToMuLaw_8u(const Zor8u* src, Zor8u* dst, Zor32s len);
+ZorStatus zorsMuLawToALaw_8u(const Zor8u* src, Zor8u* dst, Zor32s len);
+
+/* Preemphasize: srcDst[n] = x[n] - val * x[n - 1] with the elements x as they were, x[-1] = 0.
+   Numerics: binary32, the product and the difference rounded; 16s all to nearest, then to the nearest integer, ties to
+   even, saturated. */
+ZorStatus zorsPreemphasize_32f(Zor32f* srcDst, Zor32s len, Zor32f val);
+ZorStatus zorsPreemphasize_16s(Zor16s* srcDst, Zor32s len, Zor32f val);
+
+/* CauchyD: srcDst[i] = x * (r + r - r * d * r) with d = x^2 + C^2, each operation rounded, and the processor's estimate r
+   of 1 / d; d must be in the range of normal numbers. CauchyDD2: with r = 1 / fma(x, x, C^2): srcDst[i] = x * r,
+   dst2[i] = -fma(x, x, -C^2) * r * r.
+   Checks: pointers, len, then C not above 0, zorStatusBadCauchyConstant. */
+ZorStatus zorsCauchyD_32f_I(Zor32f* srcDst, Zor32s len, Zor32f C);
+ZorStatus zorsCauchyDD2_32f_I(Zor32f* srcDst, Zor32f* dst2, Zor32s len, Zor32f C);
+
+/* UpdateLinear, UpdatePower: one state over a vector, s = alpha * s + (1 - alpha) * x for each sample, where x is src[i] >>
+   shift (shift limited to 0 to 15), or src[i]^2 >> shift (0 to 31). srcDst holds s before and after. alpha is an integer.
+   Numerics: s stays in binary64 over the vector and is then limited to 32 bits and rounded to nearest, ties to even.
+   hint 1: in binary32, limited to 2147483520; Linear so only for alpha from -6 to 8. */
+ZorStatus zorsUpdateLinear_16s32s_I(const Zor16s* src, Zor32s len, Zor32s* srcDst, Zor32s shift, Zor16s alpha,
+                                    ZorHintAlgorithm hint);
+ZorStatus zorsUpdatePower_16s32s_I(const Zor16s* src, Zor32s len, Zor32s* srcDst, Zor32s shift, Zor16s alpha,
+                                   ZorHintAlgorithm hint);
+
+/* MaxOrder: how many significant bits the greatest magnitude has, 0 for a vector of zeros: of integers the position of its
+   highest set bit plus 1, of floats its exponent plus 1. A NaN element gives zorWarningNotANumber and an order without
+   meaning. Checks: len, then pointers. */
+ZorStatus zorsMaxOrder_16s(const Zor16s* src, Zor32s len, Zor32s* order);
+ZorStatus zorsMaxOrder_32s(const Zor32s* src, Zor32s len, Zor32s* order);
+ZorStatus zorsMaxOrder_32f(const Zor32f* src, Zor32s len, Zor32s* order);
+ZorStatus zorsMaxOrder_64f(const Zor64f* src, Zor32s len, Zor32s* order);
+
 /* ---- Statistics ---------------------------------------------------------------------------------------------- */
 
 /* Max, Min: the greatest, the smallest element. MaxIndx, MinIndx: and the index of the first one; a null index asks for

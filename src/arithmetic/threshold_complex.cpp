@@ -130,7 +130,7 @@ template <class Side> struct Scale<Side, Zor16sc> {
       const auto sign = shiftRight(part, 31);
       return sub(differing(magnitude, sign), sign);
     };
-    const Z out = select(replaced, z, toComplexSaturated(scaled(wideReal(z)), scaled(wideImag(z))));
+    const Z out = select(replaced, z, as<Zor16sc>(saturated<Zor16s>(Parts{scaled(wideReal(z)), scaled(wideImag(z))})));
     if constexpr (std::is_same_v<Side, LT>) return select(equal(m, same(m, 0u)), out, same(z, {level, 0}));
     return out;
   }

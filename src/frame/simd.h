@@ -188,6 +188,7 @@ ZORS_OP(sub, Zor32fc, _mm256_sub_ps)
 ZORS_OP(sub, Zor64fc, _mm256_sub_pd)
 ZORS_OP(mul, Zor16s, _mm256_mullo_epi16)  // integers: the low half
 ZORS_OP(mul, Zor16u, _mm256_mullo_epi16)
+ZORS_OP(mulHigh, Zor16u, _mm256_mulhi_epu16)      // the high half
 ZORS_OP(mulRounded, Zor16s, _mm256_mulhrs_epi16)  // a * b / 2^15 to nearest, ties up
 ZORS_OP(mul, Zor32s, _mm256_mullo_epi32)
 ZORS_OP(mul, Zor32u, _mm256_mullo_epi32)
@@ -453,6 +454,17 @@ requires(sizeof(W) == 2 * sizeof(D)) ZORS_INLINE Vec<D, L> saturate(Vec<W, L> x)
       saturate<D>(Split<W, L>(build<Split<W, L>>([&](auto i) ZORS_INLINE_LAMBDA { return x.r[i]; })));
   return build<Vec<D, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute4x64_epi64(halves.r[i], 0xD8); });
 }
+template <class D, int L>
+requires std::is_same_v<D, Zor32s> ZORS_INLINE Vec<Zor32s, L> saturate(Vec<Zor64u, L> x) {
+  return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const auto limited = [&](__m256i r) ZORS_INLINE_LAMBDA {
+      const __m256i over = _mm256_cmpgt_epi64(_mm256_srli_epi64(r, 31), _mm256_setzero_si256());
+      return _mm256_castsi256_ps(_mm256_blendv_epi8(r, _mm256_set1_epi32(INT32_MAX), over));
+    };
+    const __m256 halves = _mm256_shuffle_ps(limited(x.r[2 * i]), limited(x.r[2 * i + 1]), 0x88);
+    return _mm256_permute4x64_epi64(_mm256_castps_si256(halves), 0xD8);
+  });
+}
 // Two steps down: 32 to 8 bits.
 template <class D, int L>
 requires(sizeof(D) == 1) ZORS_INLINE Vec<D, L> saturate(Vec<Zor32s, L> x) { return saturate<D>(saturate<Zor16s>(x)); }
@@ -551,17 +563,11 @@ template <int L> ZORS_INLINE Vec<Zor16sc, L> toComplex(Vec<Zor16s, L> re, Vec<Zo
     return _mm256_permute2x128_si256(low, high, i % 2 == 0 ? 0x20 : 0x31);
   });
 }
-// The parts of 16-bit pairs in 32 bits, and pairs of saturated parts.
+// The parts of 16-bit pairs in 32 bits.
 template <int L> ZORS_INLINE Vec<Zor32s, L> wideReal(Vec<Zor16sc, L> z) {
   return shiftRight(shiftLeft(as<Zor32s>(z), 16), 16);
 }
 template <int L> ZORS_INLINE Vec<Zor32s, L> wideImag(Vec<Zor16sc, L> z) { return shiftRight(as<Zor32s>(z), 16); }
-template <int L> ZORS_INLINE Vec<Zor16sc, L> toComplexSaturated(Vec<Zor32s, L> re, Vec<Zor32s, L> im) {
-  const __m256i interleave =
-      _mm256_broadcastsi128_si256(_mm_setr_epi8(0, 1, 8, 9, 2, 3, 10, 11, 4, 5, 12, 13, 6, 7, 14, 15));
-  return build<Vec<Zor16sc, L>>(
-      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_shuffle_epi8(_mm256_packs_epi32(re.r[i], im.r[i]), interleave); });
-}
 
 // Pairwise products: t1 = round(b.im * a.im), t2 = round(b.im * a.re), re = fma(b.re, a.re, -t1), im = fma(b.re, a.im,
 // t2).
@@ -622,6 +628,19 @@ template <class T, int L> ZORS_INLINE Vec<T, L> reversed(Vec<T, L> x) {
       return fromBits<typename V::Register>(_mm256_permute4x64_epi64(r, 0x4E));
     }
   });
+}
+
+// The elements of one register moved up by one, with zero below them.
+template <class T, int L> ZORS_INLINE Vec<T, L> movedUp(Vec<T, L> x) {
+  static_assert(Vec<T, L>::registers == 1);
+  const __m256i r = bits(x.r[0]), lowUp = _mm256_permute2x128_si256(r, r, 0x08);
+  return {{fromBits<typename Vec<T, L>::Register>(_mm256_alignr_epi8(r, lowUp, 16 - int{sizeof(T)}))}};
+}
+
+// table[index] for indices below 16, and 0 for those with the top bit set.
+template <int L> ZORS_INLINE Vec<Zor8u, L> lookUp(const Zor8u (&table)[16], Vec<Zor8u, L> index) {
+  const __m256i entries = _mm256_broadcastsi128_si256(_mm_loadu_si128(reinterpret_cast<const __m128i*>(table)));
+  return build<Vec<Zor8u, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_shuffle_epi8(entries, index.r[i]); });
 }
 
 // ---- Integer and float
