@@ -61,11 +61,11 @@ ZorStatus exponentials16(const Zor16s* src, Zor16s* dst, Zor32s len, Zor32s scal
       lookUp(src, dst, len, scaleFactor);
     } else {
       const RoundingScope scope(RoundingScope::nearest, _MM_MASK_MASK);
-      const auto [first, second] = powerOfTwo(scaleFactor, 1200);
+      const TwoFactors factor = powerOfTwo(scaleFactor, 1200);
       map<block<Zor16s>>(
           [=](auto x) ZORS_INLINE_LAMBDA {
             const auto y = exponential(toDouble(x));
-            const auto value = mul(mul(y, same(y, first)), same(y, second));
+            const auto value = mul(mul(y, same(y, factor.first)), same(y, factor.second));
             return saturate<Zor16s>(toIntegerCurrent(min(value, same(value, 32767.0))));
           },
           len, dst, src);
@@ -79,9 +79,9 @@ template <class T> ZorStatus exponentials(const T* src, T* dst, Zor32s len, Zor3
   return check().pointers(src, dst).size(len).then([&] {
     constexpr Zor64s highest = std::numeric_limits<T>::max();
     const RoundingScope scope(RoundingScope::nearest, _MM_MASK_MASK);
-    const auto [first, second] = powerOfTwo(scaleFactor, 2000);
+    const TwoFactors factor = powerOfTwo(scaleFactor, 2000);
     for (Zor32s i = 0; i < len; ++i) {
-      const Zor64f value = std::exp(static_cast<Zor64f>(src[i])) * first * second;
+      const Zor64f value = std::exp(static_cast<Zor64f>(src[i])) * factor.first * factor.second;
       dst[i] = static_cast<T>(value < 0x1p63 ? std::min<Zor64s>(_mm_cvtsd_si64(_mm_set_sd(value)), highest) : highest);
     }
   });

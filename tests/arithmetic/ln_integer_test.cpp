@@ -124,7 +124,7 @@ TEST(LnOfIntegers, OneGivesZeroAtEveryScale) {
 }
 TEST(LnOfIntegers, TheFirstZeroOrNegativeElementDecidesAtEveryScale) {
   for (Zor32s scale : {-5, 0, 3})
-    for (std::size_t first : {0, 5, 17, 255, 256, 600})
+    for (const std::size_t first : {0u, 5u, 17u, 255u, 256u, 600u})
       for (std::size_t second : {first + 1, first + 13, first + 300}) {
         std::vector<Zor32s> x(1000, 9), y(1000);
         x[first] = 0;
