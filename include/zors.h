@@ -660,6 +660,28 @@ ZorStatus zorsSqrt_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len);
 ZorStatus zorsSqrt_32fc_I(Zor32fc* srcDst, Zor32s len);
 ZorStatus zorsSqrt_64fc_I(Zor64fc* srcDst, Zor32s len);
 
+/* Sqrt of integers: the root divided by 2^scaleFactor, exactly rounded to nearest, ties to even, saturated. A negative
+   element gives 0 and zorWarningSqrtOfNegative, at every scale. 16sc: the principal root, its parts scaled apart,
+   without a warning. */
+ZorStatus zorsSqrt_8u_Sfs(const Zor8u* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_16u_Sfs(const Zor16u* src, Zor16u* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_64s16s_Sfs(const Zor64s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_64s_Sfs(const Zor64s* src, Zor64s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_8u_ISfs(Zor8u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_16u_ISfs(Zor16u* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_16s_ISfs(Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_16sc_ISfs(Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsSqrt_64s_ISfs(Zor64s* srcDst, Zor32s len, Zor32s scaleFactor);
+
+/* Cubrt: dst[i] is the cube root of src[i], correctly rounded but for rare cases near a tie; signed zeros, infinities
+   and NaN stay. 32s16s: the root of the element as a binary32 number, times 2^-scaleFactor with the exponent taken modulo
+   128, to nearest even, saturated. */
+ZorStatus zorsCubrt_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsCubrt_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+
 /* Exp: dst[i] = e^src[i]. 32f64f computes in binary64. +infinity stays, -infinity gives 0, NaN stays NaN; overflow gives
    +infinity, small results are denormal or 0. Exceptions are masked during the call, as in all functions below. */
 ZorStatus zorsExp_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
@@ -667,6 +689,15 @@ ZorStatus zorsExp_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsExp_32f_I(Zor32f* srcDst, Zor32s len);
 ZorStatus zorsExp_64f_I(Zor64f* srcDst, Zor32s len);
 ZorStatus zorsExp_32f64f(const Zor32f* src, Zor64f* dst, Zor32s len);
+
+/* Exp of integers: e^src[i] divided by 2^scaleFactor, to nearest, ties to even, saturated. 16s above scale 16 gives
+   zeros. 32s and 64s take the binary64 exponential: beyond its range it saturates, or gives 0, at every scale. */
+ZorStatus zorsExp_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsExp_32s_Sfs(const Zor32s* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsExp_64s_Sfs(const Zor64s* src, Zor64s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsExp_16s_ISfs(Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsExp_32s_ISfs(Zor32s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsExp_64s_ISfs(Zor64s* srcDst, Zor32s len, Zor32s scaleFactor);
 
 /* Ln: dst[i] = ln src[i]. A zero, -0 too, gives -infinity and zorWarningLogOfZero, a negative element NaN and
    zorWarningLogOfNegative; the first of them decides. NaN stays NaN without a warning. 64f32f computes in binary64. */
@@ -676,6 +707,18 @@ ZorStatus zorsLn_32f_I(Zor32f* srcDst, Zor32s len);
 ZorStatus zorsLn_64f_I(Zor64f* srcDst, Zor32s len);
 ZorStatus zorsLn_64f32f(const Zor64f* src, Zor32f* dst, Zor32s len);
 
+/* Ln, 10Log10 of integers: ln src[i], 10 lg src[i]. From scale 0 on, rounded to an integer and then shifted right by
+   scaleFactor modulo 32; below, computed in binary32, times 2^-scaleFactor, at most 2147483520, to nearest even,
+   saturated. Zero and negative elements give the destination's lowest value; the first of them decides between
+   zorWarningLogOfZero and zorWarningLogOfNegative. */
+ZorStatus zorsLn_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsLn_32s_Sfs(const Zor32s* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsLn_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsLn_16s_ISfs(Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsLn_32s_ISfs(Zor32s* srcDst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zors10Log10_32s_Sfs(const Zor32s* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zors10Log10_32s_ISfs(Zor32s* srcDst, Zor32s len, Zor32s scaleFactor);
+
 /* SumLn: the sum of ln src[i], each as by Ln of the source's type (16s as 32f), added in binary64. The first element
    that is zero, negative or NaN decides: sum is then -infinity with zorWarningLogOfZero, NaN with
    zorWarningLogOfNegative, NaN with zorStatusOk. */
@@ -683,6 +726,12 @@ ZorStatus zorsSumLn_32f(const Zor32f* src, Zor32s len, Zor32f* sum);
 ZorStatus zorsSumLn_64f(const Zor64f* src, Zor32s len, Zor64f* sum);
 ZorStatus zorsSumLn_32f64f(const Zor32f* src, Zor32s len, Zor64f* sum);
 ZorStatus zorsSumLn_16s32f(const Zor16s* src, Zor32s len, Zor32f* sum);
+
+/* Arctan: dst[i] = atan src[i]; infinities give half of pi with their sign, -0 stays, NaN stays NaN. */
+ZorStatus zorsArctan_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsArctan_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsArctan_32f_I(Zor32f* srcDst, Zor32s len);
+ZorStatus zorsArctan_64f_I(Zor64f* srcDst, Zor32s len);
 
 /* ---- Conversion ---------------------------------------------------------------------------------------------- */
 

@@ -148,18 +148,19 @@ template <int L> ZORS_INLINE Vec<Zor32f, L> arcTangent(Vec<Zor32f, L> y, Vec<Zor
   return either(toFloat(angle), signOf(y));
 }
 
-// The same, below 0.6 ulp.
-template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> y, Vec<Zor64f, L> x) {
+namespace elementary {
+
+// turns * pi / 2 + atan(numerator / denominator) without its sign; the denominator lies in [2^-400, 2^400], the
+// numerator is 0 or not far below that range.
+template <int L>
+ZORS_INLINE Vec<Zor64f, L> angleOf(Vec<Zor64f, L> numerator, Vec<Zor64f, L> denominator, Vec<Zor64f, L> turns) {
   static constexpr Zor64f c[] = {-0x1.555555555553cp-2, 0x1.9999999995664p-3,  -0x1.24924922a149ap-3,
                                  0x1.c71c70e177554p-4,  -0x1.745cf85a30998p-4, 0x1.3b11102094096p-4,
                                  -0x1.10eb527a843f8p-4, 0x1.df098263b9f79p-5,  -0x1.9cb8a32239cd3p-5,
                                  0x1.379326af7c425p-5,  -0x1.24d832d8c5b66p-6};
-  const auto [numerator, denominator, turns] = elementary::octant(y, x);
-  const auto smallest = same(x, 0x1p-400), greatest = same(x, 0x1p400), zero = same(x, 0.0), one = same(x, 1.0);
-  const auto sign = signOf(numerator), low = magnitude(numerator), high = max(smallest, denominator);
-  const auto special = either(notBelow(denominator, greatest), both(below(low, smallest), unequal(low, zero)));
+  const auto one = same(numerator, 1.0), sign = signOf(numerator), low = magnitude(numerator), high = denominator;
   // Above tan(pi / 8): atan(low / high) = pi / 4 - atan((high - low) / (high + low)), with what these two round off.
-  const auto far = below(mul(high, same(x, 0x1.a827999fcef32p-2)), low);
+  const auto far = below(mul(high, same(high, 0x1.a827999fcef32p-2)), low);
   const auto difference = sub(low, high), total = add(high, low);
   const auto top = select(far, low, difference), bottom = select(far, high, total);
   const auto topRest = both(far, sub(low, add(difference, high))), bottomRest = both(far, sub(low, sub(total, high)));
@@ -170,14 +171,29 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> y, Vec<Zor
   const auto z = mul(q, q);
   const auto curve = fma(mul(q, z), horner(z, c), fnma(z, rest, rest));
   const auto octants = add(add(turns, turns), differing(both(far, one), sign));
-  const auto offset = mul(octants, same(x, halfPi[0] / 2));  // exact: that constant ends in three zero bits
+  const auto offset = mul(octants, same(q, halfPi[0] / 2));  // exact: that constant ends in three zero bits
   const auto signedQ = differing(q, sign), sum = add(offset, signedQ), error = add(sub(offset, sum), signedQ);
-  const auto angle = add(sum, add(error, fma(octants, same(x, halfPi[1] / 2), differing(curve, sign))));
-  auto result = either(angle, signOf(y));
+  return add(sum, add(error, fma(octants, same(q, halfPi[1] / 2), differing(curve, sign))));
+}
+
+}  // namespace elementary
+
+// The same, below 0.6 ulp.
+template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> y, Vec<Zor64f, L> x) {
+  const auto [numerator, denominator, turns] = elementary::octant(y, x);
+  const auto smallest = same(x, 0x1p-400), zero = same(x, 0.0), low = magnitude(numerator);
+  const auto special = either(notBelow(denominator, same(x, 0x1p400)), both(below(low, smallest), unequal(low, zero)));
+  auto angle = either(elementary::angleOf(numerator, max(smallest, denominator), turns), signOf(y));
   if (any(special)) [[unlikely]]
-    result = replaceLanes(
-        result, special, [](Zor64f b, Zor64f a) { return std::atan2(b, a); }, y, x);
-  return result;
+    angle = replaceLanes(
+        angle, special, [](Zor64f b, Zor64f a) { return std::atan2(b, a); }, y, x);
+  return angle;
+}
+
+// The arc tangent of one argument, below 0.6 ulp.
+template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> x) {
+  const auto [numerator, denominator, turns] = elementary::octant(x, same(x, 1.0));
+  return either(elementary::angleOf(numerator, min(same(x, 0x1p400), denominator), turns), signOf(x));
 }
 
 // e^x for arguments whose result is a normal number, 3 ulp: x = n ln 2 + r, a polynomial in r, n added to its exponent.

@@ -1,5 +1,4 @@
 // zorsNormalize_*: dst[i] = (src[i] - vSub) / vDiv, the division by way of the reciprocal.
-#include <bit>
 #include <cmath>
 #include <limits>
 
@@ -23,13 +22,6 @@ template <class T, class F> ZorStatus normalize(const T* src, T* dst, Zor32s len
         },
         len, dst, src);
   });
-}
-
-// The exponent is taken modulo 128; where nothing is left of it the factor is 0.
-Zor32f factorModulo128(Zor32s scaleFactor) {
-  const Zor32u exponent = static_cast<Zor32u>(scaleFactor) & 127;
-  constexpr Zor32u one = 0x3F800000;
-  return std::bit_cast<Zor32f>(scaleFactor >= 0 ? one - (exponent << 23) : one + ((-exponent & 127) << 23));
 }
 
 template <class T>

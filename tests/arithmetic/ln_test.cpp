@@ -151,7 +151,7 @@ template <class S, class D> void sumsEndAtTheFirst(const char* name, ZorStatus (
   };
   check({2, 0, S(-1)}, zorWarningLogOfZero);
   check({2, S(-1), 0}, zorWarningLogOfNegative);
-  for (std::size_t first : {0, 3, 20, 511, 512, 1030})
+  for (const std::size_t first : {0u, 3u, 20u, 511u, 512u, 1030u})
     for (std::size_t second : {first + 1, first + 17, first + 600}) {
       std::vector<S> src(2000, S(3));
       src[first] = 0;
