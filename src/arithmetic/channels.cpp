@@ -23,6 +23,15 @@ Checks channelsGiven(Checks checks, const auto* const* channels, Zor32s nChannel
       zorStatusNullPointer);
 }
 
+Checks joinChecks(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, const void* dst) {
+  const bool sizes = nChannels >= 1 && chanLen >= 1;
+  return channelsGiven(check().pointers(dst).require(sizes, zorStatusBadSize).pointers(src), src, nChannels);
+}
+Checks splitChecks(const void* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen) {
+  const bool sizes = nChannels >= 1 && chanLen >= 1;
+  return channelsGiven(check().pointers(src).require(sizes, zorStatusBadSize).pointers(dst), dst, nChannels);
+}
+
 // A sample of `size` bytes is the low bytes of a word.
 template <int size, class Word> void interleave(const Word* words, Zor8u* dst, std::ptrdiff_t stride, Zor32s count) {
   for (Zor32s i = 0; i < count; ++i) std::memcpy(dst + i * stride, words + i, size);
@@ -31,37 +40,33 @@ template <int size, class Word> void interleave(const Word* words, Zor8u* dst, s
 // convert(channel + i, words, count) makes the words of a block.
 template <int size, class Word, class Convert>
 ZorStatus join(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, void* dst, Convert convert) {
-  return channelsGiven(check().pointers(dst).require(nChannels >= 1 && chanLen >= 1, zorStatusBadSize).pointers(src),
-                       src, nChannels)
-      .then([&] {
-        const RoundingScope scope(RoundingScope::nearest);
-        const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
-        Word words[blockLen];
-        for (Zor32s i = 0; i < chanLen; i += blockLen)
-          for (Zor32s c = 0; c < nChannels; ++c) {
-            const Zor32s count = std::min(blockLen, chanLen - i);
-            convert(src[c] + i, words, count);
-            interleave<size>(words, static_cast<Zor8u*>(dst) + i * stride + c * size, stride, count);
-          }
-      });
+  return joinChecks(src, nChannels, chanLen, dst).then([&] {
+    const RoundingScope scope(RoundingScope::nearest);
+    const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
+    Word words[blockLen];
+    for (Zor32s i = 0; i < chanLen; i += blockLen)
+      for (Zor32s c = 0; c < nChannels; ++c) {
+        const Zor32s count = std::min(blockLen, chanLen - i);
+        convert(src[c] + i, words, count);
+        interleave<size>(words, static_cast<Zor8u*>(dst) + i * stride + c * size, stride, count);
+      }
+  });
 }
 
 // load(sample) gives its integer.
 template <int size, class Load, class Convert>
 ZorStatus split(const void* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen, Load load, Convert convert) {
-  return channelsGiven(check().pointers(src).require(nChannels >= 1 && chanLen >= 1, zorStatusBadSize).pointers(dst),
-                       dst, nChannels)
-      .then([&] {
-        const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
-        Zor32s words[blockLen];
-        for (Zor32s i = 0; i < chanLen; i += blockLen)
-          for (Zor32s c = 0; c < nChannels; ++c) {
-            const Zor32s count = std::min(blockLen, chanLen - i);
-            const Zor8u* sample = static_cast<const Zor8u*>(src) + i * stride + c * size;
-            for (Zor32s k = 0; k < count; ++k, sample += stride) words[k] = load(sample);
-            convert(words, dst[c] + i, count);
-          }
-      });
+  return splitChecks(src, dst, nChannels, chanLen).then([&] {
+    const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
+    Zor32s words[blockLen];
+    for (Zor32s i = 0; i < chanLen; i += blockLen)
+      for (Zor32s c = 0; c < nChannels; ++c) {
+        const Zor32s count = std::min(blockLen, chanLen - i);
+        const Zor8u* sample = static_cast<const Zor8u*>(src) + i * stride + c * size;
+        for (Zor32s k = 0; k < count; ++k, sample += stride) words[k] = load(sample);
+        convert(words, dst[c] + i, count);
+      }
+  });
 }
 
 // x * scale - 0.5 for x limited to [-1, 1]; NaN becomes -1.
@@ -75,11 +80,18 @@ template <class V> ZORS_INLINE V limitToOne(V x) { return limitNanToLow(x, -1, 1
 
 }  // namespace
 
+// Two channels, the most usual, are the parts of complex elements.
 ZorStatus zorsJoinScaled_32f16s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor16s* dst) {
-  return join<2, Zor16s>(src, nChannels, chanLen, dst, [](const Zor32f* x, Zor16s* words, Zor32s count) {
-    map<block<Zor16s>>([](auto v)
-                           ZORS_INLINE_LAMBDA { return saturate<Zor16s>(ToSteps<Zor32f>{32767.5f}(limitToOne(v))); },
-                       count, words, x);
+  const auto toWords = [](auto v)
+                           ZORS_INLINE_LAMBDA { return saturate<Zor16s>(ToSteps<Zor32f>{32767.5f}(limitToOne(v))); };
+  if (nChannels == 2)
+    return joinChecks(src, nChannels, chanLen, dst).then([&] {
+      const RoundingScope scope(RoundingScope::nearest);
+      map<16>([=](auto left, auto right) ZORS_INLINE_LAMBDA { return toComplex(toWords(left), toWords(right)); },
+              chanLen, reinterpret_cast<Zor16sc*>(dst), src[0], src[1]);
+    });
+  return join<2, Zor16s>(src, nChannels, chanLen, dst, [=](const Zor32f* x, Zor16s* words, Zor32s count) {
+    map<block<Zor16s>>(toWords, count, words, x);
   });
 }
 
@@ -91,19 +103,25 @@ ZorStatus zorsJoinScaled_32f24s_D2L(const Zor32f* const* src, Zor32s nChannels, 
 }
 
 ZorStatus zorsSplitScaled_16s32f_D2L(const Zor16s* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen) {
+  const auto toFloats = [](auto x) ZORS_INLINE_LAMBDA {
+    const auto f = toFloat(x);
+    return add(mul(f, same(f, step16)), same(f, step16 / 2));
+  };
+  if (nChannels == 2)
+    return splitChecks(src, dst, nChannels, chanLen).then([&] {
+      mapToTwo<16>(
+          [=](auto z) ZORS_INLINE_LAMBDA {
+            return Both{toFloats(realPart(z)), toFloats(imagPart(z))};
+          },
+          chanLen, dst[0], dst[1], reinterpret_cast<const Zor16sc*>(src));
+    });
   const auto load = [](const Zor8u* sample) {
     Zor16s x;
     std::memcpy(&x, sample, sizeof x);
     return Zor32s{x};
   };
-  return split<2>(src, dst, nChannels, chanLen, load, [](const Zor32s* words, Zor32f* y, Zor32s count) {
-    map<block<Zor32f>>(
-        [](auto x) ZORS_INLINE_LAMBDA {
-          const auto f = toFloat(x);
-          return add(mul(f, same(f, step16)), same(f, step16 / 2));
-        },
-        count, y, words);
-  });
+  return split<2>(src, dst, nChannels, chanLen, load,
+                  [=](const Zor32s* words, Zor32f* y, Zor32s count) { map<block<Zor32f>>(toFloats, count, y, words); });
 }
 
 ZorStatus zorsSplitScaled_24s32f_D2L(const Zor8u* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen) {

@@ -8,34 +8,22 @@ namespace {
 
 using namespace simd;
 
-// A magnitude divided by 2^shift, rounded as rnd says.
-struct RoundMagnitude {
-  ZorRoundMode rnd;
+// t / 2^shift; other modes than 0 and 1 take ties away from zero.
+template <ZorRoundMode rnd> struct ShiftDown {
   int shift;
-  template <class V> ZORS_INLINE V operator()(V m) const {
-    using U = typename V::Element;
-    const V odd = both(shiftRight(m, shift), same(m, U{1}));
-    V bias = same(m, U{0});
-    if (rnd == zorRoundNearestEven)
-      bias = add(same(m, U((U{1} << (shift - 1)) - 1)), odd);
-    else if (rnd != zorRoundTowardZero)
-      bias = same(m, U(U{1} << (shift - 1)));
-    return shiftRight(add(m, bias), shift);
-  }
+  template <class V> ZORS_INLINE V operator()(V t) const { return roundedShiftBy<rnd>(t, shift); }
 };
-
-// The sign taken off, f(magnitude), the sign put back.
-template <class U, class S, int L, class F> ZORS_INLINE Vec<S, L> onMagnitude(Vec<S, L> x, F f) {
-  const Vec<S, L> sign = above(same(x, S{0}), x);
-  return sub(differing(as<S>(f(as<U>(sub(differing(x, sign), sign)))), sign), sign);
+template <class Run> void withShiftDown(ZorRoundMode rnd, int shift, Run&& run) {
+  if (rnd == zorRoundTowardZero)
+    run(ShiftDown<zorRoundTowardZero>{shift});
+  else if (rnd == zorRoundNearestEven)
+    run(ShiftDown<zorRoundNearestEven>{shift});
+  else
+    run(ShiftDown<zorRoundHalfAway>{shift});
 }
 
 // Left shifts saturate: the value is drawn in to the nearest that still does.
 template <class D, class V> ZORS_INLINE auto shiftUp(V x, int shift) { return ScaleUp<D>{shift}(x); }
-
-ZORS_INLINE Vec<Zor8s, 32> to8s(Vec<Zor16s, 32> x, RoundMagnitude round) {
-  return saturate<Zor8s>(onMagnitude<Zor32u>(extend<Zor32s>(x), round));
-}
 
 // 64-bit signed values limited to 32 bits, and their low halves together.
 template <int L> ZORS_INLINE Vec<Zor32s, L> limit32(Vec<Zor64s, L> x) {
@@ -55,8 +43,13 @@ ZorStatus zorsConvert_16s8s_Sfs(const Zor16s* src, Zor8s* dst, Zor32u len, ZorRo
     if (scaleFactor >= 18) {
       map<32>([](auto) ZORS_INLINE_LAMBDA { return splat<Vec<Zor8s, 32>>(0); }, len, dst, src);
     } else if (scaleFactor > 0) {
-      const RoundMagnitude round{rnd, scaleFactor};
-      map<32>([round](auto x) ZORS_INLINE_LAMBDA { return to8s(x, round); }, len, dst, src);
+      withShiftDown(rnd, scaleFactor, [&](auto down) {
+        if (scaleFactor > 15)  // as many bits as a sample has
+          map<32>([down](auto x) ZORS_INLINE_LAMBDA { return saturate<Zor8s>(down(extend<Zor32s>(x))); }, len, dst,
+                  src);
+        else
+          map<32>([down](auto x) ZORS_INLINE_LAMBDA { return saturate<Zor8s>(down(x)); }, len, dst, src);
+      });
     } else {  // from -7 on every value but 0 saturates
       const int up = -std::max(scaleFactor, -7);
       map<32>([up](auto x) ZORS_INLINE_LAMBDA { return shiftUp<Zor8s>(x, up); }, len, dst, src);
@@ -76,9 +69,9 @@ ZorStatus zorsConvert_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor
 ZorStatus zorsConvert_64s32s_Sfs(const Zor64s* src, Zor32s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     if (scaleFactor > 0) {
-      const RoundMagnitude round{rnd, std::min(scaleFactor, 63)};
-      map<block<Zor32s>>([round](auto x) ZORS_INLINE_LAMBDA { return limit32(onMagnitude<Zor64u>(x, round)); }, len,
-                         dst, src);
+      withShiftDown(rnd, std::min(scaleFactor, 63), [&](auto down) {
+        map<block<Zor32s>>([down](auto x) ZORS_INLINE_LAMBDA { return limit32(down(x)); }, len, dst, src);
+      });
     } else {  // limited to 32 bits first, so that a shift by up to 30 stays in 64
       const int up = -std::max(scaleFactor, -30);
       map<block<Zor32s>>([up](auto x) ZORS_INLINE_LAMBDA { return limit32(shiftLeft(extend<Zor64s>(limit32(x)), up)); },

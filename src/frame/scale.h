@@ -113,6 +113,20 @@ ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift, sim
 template <class T, int L, simd::Order O> ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift) {
   return roundedShift(t, shift, simd::shiftRight(t, shift));
 }
+// The same of signed elements, as rnd says.
+template <ZorRoundMode rnd, class T, int L, simd::Order O>
+ZORS_INLINE simd::Vec<T, L, O> roundedShiftBy(simd::Vec<T, L, O> t, int shift) {
+  using namespace simd;
+  const auto zero = same(t, T{0}), negative = above(zero, t);
+  if constexpr (rnd == zorRoundNearestEven) {
+    return roundedShift(t, shift);
+  } else if constexpr (rnd == zorRoundHalfAway) {
+    return roundedShift(t, shift, equal(negative, zero));
+  } else {
+    const auto quotient = shiftRight(t, shift);
+    return sub(quotient, without(equal(shiftLeft(quotient, shift), t), negative));
+  }
+}
 template <class V> ZORS_INLINE V roundedShift(Roomy<V> x, int shift) {
   using namespace simd;
   using T = typename V::Element;

@@ -1,8 +1,10 @@
-// ownGetFeature, zorGetEnabledCpuFeatures, zorGetMaxCacheSizeB. The processor is asked at every call: nothing is kept.
+// ownGetFeature, zorGetEnabledCpuFeatures, zorGetMaxCacheSizeB. A virtual machine may take 10 microseconds for each
+// question to the processor: its features are asked for at load, its caches at the first call.
 #include <cpuid.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <atomic>
 #include <limits>
 
 #include "zorcore.h"
@@ -41,9 +43,7 @@ uint64_t enabledStates() {  // which register sets the operating system saves
   return uint64_t{high} << 32 | low;
 }
 
-}  // namespace
-
-EXPORTED uint64_t zorGetEnabledCpuFeatures() {
+uint64_t askFeatures() {
   unsigned a = 0, b = 0, c = 0, d = 0;
   if (!__get_cpuid(1, &a, &b, &c, &d)) return 0;
   uint64_t features = 0;
@@ -64,12 +64,24 @@ EXPORTED uint64_t zorGetEnabledCpuFeatures() {
   return features;
 }
 
-EXPORTED int32_t ownGetFeature(uint64_t mask) { return (zorGetEnabledCpuFeatures() & mask) == mask ? 1 : 0; }
+const uint64_t enabledFeatures = askFeatures();
+
+}  // namespace
+
+EXPORTED uint64_t zorGetEnabledCpuFeatures() { return enabledFeatures; }
+
+EXPORTED int32_t ownGetFeature(uint64_t mask) { return (enabledFeatures & mask) == mask ? 1 : 0; }
 
 EXPORTED int32_t zorGetMaxCacheSizeB(int32_t* size) {
   if (size == nullptr) return statusNullPointer;
-  int64_t largest = std::max(largestCache(4), largestCache(0x8000001D));
-  if (largest <= 0) largest = largestCacheOfSystem();
+  static constexpr int64_t notAsked = -1;
+  static std::atomic<int64_t> kept{notAsked};  // threads that ask at once find the same
+  int64_t largest = kept.load(std::memory_order_relaxed);
+  if (largest == notAsked) {
+    largest = std::max(largestCache(4), largestCache(0x8000001D));
+    if (largest <= 0) largest = std::max<int64_t>(largestCacheOfSystem(), 0);
+    kept.store(largest, std::memory_order_relaxed);
+  }
   if (largest <= 0) return statusUnknown;
   *size = static_cast<int32_t>(std::min<int64_t>(largest, std::numeric_limits<int32_t>::max()));
   return 0;
