@@ -1,6 +1,7 @@
 // What the divisions share: zero divisors, and the exact quotient of integers by floating-point division.
 #pragma once
 
+#include <algorithm>
 #include <bit>
 #include <limits>
 
@@ -21,14 +22,12 @@ class ZeroDivisors {
   __m256i seen_ = _mm256_setzero_si256();
 };
 
-// The scale factors in which a member computes. Above `most` every quotient rounds to zero, below `least` every one
-// that is not zero takes the bound of its sign; a factor drawn in to just above or far below does the same by
-// arithmetic.
+// The scale factors in which a member computes. Above `most` every quotient rounds to zero, as at most + 1; below
+// `least` every one that is not zero takes the bound of its sign, as at `below`.
 struct ScaleRange {
-  int least, most;
+  int least, most, below;
   constexpr int drawnIn(Zor32s scaleFactor) const {
-    constexpr int farBelow = 32;
-    return scaleFactor > most ? most + 1 : scaleFactor < least ? least - farBelow : scaleFactor;
+    return scaleFactor > most ? most + 1 : scaleFactor < least ? below : scaleFactor;
   }
 };
 
@@ -39,18 +38,9 @@ template <class F> constexpr F powerOfTwo(int exponent) {  // of a normal number
     return std::bit_cast<F>(static_cast<Zor64u>(1023 + exponent) << 52);
 }
 
-template <class F, class N, int L> ZORS_INLINE simd::Vec<F, L> toReal(simd::Vec<N, L> x) {  // exact where N fits
-  using namespace simd;
-  if constexpr (std::is_same_v<F, Zor32f>)
-    return toFloat(x);
-  else if constexpr (sizeof(N) < 4)
-    return toDouble(extend<Zor32s>(x));
-  else
-    return toDouble(x);
-}
-
-// The quotient dividend * 2^-scale / divisor of integers, rounded by rnd and saturated to D, exact in every direction
-// of the control word. A zero divisor counts as a tiny one: the quotient is the bound of the dividend's sign, or zero.
+// The quotient dividend * 2^-scale / divisor of integers, rounded by rnd, exact in every direction of the control word;
+// a quotient beyond D is D's bound, or, of 8 and 16 signed bits, beyond D too. A zero divisor counts as a tiny one: the
+// quotient is beyond D on the side of the dividend's sign, or zero.
 //
 // With a dividend n * 2^-scale = N the quotient q is a half-integer h, or differs from each by at least 1 / (2 *
 // divisor) = q / (2 * N). Division in F gives q itself where it can be represented, as half-integers and integers are,
@@ -62,26 +52,24 @@ template <class F, class N, int L> ZORS_INLINE simd::Vec<F, L> toReal(simd::Vec<
 // integers or half ones with a fixed direction, lie as far away.
 template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Quotient {
  public:
-  explicit Quotient(int scale) : factor_(powerOfTwo<F>(-scale)) {}
+  explicit Quotient(int scale)
+      : factor_(powerOfTwo<F>(-scale)), tiny_(powerOfTwo<F>(std::min(-scale - std::numeric_limits<D>::digits, -1))) {}
 
-  template <int L> ZORS_INLINE simd::Vec<D, L> operator()(simd::Vec<F, L> n, simd::Vec<F, L> divisor) const {
+  // A zero divisor has no sign.
+  template <int L, simd::Order O>
+  ZORS_INLINE simd::Vec<Zor32s, L, O> operator()(simd::Vec<F, L, O> n, simd::Vec<F, L, O> divisor) const {
     using namespace simd;
     const auto scaled = mul(n, same(n, factor_));
-    const auto d = select(equal(divisor, same(divisor, 0)), divisor, same(divisor, tiny));
+    // Powers of two below 1 are less than all integers but zero as words of bits, too.
+    const auto d = as<F>(max(as<Zor32u>(divisor), as<Zor32u>(same(divisor, tiny_))));
     auto q = rounded(div(scaled, d));
     if constexpr (corrected) q = add(q, correction(fnma(q, d, scaled), d));
-    q = min(q, same(q, F(std::numeric_limits<D>::max())));
-    if constexpr (std::is_signed_v<D>) q = max(q, same(q, F(std::numeric_limits<D>::min())));
-    const auto integers = toIntegerTowardZero(q);
-    if constexpr (sizeof(D) < 4)
-      return saturate<D>(integers);
-    else
-      return integers;
+    if constexpr (sizeof(F) == 8 || std::is_same_v<D, Zor16u>) q = min(q, same(q, F(std::numeric_limits<D>::max())));
+    if constexpr (sizeof(F) == 8) q = max(q, same(q, F(std::numeric_limits<D>::min())));
+    return toIntegerTowardZero(q);
   }
 
  private:
-  static constexpr F tiny = powerOfTwo<F>(sizeof(F) == 4 ? -56 : -120);
-
   // Half away: q + 0.5 is exact, or q is so far below 0.5 that the sum stays below 1. The conversion cuts the rest off.
   template <class V> ZORS_INLINE static V rounded(V q) {
     using namespace simd;
@@ -100,8 +88,28 @@ template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Quot
     return both(isMore, either(signOf(differing(remainder, d)), same(d, F(1))));
   }
 
-  F factor_;
+  F factor_, tiny_;
 };
+
+// 8- and 16-bit elements as wider ones in the order that unpacking leaves, and back with saturation.
+template <class N, int L> ZORS_INLINE simd::Split<Zor32s, L> unpacked(simd::Vec<N, L> x) {
+  using namespace simd;
+  if constexpr (sizeof(N) == 1) {
+    const auto words = widen(x);
+    return widen(build<Vec<Zor16u, L>>([&](auto i) ZORS_INLINE_LAMBDA { return words.r[i]; }));
+  } else {
+    return widen(x);
+  }
+}
+template <class D, int L> ZORS_INLINE simd::Vec<D, L> packed(simd::Split<Zor32s, L> x) {
+  using namespace simd;
+  if constexpr (sizeof(D) == 1) {
+    const auto words = simd::saturate<Zor16s>(x);
+    return simd::saturate<D>(build<Split<Zor16s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return words.r[i]; }));
+  } else {
+    return simd::saturate<D>(x);
+  }
+}
 
 // Elements of two vectors, or of one and a constant: kernels of `map`.
 template <class D, class F, ZorRoundMode rnd, bool corrected = false> class IntegerDivision {
@@ -112,11 +120,26 @@ template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Inte
   ZORS_INLINE simd::Vec<D, L> operator()(simd::Vec<S1, L> divisor, simd::Vec<S2, L> n) {
     using namespace simd;
     zeros_.see(equal(divisor, same(divisor, S1{0})));
-    return quotient_(toReal<F>(n), toReal<F>(divisor));
+    if constexpr (std::is_same_v<F, Zor32f>) {
+      return packed<D>(quotient_(toFloat(unpacked(n)), toFloat(unpacked(divisor))));
+    } else {
+      const auto q = quotient_(doubles(n), doubles(divisor));
+      if constexpr (sizeof(D) == 4)
+        return q;
+      else
+        return simd::saturate<D>(q);
+    }
   }
   ZorStatus status() const { return zeros_.status(); }
 
  private:
+  template <class N, int L> ZORS_INLINE static simd::Vec<Zor64f, L> doubles(simd::Vec<N, L> x) {
+    if constexpr (sizeof(N) == 4)
+      return simd::toDouble(x);
+    else
+      return simd::toDouble(simd::extend<Zor32s>(x));
+  }
+
   Quotient<D, F, rnd, corrected> quotient_;
   ZeroDivisors zeros_;
 };
@@ -136,18 +159,19 @@ class ComplexIntegerDivision {
     const auto d = as<Zor16sc>(sub(words, isZero));     // 1 for 0: the parts are those of n
     const auto [im, re] = Times{}(d, swappedParts(n));  // d.re * n.im - d.im * n.re, d.re * n.re + d.im * n.im
     const auto norm = squaredMagnitude(divisor);
-    return toComplex(quotient_(toDouble(re), norm), quotient_(toDouble(im), norm));
+    const auto part = [&](auto t) ZORS_INLINE_LAMBDA { return simd::saturate<Zor16s>(quotient_(toDouble(t), norm)); };
+    return toComplex(part(re), part(im));
   }
   ZorStatus status() const { return zeros_.status(); }
 
  private:
-  // At most 2^31, which wraps: one less fits.
+  // At most 2^31, which wraps: one less fits. Rounding downward, -1 + 1 is a zero with a sign.
   template <int L> ZORS_INLINE static simd::Vec<Zor64f, L> squaredMagnitude(simd::Vec<Zor16sc, L> z) {
     using namespace simd;
     const auto oneLess = toDouble(build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
       return _mm256_sub_epi32(_mm256_madd_epi16(z.r[i], z.r[i]), _mm256_set1_epi32(1));
     }));
-    return add(oneLess, same(oneLess, 1.0));
+    return simd::magnitude(add(oneLess, same(oneLess, 1.0)));
   }
 
   Quotient<Zor16s, Zor64f, zorRoundNearestEven> quotient_;
@@ -160,11 +184,13 @@ template <class Division, class T> struct DivisionBy {
   T divisor;
   template <class V> ZORS_INLINE auto operator()(V n) { return division(simd::same(n, divisor), n); }
 };
+template <class Division, class T> DivisionBy(Division, T) -> DivisionBy<Division, T>;
 template <class Division, class T> struct DivisionOf {
   Division division;
   T dividend;
   template <class V> ZORS_INLINE auto operator()(V d) { return division(d, simd::same(d, dividend)); }
 };
+template <class Division, class T> DivisionOf(Division, T) -> DivisionOf<Division, T>;
 
 // run(division) in the cheapest type that is exact. Dividends of 8 bits: a quotient that matters is below 2^8, of a
 // divisor below 2^8. Those of 16 bits keep N below 2^22 down to a scale of -6, and quotients that matter below 2^16.

@@ -5,24 +5,28 @@
 namespace zors {
 namespace {
 
+template <class T>
+[[gnu::flatten, gnu::noinline]] ZorStatus quotients(const T* src, T val, T* dst, Zor32s len, int scale) {
+  return withDivision<T, T, zorRoundNearestEven>(scale, [&](auto division) {
+    return map<block<T>>(DivisionBy{division, val}, len, dst, src).division.status();
+  });
+}
 // Above the range all elements are zeros, also the one that for 16u would round to 1.
 template <class T> ZorStatus dividedBy(const T* src, T val, T* dst, Zor32s len, Zor32s scaleFactor, ScaleRange range) {
   return check().pointers(src, dst).size(len).require(val != 0, zorStatusDivideByZero).then([&] {
     if (scaleFactor > range.most) return zeroed(dst, len);
-    return withDivision<T, T, zorRoundNearestEven>(range.drawnIn(scaleFactor), [&](auto division) {
-      return map<block<T>>(DivisionBy{division, val}, len, dst, src).division.status();
-    });
+    return quotients(src, val, dst, len, range.drawnIn(scaleFactor));
   });
 }
-ZorStatus dividedBy(const Zor16sc* src, Zor16sc val, Zor16sc* dst, Zor32s len, Zor32s scaleFactor) {
+[[gnu::flatten]] ZorStatus dividedBy(const Zor16sc* src, Zor16sc val, Zor16sc* dst, Zor32s len, Zor32s scaleFactor) {
   const bool isZero = val.re == 0 && val.im == 0;
   return check().pointers(src, dst).size(len).require(!isZero, zorStatusDivideByZero).then([&] {
-    const ComplexIntegerDivision division(ScaleRange{-16, 32}.drawnIn(scaleFactor));
+    const ComplexIntegerDivision division(ScaleRange{-16, 32, -96}.drawnIn(scaleFactor));
     return map<16>(DivisionBy{division, val}, len, dst, src).division.status();
   });
 }
 
-ZorStatus dividedOf(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len) {
+[[gnu::flatten]] ZorStatus dividedOf(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len) {
   return check().pointers(src, dst).size(len).then([&] {
     return withDivision<Zor16u, Zor16u, zorRoundNearestEven>(0, [&](auto division) {
       return map<16>(DivisionOf{division, val}, len, dst, src).division.status();
@@ -30,19 +34,13 @@ ZorStatus dividedOf(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len) {
   });
 }
 
-constexpr ScaleRange range8u{-15, 8}, range16{-30, 15};
+constexpr ScaleRange range8u{-16, 8, -16}, range16{-30, 15, -96};
 
 // ---- 64 bits: in general registers, which multiply to 128
 
 using Zor128u = unsigned __int128;
 
 constexpr Zor64u magnitude(Zor64s x) { return x < 0 ? -static_cast<Zor64u>(x) : static_cast<Zor64u>(x); }
-// The magnitude with a sign, at most the bound of that sign.
-constexpr Zor64s withSign(Zor64u q, bool isNegative) {
-  const Zor64u bound = (Zor64u{1} << 63) - !isNegative;
-  q = q < bound ? q : bound;
-  return static_cast<Zor64s>(isNegative ? -q : q);
-}
 // Whether a quotient with this remainder rounds up: remainder / divisor above one half, or one half and q odd.
 constexpr bool roundsUp(Zor64u q, Zor64u remainder, Zor64u divisor) {
   return remainder + (q & 1) > divisor - remainder;
@@ -80,9 +78,13 @@ Zor64u roundedShifted(Zor64u a, int shift, Zor64u divisor) {
 
 ZorStatus dividedBy64(Zor64s val, Zor64s* srcDst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(srcDst).size(len).then([&]() -> ZorStatus {
+    // quotient() gives magnitudes; signs go by masks, as signs of a signal cannot be predicted.
     const auto each = [&](auto quotient) {
-      for (Zor32s i = 0; i < len; ++i)
-        srcDst[i] = withSign(quotient(magnitude(srcDst[i])), (srcDst[i] < 0) != (val < 0));
+      for (Zor32s i = 0; i < len; ++i) {
+        const auto sign = static_cast<Zor64u>((srcDst[i] ^ val) >> 63);  // 0 or all ones
+        const Zor64u q = quotient(magnitude(srcDst[i])), bound = (~Zor64u{0} >> 1) - sign;
+        srcDst[i] = static_cast<Zor64s>(((q < bound ? q : bound) ^ sign) - sign);
+      }
     };
     const Zor64u divisor = magnitude(val);
     const bool isWide = scaleFactor >= 64 || (scaleFactor > 0 && divisor >> (64 - scaleFactor) != 0);

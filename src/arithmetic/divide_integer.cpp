@@ -4,8 +4,12 @@
 namespace zors {
 namespace {
 
+// Below its range 8u needs no scale that is far below: from -16 on all quotients but zero saturate by the rule.
+constexpr ScaleRange range8u{-16, 8, -16}, range16s{-29, 15, -96}, range16u{-15, 16, -96}, range32s{-62, 32, -96},
+    range32s16s{-29, 31, -96};
+
 template <ZorRoundMode rnd, class D, class S1, class S2>
-[[gnu::noinline]] ZorStatus quotients(const S1* src1, const S2* src2, D* dst, Zor32s len, int scale) {
+[[gnu::flatten, gnu::noinline]] ZorStatus quotients(const S1* src1, const S2* src2, D* dst, Zor32s len, int scale) {
   return withDivision<D, S2, rnd>(scale, [&](auto division) ZORS_INLINE_LAMBDA {
     return map<block<D, S1, S2>>(division, len, dst, src1, src2).status();
   });
@@ -17,9 +21,10 @@ ZorStatus divided(const S1* src1, const S2* src2, D* dst, Zor32s len, Zor32s sca
     return quotients<zorRoundNearestEven>(src1, src2, dst, len, range.drawnIn(scaleFactor));
   });
 }
-ZorStatus divided(const Zor16sc* src1, const Zor16sc* src2, Zor16sc* dst, Zor32s len, Zor32s scaleFactor) {
+[[gnu::flatten, gnu::noinline]] ZorStatus divided(const Zor16sc* src1, const Zor16sc* src2, Zor16sc* dst, Zor32s len,
+                                                  Zor32s scaleFactor) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
-    const int scale = ScaleRange{-32, 32}.drawnIn(scaleFactor);
+    const int scale = ScaleRange{-32, 32, -96}.drawnIn(scaleFactor);
     return map<16>(ComplexIntegerDivision(scale), len, dst, src1, src2).status();
   });
 }
@@ -28,14 +33,12 @@ template <class T>
 ZorStatus dividedRound(const T* src1, const T* src2, T* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor) {
   const bool isKnown = rnd == zorRoundTowardZero || rnd == zorRoundNearestEven || rnd == zorRoundHalfAway;
   return check().pointers(src1, src2, dst).size(len).require(isKnown, zorStatusBadRoundMode).then([&] {
-    const int scale = ScaleRange{-30, 8 * int{sizeof(T)}}.drawnIn(scaleFactor);
+    const int scale = (sizeof(T) == 1 ? range8u : ScaleRange{-30, 16, -96}).drawnIn(scaleFactor);
     return rnd == zorRoundTowardZero    ? quotients<zorRoundTowardZero>(src1, src2, dst, len, scale)
            : rnd == zorRoundNearestEven ? quotients<zorRoundNearestEven>(src1, src2, dst, len, scale)
                                         : quotients<zorRoundHalfAway>(src1, src2, dst, len, scale);
   });
 }
-
-constexpr ScaleRange range8u{-15, 8}, range16s{-29, 15}, range16u{-15, 16}, range32s{-62, 32}, range32s16s{-29, 31};
 
 }  // namespace
 

@@ -646,8 +646,8 @@ template <int L> ZORS_INLINE Vec<Zor8u, L> lookUp(const Zor8u (&table)[16], Vec<
 // ---- Integer and float
 // --------------------------------------------------------------------------------------------------
 
-template <int L> ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<Zor32s, L> x) {
-  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtepi32_ps(x.r[i]); });
+template <int L, Order O> ZORS_INLINE Vec<Zor32f, L, O> toFloat(Vec<Zor32s, L, O> x) {
+  return build<Vec<Zor32f, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtepi32_ps(x.r[i]); });
 }
 template <class N, int L>
 requires(sizeof(N) < 4) ZORS_INLINE Vec<Zor32f, L> toFloat(Vec<N, L> x) { return toFloat(extend<Zor32s>(x)); }
@@ -688,8 +688,8 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> toDouble(Vec<Zor64s, L> x) {
   });
 }
 // To integers that stay floats: to nearest, ties to even, in every direction.
-template <int L> ZORS_INLINE Vec<Zor32f, L> nearestIntegral(Vec<Zor32f, L> x) {
-  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+template <int L, Order O> ZORS_INLINE Vec<Zor32f, L, O> nearestIntegral(Vec<Zor32f, L, O> x) {
+  return build<Vec<Zor32f, L, O>>([&](auto i) ZORS_INLINE_LAMBDA {
     return _mm256_round_ps(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
   });
 }
@@ -702,8 +702,8 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> nearestIntegral(Vec<Zor64f, L> x) {
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor32f, L> x) {
   return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtps_epi32(x.r[i]); });
 }
-template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor32f, L> x) {
-  return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvttps_epi32(x.r[i]); });
+template <int L, Order O> ZORS_INLINE Vec<Zor32s, L, O> toIntegerTowardZero(Vec<Zor32f, L, O> x) {
+  return build<Vec<Zor32s, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvttps_epi32(x.r[i]); });
 }
 
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor64f, L> x) {

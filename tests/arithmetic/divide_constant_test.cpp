@@ -151,7 +151,7 @@ TEST(DivC64s, TiesAndTheirNeighbours) {
   kit::Random random(6);
   for (int scale = 0; scale < 63; ++scale)
     for (int i = 0; i < 200; ++i) {
-      const auto val = Zor64s(1 + random() % (Zor64u{1} << (1 + random() % (62 - std::min(scale, 61)))));
+      const auto val = Zor64s(1 + random() % (Zor64u{1} << (1 + random() % Zor64u(62 - std::min(scale, 61)))));
       const Zor64u divisor = Zor64u(val) << scale;
       std::vector<Zor64s> src;
       for (int k = 0; k < 30; ++k) {
