@@ -222,8 +222,10 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> exponential(Vec<Zor64f, L> x) {
                                  0x1.a01995a2b6de3p-16, 0x1.71dddfc5e6183p-19, 0x1.28b1101739729p-22,
                                  0x1.af85943d128dcp-26};
   const auto n = nearestIntegral(mul(x, same(x, 1.4426950408889634)));
-  const auto r = fnma(n, same(x, 1.9082149292705877e-10), fnma(n, same(x, 0.6931471803691238), x));
-  const auto p = add(fma(mul(r, r), horner(r, c), r), same(x, 1.0));
+  // r + rest = x - n ln 2; the first difference is exact.
+  const auto low = same(x, 1.9082149292705877e-10), first = fnma(n, same(x, 0.6931471803691238), x);
+  const auto r = fnma(n, low, first), rest = fnma(n, low, sub(first, r));
+  const auto p = add(add(fma(mul(r, r), horner(r, c), rest), r), same(x, 1.0));
   const auto exponent = shiftLeft(as<Zor64s>(add(n, same(x, 0x1.8p52))), 52);
   auto y = as<Zor64f>(add(as<Zor64s>(p), exponent));
   const auto beyond = notBelow(magnitude(x), same(x, 708.3964185322641));

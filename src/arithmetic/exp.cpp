@@ -16,7 +16,7 @@ struct ExpOfWidened {
 template <class Op, class S, class D> ZorStatus exponentials(const S* src, D* dst, Zor32s len) {
   return check().pointers(src, dst).size(len).then([&] {
     const ExceptionsMaskedScope scope;
-    map<block<S, D>>(Op{}, len, dst, src);
+    map<8>(Op{}, len, dst, src);
   });
 }
 
