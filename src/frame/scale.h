@@ -113,6 +113,13 @@ ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift, sim
 template <class T, int L, simd::Order O> ZORS_INLINE simd::Vec<T, L, O> roundedShift(simd::Vec<T, L, O> t, int shift) {
   return roundedShift(t, shift, simd::shiftRight(t, shift));
 }
+// From a shift of 2 on: (t + half - 1 + odd) / 2^shift, of which the average takes the first bit without overflow.
+template <int L, simd::Order O>
+ZORS_INLINE simd::Vec<Zor16u, L, O> roundedByAverage(simd::Vec<Zor16u, L, O> t, int shift) {
+  using namespace simd;
+  const auto odd = both(shiftRight(t, shift), same(t, 1));
+  return shiftRight(average(t, add(odd, same(t, Zor16u((1 << (shift - 1)) - 2)))), shift - 1);
+}
 // The same of signed elements, as rnd says.
 template <ZorRoundMode rnd, class T, int L, simd::Order O>
 ZORS_INLINE simd::Vec<T, L, O> roundedShiftBy(simd::Vec<T, L, O> t, int shift) {
@@ -160,26 +167,41 @@ template <class D> struct ScaleNone {
   template <class Exact> ZORS_INLINE auto operator()(Exact t) const { return saturated<D>(t); }
 };
 
-template <class D> struct ScaleHalf {  // Sum and Difference at a shift of 1
-  template <class Exact> ZORS_INLINE auto operator()(Exact t) const {
-    using namespace simd;
+template <class D> struct ScaleHalf {  // a shift of 1
+  template <class V> ZORS_INLINE auto operator()(Sum<V> t) const {
     const auto [half, last] = halved(t);
-    return add(half, both(both(half, last), same(half, D{1})));
+    return simd::add(half, up(half, last));
   }
   template <class V> ZORS_INLINE auto operator()(Difference<V> t) const {  // may round to one above the bound
     using namespace simd;
     const auto [half, last] = halved(t);
-    const auto up = both(both(half, last), same(half, D{1}));
-    return add(half, without(equal(half, same(half, std::numeric_limits<D>::max())), up));
+    return add(half, without(equal(half, same(half, std::numeric_limits<D>::max())), up(half, last)));
+  }
+  template <class V> ZORS_INLINE auto operator()(Parts<V> t) const {
+    return saturated<D>(Parts{rounded(t.even), rounded(t.odd)});
+  }
+  template <class V> ZORS_INLINE auto operator()(Roomy<V> x) const { return saturated<D>(rounded(x.t)); }
+  template <class V> ZORS_INLINE auto operator()(V t) const { return saturated<D>(rounded(t)); }
+
+ private:
+  // 1 where the last bit is cut and the half is odd.
+  template <class V> ZORS_INLINE static V up(V half, V last) {
+    return simd::both(simd::both(half, last), simd::same(half, 1));
+  }
+  template <class V> ZORS_INLINE static V rounded(V t) {
+    const V half = simd::shiftRight(t, 1);
+    return simd::add(half, up(half, t));
   }
 };
 
-template <class D> struct ScaleDown {
+template <class D> struct ScaleDown {  // a shift of 2 or more
   int shift;
   template <class Exact> ZORS_INLINE auto operator()(Exact t) const {
     if constexpr (requires { halved(t); }) {
       const auto [half, last] = halved(t);  // a tie of the half is none if last is set
       return roundedShift(half, shift - 1, simd::either(simd::shiftRight(half, shift - 1), last));
+    } else if constexpr (requires { roundedByAverage(t, shift); }) {
+      return saturated<D>(roundedByAverage(t, shift));
     } else {
       return saturated<D>(roundedShift(t, shift));
     }
@@ -199,10 +221,10 @@ template <class D, class Exact, class Run> ZORS_INLINE void withScale(Zor32s sca
     run(ScaleNone<D>{});
   else if (scaleFactor < 0)
     run(ScaleUp<D>{scaleFactor < -64 ? 64 : -scaleFactor});
-  else if (scaleFactor > 1 || !requires(Exact t) { halved(t); })
-    run(ScaleDown<D>{scaleFactor});
-  else if constexpr (requires(Exact t) { halved(t); })
+  else if (scaleFactor == 1)
     run(ScaleHalf<D>{});
+  else
+    run(ScaleDown<D>{scaleFactor});
 }
 
 }  // namespace zors
