@@ -855,6 +855,77 @@ ZorStatus zorsSplitScaled_24s32f_D2L(const Zor8u* src, Zor32f* const* dst, Zor32
 ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len, Zor8u* dst, Zor32s dstBitOffset,
                              Zor32s* dstBitLen);
 
+/* ---- Complex vectors ------------------------------------------------------------------------------------------- */
+
+/* Magnitude: the absolute values of complex elements, interleaved or as two planes; all forms of one type give the same
+   bits.
+   Numerics: floats sqrt(fma(re, re, round(im * im))); the squares may overflow to infinity. 16-bit sources: the exact sum
+   of squares, unsigned, and its exactly rounded root; 16s32f, 16sc32f as binary32 in the current direction, _Sfs times
+   2^-scaleFactor to nearest, ties to even, saturated. 32sc_Sfs: likewise. */
+ZorStatus zorsMagnitude_32fc(const Zor32fc* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsMagnitude_64fc(const Zor64fc* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsMagnitude_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dst, Zor32s len);
+ZorStatus zorsMagnitude_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dst, Zor32s len);
+ZorStatus zorsMagnitude_16sc32f(const Zor16sc* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsMagnitude_16s32f(const Zor16s* srcRe, const Zor16s* srcIm, Zor32f* dst, Zor32s len);
+ZorStatus zorsMagnitude_16sc_Sfs(const Zor16sc* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsMagnitude_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsMagnitude_32sc_Sfs(const Zor32sc* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
+
+/* MagSquared: squared magnitudes. 32fc64f: fma(re, re, im * im) in binary64. 32sc32s_Sfs: exact, scaled and saturated. */
+ZorStatus zorsMagSquared_32fc64f(const Zor32fc* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsMagSquared_32sc32s_Sfs(const Zor32sc* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
+
+/* PowerSpectr: squared magnitudes, interleaved or as two planes. Floats fma(re, re, round(im * im)); 16-bit sources exact,
+   to binary32 by one rounding, or scaled and saturated. */
+ZorStatus zorsPowerSpectr_32fc(const Zor32fc* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsPowerSpectr_64fc(const Zor64fc* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsPowerSpectr_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dst, Zor32s len);
+ZorStatus zorsPowerSpectr_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dst, Zor32s len);
+ZorStatus zorsPowerSpectr_16sc32f(const Zor16sc* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsPowerSpectr_16s32f(const Zor16s* srcRe, const Zor16s* srcIm, Zor32f* dst, Zor32s len);
+ZorStatus zorsPowerSpectr_16sc_Sfs(const Zor16sc* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsPowerSpectr_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dst, Zor32s len,
+                                  Zor32s scaleFactor);
+
+/* Phase: the angles of complex elements, in [-pi, pi], with the conventions of atan2 for zeros and infinities; all forms of
+   one type give the same bits. 16s32f, 16sc32f: as 32f of the converted parts.
+   Numerics: 32f at most 0.51 ulp, 64f below 0.8 ulp, in rounding to nearest. _Sfs: the binary32 angle, at scales below
+   -28 and above 1 the binary64 angle, times 2^-scaleFactor, to nearest, ties to even, saturated, in every direction; the
+   parts of 32sc are converted to that float type first. */
+ZorStatus zorsPhase_32fc(const Zor32fc* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsPhase_64fc(const Zor64fc* src, Zor64f* dst, Zor32s len);
+ZorStatus zorsPhase_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dst, Zor32s len);
+ZorStatus zorsPhase_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dst, Zor32s len);
+ZorStatus zorsPhase_16sc32f(const Zor16sc* src, Zor32f* dst, Zor32s len);
+ZorStatus zorsPhase_16s32f(const Zor16s* srcRe, const Zor16s* srcIm, Zor32f* dst, Zor32s len);
+ZorStatus zorsPhase_16sc_Sfs(const Zor16sc* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsPhase_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
+ZorStatus zorsPhase_32sc_Sfs(const Zor32sc* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
+
+/* CartToPolar: magnitudes and phases in one pass, with the bits of Magnitude and Phase. 16sc_Sfs: Magnitude with
+   magnScaleFactor and Phase with phaseScaleFactor. */
+ZorStatus zorsCartToPolar_32fc(const Zor32fc* src, Zor32f* dstMagn, Zor32f* dstPhase, Zor32s len);
+ZorStatus zorsCartToPolar_64fc(const Zor64fc* src, Zor64f* dstMagn, Zor64f* dstPhase, Zor32s len);
+ZorStatus zorsCartToPolar_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dstMagn, Zor32f* dstPhase, Zor32s len);
+ZorStatus zorsCartToPolar_64f(const Zor64f* srcRe, const Zor64f* srcIm, Zor64f* dstMagn, Zor64f* dstPhase, Zor32s len);
+ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* dstPhase, Zor32s len,
+                                   Zor32s magnScaleFactor, Zor32s phaseScaleFactor);
+
+/* PolarToCart: re = magn * cos(phase), im = magn * sin(phase), for phases of any size.
+   Numerics: sine and cosine of 32f at most 0.57 ulp, of 64f below 0.8 ulp, in rounding to nearest, then one product. NaN
+   phases give NaN parts. 16sc, 32sc take binary32 and round to nearest, ties to even, saturated, in every direction; NaN
+   is the lowest integer. 16sc_Sfs: binary64, the phase is srcPhase[i] * 2^-phaseScaleFactor radians, the parts are
+   divided by 2^magnScaleFactor. */
+ZorStatus zorsPolarToCart_32fc(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32fc* dst, Zor32s len);
+ZorStatus zorsPolarToCart_64fc(const Zor64f* srcMagn, const Zor64f* srcPhase, Zor64fc* dst, Zor32s len);
+ZorStatus zorsPolarToCart_32f(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32f* dstRe, Zor32f* dstIm, Zor32s len);
+ZorStatus zorsPolarToCart_64f(const Zor64f* srcMagn, const Zor64f* srcPhase, Zor64f* dstRe, Zor64f* dstIm, Zor32s len);
+ZorStatus zorsPolarToCart_16sc(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor16sc* dst, Zor32s len);
+ZorStatus zorsPolarToCart_32sc(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32sc* dst, Zor32s len);
+ZorStatus zorsPolarToCart_16sc_Sfs(const Zor16s* srcMagn, const Zor16s* srcPhase, Zor16sc* dst, Zor32s len,
+                                   Zor32s magnScaleFactor, Zor32s phaseScaleFactor);
+
 /* ---- Thresholds ------------------------------------------------------------------------------------------------ */
 
 /* Threshold by selector: relOp zorCmpLess is LT below, zorCmpGreater is GT, any other zorStatusBadArgument, which is
@@ -1022,10 +1093,12 @@ ZorStatus zorsMuLawToALaw_8u(const Zor8u* src, Zor8u* dst, Zor32s len);
 ZorStatus zorsPreemphasize_32f(Zor32f* srcDst, Zor32s len, Zor32f val);
 ZorStatus zorsPreemphasize_16s(Zor16s* srcDst, Zor32s len, Zor32f val);
 
-/* CauchyD: srcDst[i] = x * (r + r - r * d * r) with d = x^2 + C^2, each operation rounded, and the processor's estimate r
+/* Cauchy: srcDst[i] = ln(1 + (x / C)^2) / 2. CauchyD: srcDst[i] = x * (r + r - r * d * r) with d = x^2 + C^2, each operation rounded, and the processor's estimate r
    of 1 / d; d must be in the range of normal numbers. CauchyDD2: with r = 1 / fma(x, x, C^2): srcDst[i] = x * r,
    dst2[i] = -fma(x, x, -C^2) * r * r.
+   Numerics of Cauchy: u = round(x * round(1 / C)), fma(u, u, 1), zorsLn_32f_I, times 0.5.
    Checks: pointers, len, then C not above 0, zorStatusBadCauchyConstant. */
+ZorStatus zorsCauchy_32f_I(Zor32f* srcDst, Zor32s len, Zor32f C);
 ZorStatus zorsCauchyD_32f_I(Zor32f* srcDst, Zor32s len, Zor32f C);
 ZorStatus zorsCauchyDD2_32f_I(Zor32f* srcDst, Zor32f* dst2, Zor32s len, Zor32f C);
 

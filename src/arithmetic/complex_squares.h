@@ -1,9 +1,12 @@
-// Squared magnitudes of complex elements for tests and factors, one lane an element, and factors back to both parts.
+// Squared magnitudes of complex elements.
 #pragma once
 
 #include "frame/simd.h"
 
 namespace zors {
+
+// ---- One lane an element, for tests and factors, and back to both parts
+// ---------------------------------------------
 
 // One lane for each element of two registers, in the order that pairwise sums within 128-bit halves leave: it cannot be
 // stored, and spread() undoes it.
@@ -42,5 +45,33 @@ template <int L> ZORS_INLINE simd::Vec<Zor64fc, L> spread(Pairwise<Zor64f, L> x)
   });
 }
 template <int L> ZORS_INLINE simd::Vec<Zor32s, L> spread(simd::Vec<Zor32s, L> x) { return x; }
+
+// ---- Exact sums of squares of integers
+// ------------------------------------------------------------------------------
+
+template <int L> ZORS_INLINE simd::Vec<Zor32u, L> exactSquares(simd::Vec<Zor16sc, L> z) { return squares(z); }
+template <int L> ZORS_INLINE simd::Split<Zor32u, L> exactSquares(simd::Vec<Zor16s, L> re, simd::Vec<Zor16s, L> im) {
+  return simd::build<simd::Split<Zor32u, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256i pairs =
+        i % 2 == 0 ? _mm256_unpacklo_epi16(re.r[i / 2], im.r[i / 2]) : _mm256_unpackhi_epi16(re.r[i / 2], im.r[i / 2]);
+    return _mm256_madd_epi16(pairs, pairs);
+  });
+}
+template <int L> ZORS_INLINE simd::Vec<Zor64u, L> exactSquares(simd::Vec<Zor32sc, L> z) {  // up to 2^63
+  return simd::build<simd::Vec<Zor64u, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256i re = z.r[i], im = _mm256_srli_epi64(re, 32);
+    return _mm256_add_epi64(_mm256_mul_epi32(re, re), _mm256_mul_epi32(im, im));
+  });
+}
+template <int L> ZORS_INLINE simd::Vec<Zor32u, L> inOrder(simd::Vec<Zor32u, L> x) { return x; }
+template <int L> ZORS_INLINE simd::Vec<Zor32u, L> inOrder(simd::Split<Zor32u, L> x) { return simd::inOrder(x); }
+
+// ---- Floats
+// ---------------------------------------------------------------------------------------------------------
+
+// fma(re, re, round(im^2)).
+template <class V> ZORS_INLINE V fusedSquares(V re, V im) { return simd::fma(re, re, simd::mul(im, im)); }
+// Interleaved elements, and the two parts in one operation.
+template <class Z> ZORS_INLINE auto fusedSquares(Z z) { return fusedSquares(simd::realPart(z), simd::imagPart(z)); }
 
 }  // namespace zors

@@ -139,20 +139,12 @@ template <class Side> struct Scale<Side, Zor16sc> {
   Zor32s bound;
 };
 
-// In steps from element 0 on, unlike map.
-template <class Kernel, class C>
-[[gnu::flatten]] void stepwise(Kernel kernel, std::ptrdiff_t len, C* dst, const C* src) {
-  std::ptrdiff_t i = 0;
-  for (; i + step<C> <= len; i += step<C>) store(dst + i, kernel(load<step<C>>(src + i)));
-  if (i < len) storePart(dst + i, kernel(loadPart<step<C>>(src + i, int(len - i))), int(len - i));
-}
-
 template <class Side, class C, class R> ZorStatus setMagnitude(const C* src, C* dst, Zor32s len, R level) {
   return checks(src, dst, len, level).then([&] {
     if (level == 0)
       map<block<C>>([](auto z) ZORS_INLINE_LAMBDA { return Side::byLevelZero(z); }, len, dst, src);
     else if constexpr (std::is_same_v<C, Zor32fc>)
-      stepwise(Scale<Side, C>(level), len, dst, src);
+      mapInOrder<step<C>>(Scale<Side, C>(level), len, dst, src);  // steps from element 0 on
     else
       map<step<C>>(Scale<Side, C>(level), len, dst, src);
   });

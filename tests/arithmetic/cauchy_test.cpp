@@ -54,8 +54,36 @@ TEST(Cauchy, BothDerivativesByOneDivision) {
           ASSERT_TRUE(srcDst.intact() && dst2.intact());
         }
 }
+TEST(Cauchy, TheFunctionIsHalfTheLogarithm) {
+  // One element alone, held to a few ulp; near 0 the sum with 1 has lost the last bits.
+  for (Zor32f c : {1.0f, 0.3f, 7.0f}) {
+    const auto call = [=](Zor32f* srcDst, Zor32s len) { return zorsCauchy_32f_I(srcDst, len, c); };
+    auto lengths = kit::sweepLengths();
+    lengths.insert(lengths.end(), {4095, 4096, 4097, 9000});
+    kit::sweepInPlace<Zor32f>(
+        "zorsCauchy_32f_I", call,
+        [=](Zor32f x) {
+          volatile Zor32f u = x * (1 / c);
+          const Zor32f sum = std::fma(u, u, 1.0f);
+          Zor32f y = x;
+          EXPECT_EQ(call(&y, 1), zorStatusOk);
+          EXPECT_LE(kit::ulps(y, std::log(static_cast<long double>(sum)) / 2), 6) << x;
+          return y;
+        },
+        c == 1 ? lengths : kit::fewLengths());
+  }
+  Zor32f x = 1;
+  EXPECT_EQ(zorsCauchy_32f_I(&x, 1, 0), zorStatusBadCauchyConstant);
+  EXPECT_EQ(x, 1);
+}
 TEST(Cauchy, TheConstantIsTestedLastAndMustBeAboveZero) {
   std::vector<Zor32f> x(8, 1.0f), y(8, 2.0f);
+  kit::Contract(zorsCauchy_32f_I, x.data(), 8, 1.0f)
+      .null<0>()
+      .bad<1>({0, -1}, zorStatusBadSize)
+      .bad<2>({0.0f, -1.0f, -0.0f, NAN}, zorStatusBadCauchyConstant)
+      .untouched(x)
+      .verify("zorsCauchy_32f_I");
   kit::Contract(zorsCauchyD_32f_I, x.data(), 8, 1.0f)
       .null<0>()
       .bad<1>({0, -1}, zorStatusBadSize)
