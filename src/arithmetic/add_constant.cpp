@@ -42,7 +42,7 @@ template <ZorRoundMode rnd> struct RoundWide {
 // Sums are least at -2^64: divided by 2^65 a tie, which rounds away to -1. Everything else vanishes there.
 struct RoundLeastAway {
   template <class V> ZORS_INLINE V operator()(Sum<V> t) const {
-    const V least = same(t.a, std::numeric_limits<Zor64s>::min());
+    const V least = same(t.a, static_cast<typename V::Element>(std::numeric_limits<Zor64s>::min()));
     return both(equal(t.a, least), equal(t.b, least));
   }
 };

@@ -24,7 +24,8 @@ struct RootAsFloat {
 // the true one lies. Results that saturate may be any from 32767 up.
 struct RoundedRoot {
   ZORS_INLINE auto operator()(auto... parts) const {
-    const auto square = exactSquares(parts...), m = signedPart(min(square, same(square, INT32_MAX)));
+    const auto square = exactSquares(parts...);
+    const auto m = signedPart(min(square, same(square, INT32_MAX)));
     const auto r = min(nearbyRoot(m), same(m, 32767)), rest = sub(m, squareOf(r));
     const auto tooLow = above(rest, r), tooHigh = above(sub(same(m, 1), r), rest);  // -1 beyond r + 1/2, r - 1/2
     return saturate<Zor16s>(max(sub(add(r, tooHigh), tooLow), same(m, 0)));
