@@ -38,18 +38,18 @@ template <class F> constexpr F powerOfTwo(int exponent) {  // of a normal number
     return std::bit_cast<F>(static_cast<Zor64u>(1023 + exponent) << 52);
 }
 
-// The quotient dividend * 2^-scale / divisor of integers, rounded by rnd, exact in every direction of the control word;
-// a quotient beyond D is D's bound, or, of 8 and 16 signed bits, beyond D too. A zero divisor counts as a tiny one: the
-// quotient is beyond D on the side of the dividend's sign, or zero.
+// The quotient dividend * 2^-scale / divisor of integers, rounded by rnd, as 32 bits that saturate to D; exact in every
+// direction of the control word. A zero divisor counts as a tiny one: the quotient is beyond D on the side of the
+// dividend's sign, or zero.
 //
-// With a dividend n * 2^-scale = N the quotient q is a half-integer h, or differs from each by at least 1 / (2 *
-// divisor) = q / (2 * N). Division in F gives q itself where it can be represented, as half-integers and integers are,
-// and else a value less than a unit in the last place of q away, which never is on the other side of h. It is not h
-// either if
-//  - N < 2^22 in binary32, N < 2^51 in binary64, since then q / (2 * N) is more than that unit; or
-//  - q is so small where it matters that 1 / (2 * divisor) is more than that unit.
-// Elsewhere, in a `corrected` quotient, it may be h: then the remainder tells. The cuts of the other two modes, whole
-// integers or half ones with a fixed direction, lie as far away.
+// With a dividend n * 2^-scale = N the quotient q is a half-integer h, or differs from each by at least
+// 1 / (2 * divisor) = q / (2 * N). Division in F gives q itself where it can be represented, as half-integers and
+// integers are, and else a value less than a unit in the last place of q away, which never is on the other side of h.
+// It is not h either if
+//  - N < 2^22 in binary32, N <= 2^51 in binary64, since then q / (2 * N) is at least that unit; or
+//  - q is so small where it matters that 1 / (2 * divisor) is.
+// Elsewhere, in a `corrected` quotient, it may be h: then the remainder tells. The other two modes cut at integers, or
+// at half-integers toward a fixed side, which lie as far away.
 template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Quotient {
  public:
   explicit Quotient(int scale)
@@ -64,6 +64,7 @@ template <class D, class F, ZorRoundMode rnd, bool corrected = false> class Quot
     const auto d = as<F>(max(as<Zor32u>(divisor), as<Zor32u>(same(divisor, tiny_))));
     auto q = rounded(div(scaled, d));
     if constexpr (corrected) q = add(q, correction(fnma(q, d, scaled), d));
+    // Quotients of 16 unsigned bits and those in binary64 may not fit 32 bits.
     if constexpr (sizeof(F) == 8 || std::is_same_v<D, Zor16u>) q = min(q, same(q, F(std::numeric_limits<D>::max())));
     if constexpr (sizeof(F) == 8) q = max(q, same(q, F(std::numeric_limits<D>::min())));
     return toIntegerTowardZero(q);
@@ -192,9 +193,9 @@ template <class Division, class T> struct DivisionOf {
 };
 template <class Division, class T> DivisionOf(Division, T) -> DivisionOf<Division, T>;
 
-// run(division) in the cheapest type that is exact. Dividends of 8 bits: a quotient that matters is below 2^8, of a
-// divisor below 2^8. Those of 16 bits keep N below 2^22 down to a scale of -6, and quotients that matter below 2^16.
-// Those of 32 bits keep N at most 2^51 down to -20; with a 16-bit result quotients that matter are small again.
+// run(division) in the cheapest type that is exact. Of 8 bits, quotients that matter and divisors are below 2^8: their
+// product is less than binary32 resolves. Of 16 bits, N is below 2^22 down to a scale of -6; for binary64 quotients
+// that matter, below 2^16, are small. Of 32 bits, N is at most 2^51 down to -20; 16-bit quotients are small again.
 template <class D, class S, ZorRoundMode rnd, class Run> ZORS_INLINE ZorStatus withDivision(int scale, Run&& run) {
   if constexpr (sizeof(S) == 1) {
     return run(IntegerDivision<D, Zor32f, rnd>(scale));

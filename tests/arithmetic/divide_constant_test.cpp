@@ -163,6 +163,20 @@ TEST(DivC64s, TiesAndTheirNeighbours) {
       if (HasFatalFailure()) return;
     }
 }
+TEST(DivC64s, QuotientsAsCloseToAHalfAsThereAre) {
+  kit::Random random(7);
+  for (int scale = -127; scale < 0; ++scale)
+    for (int i = 0; i < 300; ++i) {
+      const auto d = random() >> (1 + random() % 62) | 1;
+      std::vector<Zor64s> src;
+      for (bool above : {false, true}) {
+        const auto n = Zor64s(quotient::nearHalf(d, -scale, above));
+        src.insert(src.end(), {n, -n, n / 3, n - 1});
+      }
+      compare64(src, random() % 2 ? Zor64s(d) : -Zor64s(d), scale);
+      if (HasFatalFailure()) return;
+    }
+}
 TEST(DivC64s, AllLengthsAndPlaces) {
   for (const auto& [val, scale] : {std::pair<Zor64s, int>{-7, 0}, {1, 0}, {-1, 0}, {3, -5}, {10, 64}})
     sweepInPlace<Zor64s>(

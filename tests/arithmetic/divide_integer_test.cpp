@@ -116,14 +116,6 @@ TEST(DivIntegers, AnyPairsAtEveryScale) {
   });
 }
 
-// Quotients k + 1/2 and what lies closest to them. For an odd divisor d and a left shift s, n * 2^s / d is a
-// half-integer off by a remainder of 1/2 in units of 1/d where n * 2^s = (d +- 1) / 2 modulo d.
-Zor32s nearHalf(Zor32s d, int shift, bool above) {
-  const auto modulus = Zor64u(d);
-  Zor64u n = (modulus + (above ? 1 : 0)) / 2;
-  for (int i = 0; i < shift; ++i) n = n % 2 == 0 ? n / 2 : (n + modulus) / 2;  // divided by 2, modulo d
-  return Zor32s(n);
-}
 TEST(DivIntegers, QuotientsAsCloseToAHalfAsThereAre) {
   kit::Random random(3);
   constexpr std::size_t count = 100'000;
@@ -133,7 +125,7 @@ TEST(DivIntegers, QuotientsAsCloseToAHalfAsThereAre) {
       const int bits = 1 + int(random() % 31);
       const auto d = Zor32s((random() & ((Zor64u{1} << bits) - 1)) | 1);
       if (scale < 0) {
-        dividends[i] = nearHalf(d, -scale, random() % 2);
+        dividends[i] = Zor32s(quotient::nearHalf(Zor64u(d), -scale, random() % 2));
       } else {
         const Zor64u step = Zor64u(d) << scale;  // (2k + 1) * step / 2 and its neighbours
         const Zor64u n = (2 * (random() % ((Zor64u{1} << 31) / step + 1)) + 1) * step / 2 + random() % 3 - 1;

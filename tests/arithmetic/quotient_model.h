@@ -57,6 +57,14 @@ inline Zor16sc exact(Zor16sc n, Zor16sc d, int scale, int least) {
   return {part(a * c + b * e, c * c + e * e), part(b * c - a * e, c * c + e * e)};
 }
 
+// A dividend n for which n * 2^shift / d is as close to a half-integer as an odd divisor d allows, 1 / (2 * d) off:
+// n * 2^shift = (d +- 1) / 2 modulo d.
+inline Zor64u nearHalf(Zor64u d, int shift, bool above) {
+  Zor64u n = (d + (above ? 1 : 0)) / 2;
+  for (int i = 0; i < shift; ++i) n = n % 2 == 0 ? n / 2 : n / 2 + d / 2 + 1;  // divided by 2, modulo d
+  return n;
+}
+
 template <class T> bool isZero(T x) { return x == T{}; }
 inline bool isZero(Zor16sc x) { return x.re == 0 && x.im == 0; }
 template <class T> ZorStatus statusFor(const T* divisors, int len) {
