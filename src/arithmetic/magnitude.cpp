@@ -43,9 +43,6 @@ struct RoundedRoot {
   }
 };
 
-// 2^-scaleFactor; beyond these bounds nothing changes any more.
-Zor64f powerOfTwo(Zor32s scaleFactor) { return std::ldexp(1.0, -std::clamp(scaleFactor, -1000, 1000)); }
-
 // The same, scaled. A root that is not halfway between integers is farther from there than binary64 rounds.
 struct ScaledRoot {
   Zor64f factor;
@@ -59,7 +56,7 @@ struct ScaledRoot {
 // Sums of squares have up to 64 bits: where the root in binary64 may be on the wrong side of a half, integers decide.
 struct WideScaledRoot {
   Zor32s scaleFactor;
-  Zor64f factor = powerOfTwo(scaleFactor);
+  Zor64f factor = scalePower(scaleFactor);
 
   ZORS_INLINE auto operator()(auto z) const {
     const auto root = sqrt(fusedSquares(as<Zor64fc>(toDouble(as<Zor32s>(z)))));
@@ -89,7 +86,7 @@ template <class Op, class D, class... S> ZorStatus magnitudes(Op op, D* dst, Zor
 }
 template <class... S> ZorStatus magnitudesScaled(Zor16s* dst, Zor32s len, Zor32s scaleFactor, const S*... src) {
   return scaleFactor == 0 ? magnitudes(RoundedRoot{}, dst, len, src...)
-                          : magnitudes(ScaledRoot{powerOfTwo(scaleFactor)}, dst, len, src...);
+                          : magnitudes(ScaledRoot{scalePower(scaleFactor)}, dst, len, src...);
 }
 
 }  // namespace

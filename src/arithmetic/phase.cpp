@@ -63,8 +63,7 @@ template <class D, class... S> ZorStatus phasesScaled(D* dst, Zor32s len, Zor32s
     if (scaleFactor >= -28 && scaleFactor <= 1)
       map<block<D, S...>>(PhaseTimes<D, Zor32f>{std::ldexp(1.0f, -scaleFactor)}, len, dst, src...);
     else
-      map<block<D, S...>>(PhaseTimes<D, Zor64f>{std::ldexp(1.0, -std::clamp(scaleFactor, -1000, 1000))}, len, dst,
-                          src...);
+      map<block<D, S...>>(PhaseTimes<D, Zor64f>{scalePower(scaleFactor)}, len, dst, src...);
   });
 }
 

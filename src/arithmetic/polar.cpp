@@ -91,9 +91,6 @@ template <class F> ZorStatus toPlanes(const F* srcMagn, const F* srcPhase, F* ds
   });
 }
 
-// 2^-scaleFactor; any phase times the bounds is as good as zero, or a large number still.
-Zor64f powerOfTwo(Zor32s scaleFactor) { return std::ldexp(1.0, -std::clamp(scaleFactor, -1000, 1000)); }
-
 }  // namespace
 
 // clang-format off
@@ -121,7 +118,7 @@ ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* 
 ZorStatus zorsPolarToCart_16sc_Sfs(const Zor16s* srcMagn, const Zor16s* srcPhase, Zor16sc* dst, Zor32s len,
                                    Zor32s magnScaleFactor, Zor32s phaseScaleFactor) {
   return toIntegerPairs(srcMagn, srcPhase, dst, len,
-                        To16scScaled{powerOfTwo(magnScaleFactor), powerOfTwo(phaseScaleFactor)});
+                        To16scScaled{scalePower(magnScaleFactor), scalePower(phaseScaleFactor)});
 }
 
 }  // namespace zors

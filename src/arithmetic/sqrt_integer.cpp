@@ -34,12 +34,9 @@ template <class D, class F, int L, class S> struct Roots {
   ZorStatus warning() const { return any(above(splat<Vec<S, L>>(0), seen)) ? zorWarningSqrtOfNegative : zorStatusOk; }
 };
 
-// 2^-scaleFactor; beyond the limits every result is the same.
-Zor64f powerOfTwo(Zor32s scaleFactor) { return std::ldexp(1.0, -std::clamp(scaleFactor, -40, 40)); }
-
 template <class F, class S, class D> ZorStatus runRoots(const S* src, D* dst, Zor32s len, Zor32s scaleFactor) {
   constexpr int L = block<S, D>;
-  const auto kernel = map<L>(Roots<D, F, L, S>{powerOfTwo(scaleFactor)}, len, dst, src);
+  const auto kernel = map<L>(Roots<D, F, L, S>{scalePower(scaleFactor)}, len, dst, src);
   if constexpr (std::is_signed_v<S>)
     return kernel.warning();
   else
@@ -57,7 +54,7 @@ template <class S, class D> ZorStatus roots(const S* src, D* dst, Zor32s len, Zo
 ZorStatus complexRoots(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest, _MM_MASK_MASK);
-    const Zor64f factor = powerOfTwo(scaleFactor);
+    const Zor64f factor = scalePower(scaleFactor);
     map<2 * block<Zor16sc>>(
         [=](auto z) ZORS_INLINE_LAMBDA {
           const auto re = toDouble(realPart(z)), im = toDouble(imagPart(z));

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <type_traits>
 
@@ -159,6 +160,9 @@ template <class V> ZORS_INLINE Halved<V> halved(Difference<V> t) {
   const V last = differing(t.a, t.b);
   return {sub(shiftRight(last, 1), without(t.a, t.b)), last};
 }
+
+// 2^-scaleFactor, for results computed in binary64; beyond these limits nothing changes any more.
+inline Zor64f scalePower(Zor32s scaleFactor) { return std::ldexp(1.0, -std::clamp(scaleFactor, -1000, 1000)); }
 
 // ---- The rule
 // ---------------------------------------------------------------------------------------------------------
