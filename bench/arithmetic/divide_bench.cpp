@@ -132,6 +132,8 @@ void floats() {
         .peer("VOLK", [=] { volk_32f_x2_divide_32f(d, b, a, unsigned(len)); })
 #endif
         .bound(streams(8, 4));
+    workload("zorsDivC_32f", size).zors([=] { zorsDivC_32f(a, 3.0f, d, len); }).bound(streams(4, 4));
+    workload("zorsDivCRev_32f", size).zors([=] { zorsDivCRev_32f(a, 3.0f, d, len); }).bound(streams(4, 4));
     const auto *a64 = varied<Zor64f>(size, 1), *b64 = varied<Zor64f>(size, 2);
     auto* d64 = bench::array<Zor64f>(size);
     workload("zorsDiv_64f", size)

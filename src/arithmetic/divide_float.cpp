@@ -35,13 +35,14 @@ template <class Part> class ComplexDivision {
   ZeroDivisors zeros_;
 };
 
-template <class Division, class T> ZorStatus divided(const T* src1, const T* src2, T* dst, Zor32s len) {
+template <class Division, class T>
+[[gnu::flatten, gnu::noinline]] ZorStatus divided(const T* src1, const T* src2, T* dst, Zor32s len) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
     return map<block<T>>(Division{}, len, dst, src1, src2).status();
   });
 }
 
-ZorStatus dividedOf(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len) {
+[[gnu::flatten, gnu::noinline]] ZorStatus dividedOf(const Zor32f* src, Zor32f val, Zor32f* dst, Zor32s len) {
   return check().pointers(src, dst).size(len).then([&] {
     return map<8>(DivisionOf{Division{}, val}, len, dst, src).division.status();
   });

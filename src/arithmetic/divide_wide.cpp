@@ -72,8 +72,8 @@ class EnlargedQuotientBy {
     d_ = divisor << zeros;
     reciprocal_ = static_cast<Zor64u>(~Zor128u{0} / d_);  // less 2^64
     most_ = static_cast<Zor64u>(std::min(~Zor128u{0} >> 1 >> enlarged, Zor128u{~Zor64u{0}}));
-    shift_ = std::max(enlarged - 63, 0);
-    power_ = Zor64u{1} << (enlarged - shift_);
+    power_ = Zor64u{1} << std::min(enlarged, 63);
+    shift_ = std::clamp(enlarged - 63, 0, 63);  // at 127 there is only zero to shift
   }
 
   Zor64u operator()(Zor64u a) const {
