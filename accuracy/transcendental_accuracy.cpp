@@ -1,7 +1,8 @@
 // The largest error of each transcendental function in units in the last place, and where it stands. Functions of one
 // binary32 number are tried on all 2^32 of them: the standard library's binary64 function finds the worst, MPFR
 // measures it. Functions of a binary64 number are tried on 10^7 stratified inputs, each against MPFR. The output is a
-// table for docs/numerics.md. An argument n tries every n-th input alone.
+// table for docs/numerics.md. An argument n tries every n-th input alone, a
+// second one names the functions to try, in part.
 #include <mpfr.h>
 
 #include <algorithm>
@@ -10,6 +11,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <mutex>
 #include <random>
@@ -103,12 +105,26 @@ struct Single {
   double (*reference)(double);
   Exact exact;
 };
+// The sine and the cosine, as parts of a complex number of magnitude 1.
+template <bool sine> ZorStatus partOfTurn(const Zor32f* src, Zor32f* dst, Zor32s len) {
+  const std::vector<Zor32f> ones(static_cast<std::size_t>(len), 1.0f);
+  std::vector<Zor32f> other(ones.size());
+  return zorsPolarToCart_32f(ones.data(), src, sine ? other.data() : dst, sine ? dst : other.data(), len);
+}
+template <bool sine> ZorStatus partOfTurn(const Zor64f* src, Zor64f* dst, Zor32s len) {
+  const std::vector<Zor64f> ones(static_cast<std::size_t>(len), 1.0);
+  std::vector<Zor64f> other(ones.size());
+  return zorsPolarToCart_64f(ones.data(), src, sine ? other.data() : dst, sine ? dst : other.data(), len);
+}
+
 const Single singles[] = {
     {"zorsSqrt_32f", zorsSqrt_32f, [](double x) { return std::sqrt(x); }, mpfr_sqrt},
     {"zorsCubrt_32f", zorsCubrt_32f, [](double x) { return std::cbrt(x); }, mpfr_cbrt},
     {"zorsExp_32f", zorsExp_32f, [](double x) { return std::exp(x); }, mpfr_exp},
     {"zorsLn_32f", zorsLn_32f, [](double x) { return std::log(x); }, mpfr_log},
     {"zorsArctan_32f", zorsArctan_32f, [](double x) { return std::atan(x); }, mpfr_atan},
+    {"zorsPolarToCart_32f, sine", partOfTurn<true>, [](double x) { return std::sin(x); }, mpfr_sin},
+    {"zorsPolarToCart_32f, cosine", partOfTurn<false>, [](double x) { return std::cos(x); }, mpfr_cos},
 };
 
 Worst worstOf(const Single& function, long stride) {
@@ -180,30 +196,80 @@ template <class S, class D> Worst worstOf(const Double<S, D>& function, long str
   return worst;
 }
 
-void print(const char* name, const std::string& inputs, Worst worst) {
-  std::printf("| `%s` | %s | %.4f | %a |\n", name, inputs.c_str(), worst.ulp, worst.at);
-  std::fflush(stdout);
+// The angle of pairs: any bits, quotients around 1, and around every other.
+template <class T> Worst worstAngle(ZorStatus (*phase)(const T*, const T*, T*, Zor32s), long stride) {
+  const long count = 10'000'000 / stride, block = 4096;
+  Worst worst;
+  std::mutex mutex;
+  inParallel((count + block - 1) / block, [&](long part) {
+    std::mt19937_64 random(static_cast<std::uint64_t>(part));
+    std::vector<T> re, im;
+    for (long k = part * block; k < std::min(count, (part + 1) * block); ++k) {
+      const auto unit = [&] { return static_cast<double>(random() >> 11) * 0x1p-53; };
+      const auto sign = [&] { return random() % 2 == 1 ? -1.0 : 1.0; };
+      const double x = std::exp2(unit() * 200 - 100), quotient = k % 2 == 0 ? 2 * unit() : std::exp2(unit() * 80 - 40);
+      re.push_back(static_cast<T>(sign() * x));
+      im.push_back(static_cast<T>(sign() * x * quotient));
+    }
+    std::vector<T> y(re.size());
+    phase(re.data(), im.data(), y.data(), static_cast<Zor32s>(re.size()));
+    Worst mine;
+    for (std::size_t i = 0; i < re.size(); ++i) {
+      thread_local Number second;
+      mpfr_set_d(second.value, static_cast<double>(re[i]), MPFR_RNDN);
+      const auto exact = [](mpfr_t to, mpfr_srcptr from, mpfr_rnd_t direction) {
+        return mpfr_atan2(to, from, second.value, direction);
+      };
+      mine.see(distance(y[i], static_cast<double>(im[i]), exact),
+               static_cast<double>(im[i]) / static_cast<double>(re[i]));
+    }
+    const std::lock_guard lock(mutex);
+    worst.see(mine.ulp, mine.at);
+  });
+  return worst;
 }
+
+// The rows of the table that are asked for.
+struct Table {
+  long stride = 1;
+  const char* wanted = "";
+
+  template <class Measure> void row(const char* name, const char* inputs, Measure measure) const {
+    if (std::strstr(name, wanted) == nullptr) return;
+    const Worst worst = measure();
+    const std::string every = stride == 1 ? "" : ", every " + std::to_string(stride) + ".";
+    std::printf("| `%s` | %s%s | %.4f | %a |\n", name, inputs, every.c_str(), worst.ulp, worst.at);
+    std::fflush(stdout);
+  }
+  template <class Function> void sampled(const Function& function) const {
+    row(function.name, "10^7", [&] { return worstOf(function, stride); });
+  }
+};
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  const long stride = argc > 1 ? std::max(1L, std::atol(argv[1])) : 1;
-  const std::string every = stride == 1 ? "" : ", every " + std::to_string(stride) + ".";
+  Table table;
+  if (argc > 1) table.stride = std::max(1L, std::atol(argv[1]));
+  if (argc > 2) table.wanted = argv[2];
   std::printf("| function | inputs | largest error, ulp | at |\n|---|---|---|---|\n");
-  for (const Single& function : singles) print(function.name, "all 2^32" + every, worstOf(function, stride));
+  for (const Single& function : singles)
+    table.row(function.name, "all 2^32", [&] { return worstOf(function, table.stride); });
 
+  using Double64 = Double<Zor64f, Zor64f>;
   const double tiny = 0x1p-1074, huge = std::numeric_limits<double>::max();
-  const std::string sampled = "10^7" + every;
-  const auto measure = [&](const auto& function) { print(function.name, sampled, worstOf(function, stride)); };
-  measure(Double<Zor64f, Zor64f>{"zorsSqrt_64f", zorsSqrt_64f, mpfr_sqrt, {{tiny, huge, true}, {1, 4, false}}, false});
-  measure(Double<Zor64f, Zor64f>{
-      "zorsExp_64f", zorsExp_64f, mpfr_exp, {{0x1p-60, 746, true}, {0, 746, false}, {0, 1, false}}, true});
-  measure(Double<Zor32f, Zor64f>{
-      "zorsExp_32f64f", zorsExp_32f64f, mpfr_exp, {{0x1p-60, 746, true}, {0, 746, false}, {0, 1, false}}, true});
-  const std::vector<Stratum> logarithmic = {{tiny, huge, true}, {0.5, 2, false}, {0.99, 1.01, false}};
-  measure(Double<Zor64f, Zor64f>{"zorsLn_64f", zorsLn_64f, mpfr_log, logarithmic, false});
-  measure(Double<Zor64f, Zor32f>{"zorsLn_64f32f", zorsLn_64f32f, mpfr_log, logarithmic, false});
-  measure(Double<Zor64f, Zor64f>{
-      "zorsArctan_64f", zorsArctan_64f, mpfr_atan, {{0x1p-60, 0x1p60, true}, {0, 4, false}, {tiny, huge, true}}, true});
+  const std::vector<Stratum> exponential = {{0x1p-60, 746, true}, {0, 746, false}, {0, 1, false}},
+                             logarithmic = {{tiny, huge, true}, {0.5, 2, false}, {0.99, 1.01, false}},
+                             angular = {{0x1p-60, 0x1p60, true}, {0, 4, false}, {tiny, huge, true}},
+                             circular = {{0x1p-60, 0x1p60, true}, {0, 8, false}, {0, 1e6, false}, {tiny, huge, true}};
+  table.sampled(Double64{"zorsSqrt_64f", zorsSqrt_64f, mpfr_sqrt, {{tiny, huge, true}, {1, 4, false}}, false});
+  table.sampled(Double64{"zorsExp_64f", zorsExp_64f, mpfr_exp, exponential, true});
+  table.sampled(Double<Zor32f, Zor64f>{"zorsExp_32f64f", zorsExp_32f64f, mpfr_exp, exponential, true});
+  table.sampled(Double64{"zorsLn_64f", zorsLn_64f, mpfr_log, logarithmic, false});
+  table.sampled(Double<Zor64f, Zor32f>{"zorsLn_64f32f", zorsLn_64f32f, mpfr_log, logarithmic, false});
+  table.sampled(Double64{"zorsArctan_64f", zorsArctan_64f, mpfr_atan, angular, true});
+  table.sampled(Double64{"zorsPolarToCart_64f, sine", partOfTurn<true>, mpfr_sin, circular, true});
+  table.sampled(Double64{"zorsPolarToCart_64f, cosine", partOfTurn<false>, mpfr_cos, circular, true});
+  table.row("zorsPhase_32f, at im / re", "10^7", [&] { return worstAngle(zorsPhase_32f, table.stride); });
+  table.row("zorsPhase_64f, at im / re", "10^7", [&] { return worstAngle(zorsPhase_64f, table.stride); });
 }

@@ -58,16 +58,18 @@ class ExceptionsMaskedScope : RoundingScope {
   ExceptionsMaskedScope() : RoundingScope(0, 0, _MM_MASK_MASK) {}
 };
 
-// Masks all exceptions and clears the sticky flags, to be asked at the end of the scope; then both are as before.
+// Masks all exceptions and clears the invalid flag, to be asked at the end of the scope; then masks and flags are as
+// before. The word is written only where that changes it.
 class FlagsScope {
  public:
   FlagsScope() : saved_(_mm_getcsr()) {
-    _mm_setcsr((saved_ | _MM_MASK_MASK) & ~unsigned{_MM_EXCEPT_MASK});
+    const unsigned wanted = (saved_ | _MM_MASK_MASK) & ~unsigned{_MM_EXCEPT_INVALID};
+    if (wanted != saved_) _mm_setcsr(wanted);
     __asm__ volatile("" ::: "memory");
   }
   ~FlagsScope() {
     __asm__ volatile("" ::: "memory");
-    _mm_setcsr(saved_);
+    if (_mm_getcsr() != saved_) _mm_setcsr(saved_);
   }
   FlagsScope(const FlagsScope&) = delete;
   FlagsScope& operator=(const FlagsScope&) = delete;

@@ -364,6 +364,14 @@ ZORS_INLINE Vec<T, L, O> select(Vec<M, L, O> mask, Vec<T, L, O> a, Vec<T, L, O> 
   });
 }
 
+// Where the sign bit of mask is set b, else a.
+template <int L> ZORS_INLINE Vec<Zor32f, L> selectBySign(Vec<Zor32f, L> mask, Vec<Zor32f, L> a, Vec<Zor32f, L> b) {
+  return build<Vec<Zor32f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_blendv_ps(a.r[i], b.r[i], mask.r[i]); });
+}
+template <int L> ZORS_INLINE Vec<Zor64f, L> selectBySign(Vec<Zor64f, L> mask, Vec<Zor64f, L> a, Vec<Zor64f, L> b) {
+  return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_blendv_pd(a.r[i], b.r[i], mask.r[i]); });
+}
+
 // ---- Saturating sums without an instruction
 // -----------------------------------------------------------------------------
 
@@ -587,9 +595,8 @@ template <int L> ZORS_INLINE Vec<Zor64fc, L> mul(Vec<Zor64fc, L> a, Vec<Zor64fc,
 
 // (im, re).
 template <int L> ZORS_INLINE Vec<Zor16sc, L> swappedParts(Vec<Zor16sc, L> z) {
-  return build<Vec<Zor16sc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
-    return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(z.r[i], 0xB1), 0xB1);
-  });
+  return build<Vec<Zor16sc, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_shufflehi_epi16(_mm256_shufflelo_epi16(z.r[i], 0xB1), 0xB1); });
 }
 template <int L> ZORS_INLINE Vec<Zor32fc, L> swappedParts(Vec<Zor32fc, L> z) {
   return build<Vec<Zor32fc, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_permute_ps(z.r[i], 0xB1); });

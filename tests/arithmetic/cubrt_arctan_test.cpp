@@ -31,7 +31,7 @@ TEST(Cubrt, ZerosInfinitiesAndNanStay) {
 }
 TEST(Cubrt, OfIntegersScalesByAnExponentModulo128) {
   for (Zor32s scale : {0, 1, 2, 5, 11, 126, 127, 128, 129, -1, -4, -20, -126, -127, -128, -129, INT32_MIN, INT32_MAX}) {
-    const Zor32s exponent = scale >= 0 ? -(scale & 127) : -scale & 127;
+    const int exponent = scale >= 0 ? -(scale & 127) : static_cast<int>(-Zor64s{scale} & 127);
     const Zor32f factor = exponent == -127 ? 0.0f : std::ldexp(1.0f, exponent);
     const auto model = [factor](Zor32s x) {
       const auto root = static_cast<Zor32f>(cbrtl(static_cast<long double>(static_cast<Zor32f>(x))));
