@@ -857,11 +857,11 @@ ZorStatus zorsPackBits_32u8u(const Zor32u* src, const Zor32s* widths, Zor32s len
 
 /* ---- Complex vectors ------------------------------------------------------------------------------------------- */
 
-/* Magnitude: the absolute values of complex elements, interleaved or as two planes; all forms of one type give the same
-   bits.
-   Numerics: floats sqrt(fma(re, re, round(im * im))); the squares may overflow to infinity. 16-bit sources: the exact sum
-   of squares, unsigned, and its exactly rounded root; 16s32f, 16sc32f as binary32 in the current direction, _Sfs times
-   2^-scaleFactor to nearest, ties to even, saturated. 32sc_Sfs: likewise. */
+/* Magnitude: the absolute values of complex elements, interleaved or as two planes; all forms of one type give the
+   same bits.
+   Numerics: floats sqrt(fma(re, re, round(im * im))); the squares may overflow to infinity. 16-bit sources: the
+   exact sum of squares, unsigned, and its exactly rounded root; 16s32f, 16sc32f as binary32 in the current
+   direction, _Sfs times 2^-scaleFactor to nearest, ties to even, saturated. 32sc_Sfs: likewise. */
 ZorStatus zorsMagnitude_32fc(const Zor32fc* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsMagnitude_64fc(const Zor64fc* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsMagnitude_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dst, Zor32s len);
@@ -872,12 +872,13 @@ ZorStatus zorsMagnitude_16sc_Sfs(const Zor16sc* src, Zor16s* dst, Zor32s len, Zo
 ZorStatus zorsMagnitude_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsMagnitude_32sc_Sfs(const Zor32sc* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
 
-/* MagSquared: squared magnitudes. 32fc64f: fma(re, re, im * im) in binary64. 32sc32s_Sfs: exact, scaled and saturated. */
+/* MagSquared: squared magnitudes. 32fc64f: fma(re, re, im * im) in binary64. 32sc32s_Sfs: exact, scaled and
+   saturated. */
 ZorStatus zorsMagSquared_32fc64f(const Zor32fc* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsMagSquared_32sc32s_Sfs(const Zor32sc* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor);
 
-/* PowerSpectr: squared magnitudes, interleaved or as two planes. Floats fma(re, re, round(im * im)); 16-bit sources exact,
-   to binary32 by one rounding, or scaled and saturated. */
+/* PowerSpectr: squared magnitudes, interleaved or as two planes. Floats fma(re, re, round(im * im)); 16-bit sources
+   exact, to binary32 by one rounding, or scaled and saturated. */
 ZorStatus zorsPowerSpectr_32fc(const Zor32fc* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsPowerSpectr_64fc(const Zor64fc* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsPowerSpectr_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dst, Zor32s len);
@@ -888,11 +889,11 @@ ZorStatus zorsPowerSpectr_16sc_Sfs(const Zor16sc* src, Zor16s* dst, Zor32s len, 
 ZorStatus zorsPowerSpectr_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dst, Zor32s len,
                                   Zor32s scaleFactor);
 
-/* Phase: the angles of complex elements, in [-pi, pi], with the conventions of atan2 for zeros and infinities; all forms of
-   one type give the same bits. 16s32f, 16sc32f: as 32f of the converted parts.
-   Numerics: 32f at most 0.51 ulp, 64f below 0.8 ulp, in rounding to nearest. _Sfs: the binary32 angle, at scales below
-   -28 and above 1 the binary64 angle, times 2^-scaleFactor, to nearest, ties to even, saturated, in every direction; the
-   parts of 32sc are converted to that float type first. */
+/* Phase: the angles of complex elements, in [-pi, pi], with the conventions of atan2 for zeros and infinities; all
+   forms of one type give the same bits. 16s32f, 16sc32f: as 32f of the converted parts.
+   Numerics: 32f at most 0.51 ulp, 64f below 0.8 ulp, in rounding to nearest. _Sfs: the binary32 angle, at scales
+   below -28 and above 1 the binary64 angle, times 2^-scaleFactor, to nearest, ties to even, saturated, in every
+   direction; the parts of 32sc are converted to that float type first. */
 ZorStatus zorsPhase_32fc(const Zor32fc* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsPhase_64fc(const Zor64fc* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsPhase_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dst, Zor32s len);
@@ -913,10 +914,10 @@ ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* 
                                    Zor32s magnScaleFactor, Zor32s phaseScaleFactor);
 
 /* PolarToCart: re = magn * cos(phase), im = magn * sin(phase), for phases of any size.
-   Numerics: sine and cosine of 32f at most 0.57 ulp, of 64f below 0.8 ulp, in rounding to nearest, then one product. NaN
-   phases give NaN parts. 16sc, 32sc take binary32 and round to nearest, ties to even, saturated, in every direction; NaN
-   is the lowest integer. 16sc_Sfs: binary64, the phase is srcPhase[i] * 2^-phaseScaleFactor radians, the parts are
-   divided by 2^magnScaleFactor. */
+   Numerics: sine and cosine of 32f at most 0.57 ulp, of 64f below 0.8 ulp, in rounding to nearest, then one
+   product. NaN phases give NaN parts. 16sc, 32sc take binary32 and round to nearest, ties to even, saturated, in
+   every direction; NaN is the lowest integer. 16sc_Sfs: binary64, the phase is srcPhase[i] * 2^-phaseScaleFactor
+   radians, the parts are divided by 2^magnScaleFactor. */
 ZorStatus zorsPolarToCart_32fc(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32fc* dst, Zor32s len);
 ZorStatus zorsPolarToCart_64fc(const Zor64f* srcMagn, const Zor64f* srcPhase, Zor64fc* dst, Zor32s len);
 ZorStatus zorsPolarToCart_32f(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32f* dstRe, Zor32f* dstIm, Zor32s len);
@@ -943,8 +944,8 @@ ZorStatus zorsThreshold_16sc_I(Zor16sc* srcDst, Zor32s len, Zor16s level, ZorCmp
 ZorStatus zorsThreshold_32fc_I(Zor32fc* srcDst, Zor32s len, Zor32f level, ZorCmpOp relOp);
 ZorStatus zorsThreshold_64fc_I(Zor64fc* srcDst, Zor32s len, Zor64f level, ZorCmpOp relOp);
 
-/* LT: dst[i] = src[i] < level ? level : src[i]; GT: src[i] > level ? level : src[i]. As the processor's maximum and minimum
-   with level as the second operand: a NaN element becomes level. */
+/* LT: dst[i] = src[i] < level ? level : src[i]; GT: src[i] > level ? level : src[i]. As the processor's maximum and
+   minimum with level as the second operand: a NaN element becomes level. */
 ZorStatus zorsThreshold_LT_16s(const Zor16s* src, Zor16s* dst, Zor32s len, Zor16s level);
 ZorStatus zorsThreshold_LT_32s(const Zor32s* src, Zor32s* dst, Zor32s len, Zor32s level);
 ZorStatus zorsThreshold_LT_32f(const Zor32f* src, Zor32f* dst, Zor32s len, Zor32f level);
@@ -962,9 +963,9 @@ ZorStatus zorsThreshold_GT_32s_I(Zor32s* srcDst, Zor32s len, Zor32s level);
 ZorStatus zorsThreshold_GT_32f_I(Zor32f* srcDst, Zor32s len, Zor32f level);
 ZorStatus zorsThreshold_GT_64f_I(Zor64f* srcDst, Zor32s len, Zor64f level);
 
-/* LTAbs: where |src[i]| < level, level with the sign of src[i]; GTAbs: where |src[i]| > level. Other elements, NaN too, are
-   kept. Integer zeros are positive, float zeros have their sign. Checks: pointers, len, then a level below 0,
-   zorStatusNegativeThresholdLevel. */
+/* LTAbs: where |src[i]| < level, level with the sign of src[i]; GTAbs: where |src[i]| > level. Other elements, NaN
+   too, are kept. Integer zeros are positive, float zeros have their sign. Checks: pointers, len, then a level
+   below 0, zorStatusNegativeThresholdLevel. */
 ZorStatus zorsThreshold_LTAbs_16s(const Zor16s* src, Zor16s* dst, Zor32s len, Zor16s level);
 ZorStatus zorsThreshold_LTAbs_32s(const Zor32s* src, Zor32s* dst, Zor32s len, Zor32s level);
 ZorStatus zorsThreshold_LTAbs_32f(const Zor32f* src, Zor32f* dst, Zor32s len, Zor32f level);
@@ -996,8 +997,8 @@ ZorStatus zorsThreshold_GTVal_16s_I(Zor16s* srcDst, Zor32s len, Zor16s level, Zo
 ZorStatus zorsThreshold_GTVal_32f_I(Zor32f* srcDst, Zor32s len, Zor32f level, Zor32f value);
 ZorStatus zorsThreshold_GTVal_64f_I(Zor64f* srcDst, Zor32s len, Zor64f level, Zor64f value);
 
-/* LTValGTVal: where src[i] < levelLT, valueLT; where src[i] > levelGT, valueGT. NaN is kept. Checks: pointers, len, then
-   levelLT above levelGT, zorStatusThresholdLevelsCrossed. */
+/* LTValGTVal: where src[i] < levelLT, valueLT; where src[i] > levelGT, valueGT. NaN is kept. Checks: pointers, len,
+   then levelLT above levelGT, zorStatusThresholdLevelsCrossed. */
 ZorStatus zorsThreshold_LTValGTVal_16s(const Zor16s* src, Zor16s* dst, Zor32s len, Zor16s levelLT, Zor16s valueLT,
                                        Zor16s levelGT, Zor16s valueGT);
 ZorStatus zorsThreshold_LTValGTVal_32s(const Zor32s* src, Zor32s* dst, Zor32s len, Zor32s levelLT, Zor32s valueLT,
@@ -1015,15 +1016,16 @@ ZorStatus zorsThreshold_LTValGTVal_32f_I(Zor32f* srcDst, Zor32s len, Zor32f leve
 ZorStatus zorsThreshold_LTValGTVal_64f_I(Zor64f* srcDst, Zor32s len, Zor64f levelLT, Zor64f valueLT, Zor64f levelGT,
                                          Zor64f valueGT);
 
-/* LT, GT of complex elements: one whose magnitude is below (above) level is drawn to the magnitude level, its phase kept;
-   by LT a zero becomes (level, 0). Level 0: LT copies, GT gives zeros. Checks: pointers, len, then a level below 0,
-   zorStatusNegativeThresholdLevel.
-   Numerics: m = round(round(re^2) + round(im^2)), of 16sc exact, against round(level^2); LT replaces unless m is at least
-   that, so NaN too, GT where m is greater. An element whose m is 0 is a zero. 32fc: both parts times (0.5 * level * r) *
-   (3 - m * r * r), each operation rounded, with the processor's estimate r of 1 / sqrt(m); of four elements from element
-   0 on, if one is replaced, the kept ones are multiplied by the factor that level^2 gives, and may change in the last
-   bit. 64fc: times sqrt(level^2 / m). 16sc: that factor in binary64 times each part's magnitude, plus 0.99999999999 (LT)
-   or 1.25e-11 (GT), truncated: so the magnitude stays at or above (below) level. */
+/* LT, GT of complex elements: one whose magnitude is below (above) level is drawn to the magnitude level, its phase
+   kept; by LT a zero becomes (level, 0). Level 0: LT copies, GT gives zeros. Checks: pointers, len, then a level
+   below 0, zorStatusNegativeThresholdLevel.
+   Numerics: m = round(round(re^2) + round(im^2)), of 16sc exact, against round(level^2); LT replaces unless m is
+   at least that, so NaN too, GT where m is greater. An element whose m is 0 is a zero. 32fc: both parts times (0.5
+   * level * r) * (3 - m * r * r), each operation rounded, with the processor's estimate r of 1 / sqrt(m); of four
+   elements from element 0 on, if one is replaced, the kept ones are multiplied by the factor that level^2 gives,
+   and may change in the last bit. 64fc: times sqrt(level^2 / m). 16sc: that factor in binary64 times each part's
+   magnitude, plus 0.99999999999 (LT) or 1.25e-11 (GT), truncated: so the magnitude stays at or above (below)
+   level. */
 ZorStatus zorsThreshold_LT_16sc(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor16s level);
 ZorStatus zorsThreshold_LT_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, Zor32f level);
 ZorStatus zorsThreshold_LT_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len, Zor64f level);
@@ -1037,8 +1039,9 @@ ZorStatus zorsThreshold_GT_16sc_I(Zor16sc* srcDst, Zor32s len, Zor16s level);
 ZorStatus zorsThreshold_GT_32fc_I(Zor32fc* srcDst, Zor32s len, Zor32f level);
 ZorStatus zorsThreshold_GT_64fc_I(Zor64fc* srcDst, Zor32s len, Zor64f level);
 
-/* LTVal, GTVal of complex elements: one whose magnitude is below (above) level becomes value. Squares as above; a NaN is
-   kept by LTVal and replaced by GTVal. Checks: pointers, len, then a level below 0, zorStatusNegativeThresholdLevel. */
+/* LTVal, GTVal of complex elements: one whose magnitude is below (above) level becomes value. Squares as above; a NaN
+   is kept by LTVal and replaced by GTVal. Checks: pointers, len, then a level below 0,
+   zorStatusNegativeThresholdLevel. */
 ZorStatus zorsThreshold_LTVal_16sc(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor16s level, Zor16sc value);
 ZorStatus zorsThreshold_LTVal_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, Zor32f level, Zor32fc value);
 ZorStatus zorsThreshold_LTVal_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len, Zor64f level, Zor64fc value);
@@ -1052,12 +1055,14 @@ ZorStatus zorsThreshold_GTVal_16sc_I(Zor16sc* srcDst, Zor32s len, Zor16s level, 
 ZorStatus zorsThreshold_GTVal_32fc_I(Zor32fc* srcDst, Zor32s len, Zor32f level, Zor32fc value);
 ZorStatus zorsThreshold_GTVal_64fc_I(Zor64fc* srcDst, Zor32s len, Zor64f level, Zor64fc value);
 
-/* LTInv: 1 / src[i] after the magnitude has been raised to level at least, the sign or phase kept; a NaN counts as the
-   level. With level 0 a zero gives infinity, of its sign if real, and the result is zorWarningInverseOfZero. Checks:
-   pointers, len, then a level below 0, zorStatusNegativeThresholdLevel. All exceptions are masked for the call.
-   Numerics: 32f, with m the raised magnitude: r * (2 - m * r), each operation rounded, with the processor's estimate r of
-   1 / m, 0 for the largest m; the reciprocal of a denormal is at most the largest finite number. 32fc: conj(src[i])
-   times the same of m = max(|src[i]|^2, level^2), a zero gives (1 / level, 0). 64f, 64fc: divisions. */
+/* LTInv: 1 / src[i] after the magnitude has been raised to level at least, the sign or phase kept; a NaN counts as
+   the level. With level 0 a zero gives infinity, of its sign if real, and the result is zorWarningInverseOfZero.
+   Checks: pointers, len, then a level below 0, zorStatusNegativeThresholdLevel. All exceptions are masked for the
+   call.
+   Numerics: 32f, with m the raised magnitude: r * (2 - m * r), each operation rounded, with the processor's
+   estimate r of 1 / m, 0 for the largest m; the reciprocal of a denormal is at most the largest finite number.
+   32fc: conj(src[i]) times the same of m = max(|src[i]|^2, level^2), a zero gives (1 / level, 0). 64f, 64fc:
+   divisions. */
 ZorStatus zorsThreshold_LTInv_32f(const Zor32f* src, Zor32f* dst, Zor32s len, Zor32f level);
 ZorStatus zorsThreshold_LTInv_64f(const Zor64f* src, Zor64f* dst, Zor32s len, Zor64f level);
 ZorStatus zorsThreshold_LTInv_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, Zor32f level);
@@ -1069,15 +1074,15 @@ ZorStatus zorsThreshold_LTInv_64fc_I(Zor64fc* srcDst, Zor32s len, Zor64f level);
 
 /* ---- Companding and small functions ---------------------------------------------------------------------------- */
 
-/* ALawToLin, MuLawToLin: ITU-T G.711 codes to samples. 16s: the values of the standard at 16 bits, A-law times 8, mu-law
-   times 4; 32f: those times 2^-15. */
+/* ALawToLin, MuLawToLin: ITU-T G.711 codes to samples. 16s: the values of the standard at 16 bits, A-law times 8, mu-
+   law times 4; 32f: those times 2^-15. */
 ZorStatus zorsALawToLin_8u16s(const Zor8u* src, Zor16s* dst, Zor32s len);
 ZorStatus zorsALawToLin_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsMuLawToLin_8u16s(const Zor8u* src, Zor16s* dst, Zor32s len);
 ZorStatus zorsMuLawToLin_8u32f(const Zor8u* src, Zor32f* dst, Zor32s len);
 
-/* LinToALaw, LinToMuLaw: samples to codes. 32f: the 16-bit sample is 32768 * src[i], plus one half with its sign, limited
-   to -32768 and 32767 and truncated; NaN is the lowest. The sign of a code is that of the 16-bit sample. */
+/* LinToALaw, LinToMuLaw: samples to codes. 32f: the 16-bit sample is 32768 * src[i], plus one half with its sign,
+   limited to -32768 and 32767 and truncated; NaN is the lowest. The sign of a code is that of the 16-bit sample. */
 ZorStatus zorsLinToALaw_16s8u(const Zor16s* src, Zor8u* dst, Zor32s len);
 ZorStatus zorsLinToALaw_32f8u(const Zor32f* src, Zor8u* dst, Zor32s len);
 ZorStatus zorsLinToMuLaw_16s8u(const Zor16s* src, Zor8u* dst, Zor32s len);
@@ -1088,32 +1093,34 @@ ZorStatus zorsALawToMuLaw_8u(const Zor8u* src, Zor8u* dst, Zor32s len);
 ZorStatus zorsMuLawToALaw_8u(const Zor8u* src, Zor8u* dst, Zor32s len);
 
 /* Preemphasize: srcDst[n] = x[n] - val * x[n - 1] with the elements x as they were, x[-1] = 0.
-   Numerics: binary32, the product and the difference rounded; 16s all to nearest, then to the nearest integer, ties to
-   even, saturated. */
+   Numerics: binary32, the product and the difference rounded; 16s all to nearest, then to the nearest integer,
+   ties to even, saturated. */
 ZorStatus zorsPreemphasize_32f(Zor32f* srcDst, Zor32s len, Zor32f val);
 ZorStatus zorsPreemphasize_16s(Zor16s* srcDst, Zor32s len, Zor32f val);
 
-/* Cauchy: srcDst[i] = ln(1 + (x / C)^2) / 2. CauchyD: srcDst[i] = x * (r + r - r * d * r) with d = x^2 + C^2, each operation rounded, and the processor's estimate r
-   of 1 / d; d must be in the range of normal numbers. CauchyDD2: with r = 1 / fma(x, x, C^2): srcDst[i] = x * r,
-   dst2[i] = -fma(x, x, -C^2) * r * r.
+/* Cauchy: srcDst[i] = ln(1 + (x / C)^2) / 2. CauchyD: srcDst[i] = x * (r + r - r * d * r) with d = x^2 + C^2, each
+   operation rounded, and the processor's estimate r of 1 / d; d must be in the range of normal numbers. CauchyDD2:
+   with r = 1 / fma(x, x, C^2): srcDst[i] = x * r, dst2[i] = -fma(x, x, -C^2) * r * r.
    Numerics of Cauchy: u = round(x * round(1 / C)), fma(u, u, 1), zorsLn_32f_I, times 0.5.
    Checks: pointers, len, then C not above 0, zorStatusBadCauchyConstant. */
 ZorStatus zorsCauchy_32f_I(Zor32f* srcDst, Zor32s len, Zor32f C);
 ZorStatus zorsCauchyD_32f_I(Zor32f* srcDst, Zor32s len, Zor32f C);
 ZorStatus zorsCauchyDD2_32f_I(Zor32f* srcDst, Zor32f* dst2, Zor32s len, Zor32f C);
 
-/* UpdateLinear, UpdatePower: one state over a vector, s = alpha * s + (1 - alpha) * x for each sample, where x is src[i] >>
-   shift (shift limited to 0 to 15), or src[i]^2 >> shift (0 to 31). srcDst holds s before and after. alpha is an integer.
-   Numerics: s stays in binary64 over the vector and is then limited to 32 bits and rounded to nearest, ties to even.
+/* UpdateLinear, UpdatePower: one state over a vector, s = alpha * s + (1 - alpha) * x for each sample, where x is
+   src[i] >> shift (shift limited to 0 to 15), or src[i]^2 >> shift (0 to 31). srcDst holds s before and after.
+   alpha is an integer.
+   Numerics: s stays in binary64 over the vector and is then limited to 32 bits and rounded to nearest, ties to
+   even.
    hint 1: in binary32, limited to 2147483520; Linear so only for alpha from -6 to 8. */
 ZorStatus zorsUpdateLinear_16s32s_I(const Zor16s* src, Zor32s len, Zor32s* srcDst, Zor32s shift, Zor16s alpha,
                                     ZorHintAlgorithm hint);
 ZorStatus zorsUpdatePower_16s32s_I(const Zor16s* src, Zor32s len, Zor32s* srcDst, Zor32s shift, Zor16s alpha,
                                    ZorHintAlgorithm hint);
 
-/* MaxOrder: how many significant bits the greatest magnitude has, 0 for a vector of zeros: of integers the position of its
-   highest set bit plus 1, of floats its exponent plus 1. A NaN element gives zorWarningNotANumber and an order without
-   meaning. Checks: len, then pointers. */
+/* MaxOrder: how many significant bits the greatest magnitude has, 0 for a vector of zeros: of integers the position
+   of its highest set bit plus 1, of floats its exponent plus 1. A NaN element gives zorWarningNotANumber and an
+   order without meaning. Checks: len, then pointers. */
 ZorStatus zorsMaxOrder_16s(const Zor16s* src, Zor32s len, Zor32s* order);
 ZorStatus zorsMaxOrder_32s(const Zor32s* src, Zor32s len, Zor32s* order);
 ZorStatus zorsMaxOrder_32f(const Zor32f* src, Zor32s len, Zor32s* order);

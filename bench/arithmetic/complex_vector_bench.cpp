@@ -12,6 +12,17 @@
 #include <sleef.h>
 #endif
 
+#ifdef HAVE_MVEC
+extern "C" {  // the C library's, at most 4 ulp
+__m256 _ZGVdN8v_cosf(__m256);
+__m256 _ZGVdN8v_sinf(__m256);
+__m256d _ZGVdN4v_cos(__m256d);
+__m256d _ZGVdN4v_sin(__m256d);
+__m256 _ZGVdN8vv_atan2f(__m256, __m256);
+__m256d _ZGVdN4vv_atan2(__m256d, __m256d);
+}
+#endif
+
 namespace {
 
 using bench::streams;
@@ -48,64 +59,39 @@ struct Signal {
   Zor64f *re64, *im64;
 };
 
+__m256 load(const float* p) { return _mm256_loadu_ps(p); }
+__m256d load(const double* p) { return _mm256_loadu_pd(p); }
+void store(float* p, __m256 x) { _mm256_storeu_ps(p, x); }
+void store(double* p, __m256d x) { _mm256_storeu_pd(p, x); }
+template <class T> constexpr long lanes = 32 / sizeof(T);
+
+// Functions of others, over planes.
+template <class T, class AngleOf> auto phases(const T* re, const T* im, T* d, long len, AngleOf angleOf) {
+  return [=] {
+    for (long i = 0; i < len; i += lanes<T>) store(d + i, angleOf(load(im + i), load(re + i)));
+  };
+}
+template <class T, class SineOf, class CosineOf>
+auto products(const T* magn, const T* phase, T* re, T* im, long len, SineOf sineOf, CosineOf cosineOf) {
+  return [=] {
+    for (long i = 0; i < len; i += lanes<T>) {
+      const auto m = load(magn + i), p = load(phase + i);
+      store(re + i, m * cosineOf(p));
+      store(im + i, m * sineOf(p));
+    }
+  };
+}
 #ifdef HAVE_SLEEF
-[[gnu::noinline]] void sleefPhase(const float* im, const float* re, float* d, long len) {
-  for (long i = 0; i < len; i += 8)
-    _mm256_storeu_ps(d + i, Sleef_atan2f8_u10avx2(_mm256_loadu_ps(im + i), _mm256_loadu_ps(re + i)));
+template <class T, class Pair> auto productsOfPair(const T* magn, const T* phase, T* re, T* im, long len, Pair unitOf) {
+  return [=] {
+    for (long i = 0; i < len; i += lanes<T>) {
+      const auto m = load(magn + i);
+      const auto unit = unitOf(load(phase + i));
+      store(re + i, m * unit.y);
+      store(im + i, m * unit.x);
+    }
+  };
 }
-[[gnu::noinline]] void sleefPhase(const double* im, const double* re, double* d, long len) {
-  for (long i = 0; i < len; i += 4)
-    _mm256_storeu_pd(d + i, Sleef_atan2d4_u10avx2(_mm256_loadu_pd(im + i), _mm256_loadu_pd(re + i)));
-}
-[[gnu::noinline]] void sleefPolar(const float* magn, const float* phase, float* re, float* im, long len) {
-  for (long i = 0; i < len; i += 8) {
-    const auto unit = Sleef_sincosf8_u10avx2(_mm256_loadu_ps(phase + i));
-    _mm256_storeu_ps(re + i, _mm256_mul_ps(_mm256_loadu_ps(magn + i), unit.y));
-    _mm256_storeu_ps(im + i, _mm256_mul_ps(_mm256_loadu_ps(magn + i), unit.x));
-  }
-}
-[[gnu::noinline]] void sleefPolar(const double* magn, const double* phase, double* re, double* im, long len) {
-  for (long i = 0; i < len; i += 4) {
-    const auto unit = Sleef_sincosd4_u10avx2(_mm256_loadu_pd(phase + i));
-    _mm256_storeu_pd(re + i, _mm256_mul_pd(_mm256_loadu_pd(magn + i), unit.y));
-    _mm256_storeu_pd(im + i, _mm256_mul_pd(_mm256_loadu_pd(magn + i), unit.x));
-  }
-}
-#endif
-
-#ifdef HAVE_MVEC
-// The C library's vector functions, at most 4 ulp, one call per function.
-extern "C" {
-__m256 _ZGVdN8v_cosf(__m256);
-__m256 _ZGVdN8v_sinf(__m256);
-__m256d _ZGVdN4v_cos(__m256d);
-__m256d _ZGVdN4v_sin(__m256d);
-__m256 _ZGVdN8vv_atan2f(__m256, __m256);
-__m256d _ZGVdN4vv_atan2(__m256d, __m256d);
-}
-[[gnu::noinline]] void mvecPhase(const float* im, const float* re, float* d, long len) {
-  for (long i = 0; i < len; i += 8)
-    _mm256_storeu_ps(d + i, _ZGVdN8vv_atan2f(_mm256_loadu_ps(im + i), _mm256_loadu_ps(re + i)));
-}
-[[gnu::noinline]] void mvecPhase(const double* im, const double* re, double* d, long len) {
-  for (long i = 0; i < len; i += 4)
-    _mm256_storeu_pd(d + i, _ZGVdN4vv_atan2(_mm256_loadu_pd(im + i), _mm256_loadu_pd(re + i)));
-}
-[[gnu::noinline]] void mvecPolar(const float* magn, const float* phase, float* re, float* im, long len) {
-  for (long i = 0; i < len; i += 8) {
-    const __m256 m = _mm256_loadu_ps(magn + i), p = _mm256_loadu_ps(phase + i);
-    _mm256_storeu_ps(re + i, _mm256_mul_ps(m, _ZGVdN8v_cosf(p)));
-    _mm256_storeu_ps(im + i, _mm256_mul_ps(m, _ZGVdN8v_sinf(p)));
-  }
-}
-[[gnu::noinline]] void mvecPolar(const double* magn, const double* phase, double* re, double* im, long len) {
-  for (long i = 0; i < len; i += 4) {
-    const __m256d m = _mm256_loadu_pd(magn + i), p = _mm256_loadu_pd(phase + i);
-    _mm256_storeu_pd(re + i, _mm256_mul_pd(m, _ZGVdN4v_cos(p)));
-    _mm256_storeu_pd(im + i, _mm256_mul_pd(m, _ZGVdN4v_sin(p)));
-  }
-}
-
 #endif
 
 // What magnitudes cannot be faster than.
@@ -116,7 +102,7 @@ __m256d _ZGVdN4vv_atan2(__m256d, __m256d);
   for (long i = 0; i < len; i += 4) _mm256_storeu_pd(d + i, _mm256_sqrt_pd(_mm256_loadu_pd(a + i)));
 }
 
-void magnitudes() {
+void magnitudesAndPowers() {
   for (long size : sizes) {
     const int len = int(size);
     const Signal in(size);
@@ -157,7 +143,7 @@ void magnitudes() {
   }
 }
 
-void phases() {
+void anglesAndBack() {
   for (long size : sizes) {
     const int len = int(size);
     const Signal in(size);
@@ -171,19 +157,19 @@ void phases() {
         .peer("VOLK", [=] { volk_32fc_s32f_atan2_32f(d, reinterpret_cast<lv_32fc_t*>(in.z), 1, unsigned(len)); })
 #endif
 #ifdef HAVE_SLEEF
-        .peer("SLEEF planes", [=] { sleefPhase(in.im, in.re, d, size); })
+        .peer("SLEEF planes", phases(in.re, in.im, d, size, Sleef_atan2f8_u10avx2))
 #endif
 #ifdef HAVE_MVEC
-        .peer("libmvec planes", [=] { mvecPhase(in.im, in.re, d, size); })
+        .peer("libmvec planes", phases(in.re, in.im, d, size, _ZGVdN8vv_atan2f))
 #endif
         ;
     workload("zorsPhase_64f", size)
         .zors([=] { zorsPhase_64f(in.re64, in.im64, d64, len); })
 #ifdef HAVE_SLEEF
-        .peer("SLEEF", [=] { sleefPhase(in.im64, in.re64, d64, size); })
+        .peer("SLEEF", phases(in.re64, in.im64, d64, size, Sleef_atan2d4_u10avx2))
 #endif
 #ifdef HAVE_MVEC
-        .peer("libmvec", [=] { mvecPhase(in.im64, in.re64, d64, size); })
+        .peer("libmvec", phases(in.re64, in.im64, d64, size, _ZGVdN4vv_atan2))
 #endif
         ;
     workload("zorsPhase_64fc", size).zors([=] { zorsPhase_64fc(in.w, d64, len); });
@@ -192,24 +178,25 @@ void phases() {
     workload("zorsPolarToCart_32fc", size)
         .zors([=] { zorsPolarToCart_32fc(in.re, in.im, z, len); })
 #ifdef HAVE_SLEEF
-        .peer("SLEEF planes", [=] { sleefPolar(in.re, in.im, d, e, size); })
+        .peer("SLEEF planes", productsOfPair(in.re, in.im, d, e, size, Sleef_sincosf8_u10avx2))
 #endif
 #ifdef HAVE_MVEC
-        .peer("libmvec planes", [=] { mvecPolar(in.re, in.im, d, e, size); })
+        .peer("libmvec planes", products(in.re, in.im, d, e, size, _ZGVdN8v_sinf, _ZGVdN8v_cosf))
 #endif
         ;
     workload("zorsPolarToCart_64f", size)
         .zors([=] { zorsPolarToCart_64f(in.re64, in.im64, d64, e64, len); })
 #ifdef HAVE_SLEEF
-        .peer("SLEEF", [=] { sleefPolar(in.re64, in.im64, d64, e64, size); })
+        .peer("SLEEF", productsOfPair(in.re64, in.im64, d64, e64, size, Sleef_sincosd4_u10avx2))
 #endif
 #ifdef HAVE_MVEC
-        .peer("libmvec", [=] { mvecPolar(in.re64, in.im64, d64, e64, size); })
+        .peer("libmvec", products(in.re64, in.im64, d64, e64, size, _ZGVdN4v_sin, _ZGVdN4v_cos))
 #endif
         ;
   }
 }
 
-const bench::Registration registrations[] = {bench::Registration(magnitudes), bench::Registration(phases)};
+const bench::Registration registrations[] = {bench::Registration(magnitudesAndPowers),
+                                             bench::Registration(anglesAndBack)};
 
 }  // namespace
