@@ -12,15 +12,36 @@ using kinds::ccs, kinds::pack, kinds::perm;
 using kinds::Format, kinds::packed;
 using kinds::scale, kinds::scales;
 
-#define KIND(suffix, inner, order, tag, head)                                                      \
-  {                                                                                                \
-#suffix, order, tag, zorsFFTGetSize_##suffix, zorsFFTInit_##suffix, zorsFFTInitAlloc_##suffix, \
-        zorsFFTFree_##suffix, zorsFFTGetBufSize_##suffix, zorsFFTGetSize_##inner, head             \
-  }
-constexpr IntegerKind<ZorsFFTSpec_C_16sc> c16sc = KIND(C_16sc, C_32fc, 28, 1, [](long n) { return 8 * n; });
-constexpr IntegerKind<ZorsFFTSpec_C_16s> c16s = KIND(C_16s, C_32fc, 28, 2, [](long n) { return 8 * n; });
-constexpr IntegerKind<ZorsFFTSpec_R_16s> r16s = KIND(R_16s, R_32f, 29, 3, [](long n) { return 4 * n + 8; });
-#undef KIND
+constexpr IntegerKind<ZorsFFTSpec_C_16sc> c16sc = {"C_16sc",
+                                                   28,
+                                                   1,
+                                                   zorsFFTGetSize_C_16sc,
+                                                   zorsFFTInit_C_16sc,
+                                                   zorsFFTInitAlloc_C_16sc,
+                                                   zorsFFTFree_C_16sc,
+                                                   zorsFFTGetBufSize_C_16sc,
+                                                   zorsFFTGetSize_C_32fc,
+                                                   [](long n) { return 8 * n; }};
+constexpr IntegerKind<ZorsFFTSpec_C_16s> c16s = {"C_16s",
+                                                 28,
+                                                 2,
+                                                 zorsFFTGetSize_C_16s,
+                                                 zorsFFTInit_C_16s,
+                                                 zorsFFTInitAlloc_C_16s,
+                                                 zorsFFTFree_C_16s,
+                                                 zorsFFTGetBufSize_C_16s,
+                                                 zorsFFTGetSize_C_32fc,
+                                                 [](long n) { return 8 * n; }};
+constexpr IntegerKind<ZorsFFTSpec_R_16s> r16s = {"R_16s",
+                                                 29,
+                                                 3,
+                                                 zorsFFTGetSize_R_16s,
+                                                 zorsFFTInit_R_16s,
+                                                 zorsFFTInitAlloc_R_16s,
+                                                 zorsFFTFree_R_16s,
+                                                 zorsFFTGetBufSize_R_16s,
+                                                 zorsFFTGetSize_R_32f,
+                                                 [](long n) { return 4 * n + 8; }};
 template <class F> void forEach(F f) { f(c16sc), f(c16s), f(r16s); }
 
 constexpr int fast = zorAlgHintFast, accurate = zorAlgHintAccurate;
