@@ -9,10 +9,8 @@ namespace {
 
 using namespace simd;
 
-constexpr int group = 8;  // elements in a register once they are widened; 24 bytes when packed
-
-// The 24 bytes at the bottom of a register: six whole 32-bit words, so that a masked access touches no byte beyond.
-ZORS_INLINE __m256i mask24() { return _mm256_setr_epi32(-1, -1, -1, -1, -1, -1, 0, 0); }
+constexpr int group = 8;               // elements in a register once they are widened; 24 bytes when packed
+constexpr std::ptrdiff_t overrun = 3;  // elements that a whole register of packed bytes reaches beyond its eight
 
 // Packed bytes to 32-bit words whose low three bytes are the element, times 256.
 ZORS_INLINE Vec<Zor32u, group> spread(__m256i packed) {
@@ -35,17 +33,15 @@ ZORS_INLINE __m256i pack24(__m256i words) {
 template <class Kernel, class D>
 [[gnu::flatten]] void mapFrom24(Kernel kernel, std::ptrdiff_t len, D* dst, const Zor8u* src) {
   std::ptrdiff_t i = 0;
-  for (; i + group <= len; i += group)
-    store(dst + i, kernel(_mm256_maskload_epi32(reinterpret_cast<const int*>(src + 3 * i), mask24())));
-  if (i < len) {
-    const int rest = static_cast<int>(len - i);
+  for (; i + group + overrun <= len; i += group) store(dst + i, kernel(load<32>(src + 3 * i).r[0]));
+  for (; i < len; i += group) {
+    const int rest = static_cast<int>(std::min<std::ptrdiff_t>(len - i, group));
     storePart(dst + i, kernel(loadPart<32>(src + 3 * i, 3 * rest).r[0]), rest);
   }
 }
 // 24-bit element i = kernel(src[i]): kernel takes eight elements and gives words of which three bytes count.
 template <class Kernel, class S>
 [[gnu::flatten]] void mapTo24(Kernel kernel, std::ptrdiff_t len, Zor8u* dst, const S* src) {
-  constexpr std::ptrdiff_t overrun = 3;  // elements that a whole register reaches beyond its eight
   std::ptrdiff_t i = 0;
   for (; i + group + overrun <= len; i += group)
     store(dst + 3 * i, Vec<Zor8u, 32>{{pack24(kernel(load<group>(src + i)).r[0])}});

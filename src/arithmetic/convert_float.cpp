@@ -56,14 +56,15 @@ struct NarrowDouble {
     return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - std::clamp(scaleFactor, -1008, 1022)) << 52);
   }
 };
+// NaN and what is below the range convert to 0x80000000, the lower bound or what packs to it.
 struct Double16s : NarrowDouble {
   template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
-    return saturate<Zor16s>(toInteger<r>(limitNanToLow(x, -32768.0, 32767.0)));
+    return saturate<Zor16s>(toInteger<r>(limitAboveKeepNan(x, 32767.0)));
   }
 };
 struct Double32s : NarrowDouble {
   template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
-    return toInteger<r>(limitNanToLow(x, -2147483648.0, 2147483647.0));
+    return toInteger<r>(limitAboveKeepNan(x, 2147483647.0));
   }
 };
 
@@ -85,19 +86,21 @@ ZorStatus convert(const S* src, D* dst, Zor32s len, ZorRoundMode rnd, Zor32s sca
   });
 }
 
-// One element to 64 bits; products are exact where they count. tiny: values up to it give 0.
-Zor64s to64s(Zor64f x, Zor64f factor, Zor64f tiny, ZorRoundMode rnd) {
-  using L = std::numeric_limits<Zor64s>;
-  if (std::isnan(x)) return L::min();
-  if (std::fabs(x) <= tiny) return 0;
-  const Zor64f product = x * factor;
-  if (product >= 0x1p63) return L::max();
-  if (product < -0x1p63) return L::min();
-  const Zor64s truncated = static_cast<Zor64s>(product);
-  if (rnd == zorRoundTowardZero) return truncated;
-  const Zor64f cut = std::fabs(product - static_cast<Zor64f>(truncated));
-  const bool away = rnd == zorRoundNearestEven ? cut > 0.5 || (cut == 0.5 && (truncated & 1) != 0) : cut >= 0.5;
-  return away ? truncated + (product < 0 ? -1 : 1) : truncated;
+// Rounded and limited to 64 bits; NaN goes to the lower bound.
+template <Rounding r, class V> ZORS_INLINE auto to64s(V x) {
+  V whole;
+  if constexpr (r == Rounding::nearestEven) {
+    whole = nearestIntegral(x);
+  } else {
+    whole = integralTowardZero(x);
+    if constexpr (r == Rounding::halfAway) {
+      const auto away = notBelow(magnitude(sub(x, whole)), same(x, 0.5));
+      whole = add(whole, both(away, either(signOf(x), same(x, 1.0))));
+    }
+  }
+  const auto limited = max(whole, same(x, -0x1p63));
+  const auto top = splat<Vec<Zor64s, V::lanes>>(std::numeric_limits<Zor64s>::max());
+  return select(notBelow(limited, same(x, 0x1p63)), integralToInteger(limited), top);
 }
 
 }  // namespace
@@ -114,10 +117,20 @@ ZorStatus zorsConvert_64f32s_Sfs(const Zor64f* src, Zor32s* dst, Zor32s len, Zor
 
 ZorStatus zorsConvert_64f64s_Sfs(const Zor64f* src, Zor64s* dst, Zor32u len, ZorRoundMode rnd, Zor32s scaleFactor) {
   return check().pointers(src, dst).require(len != 0, zorStatusBadSize).then([&] {
-    const InvalidMaskedScope scope;
-    const auto factor = powerOfTwo<Zor64f>(scaleFactor);
-    const Zor64f tiny = std::numeric_limits<Zor64f>::min() / factor;
-    for (std::size_t i = 0; i < len; ++i) dst[i] = to64s(src[i], factor, tiny, rnd);
+    withRounding(rnd, [&]<Rounding rounding>() {
+      if (scaleFactor == 0) {
+        map<block<Zor64f>>([](auto x) ZORS_INLINE_LAMBDA { return to64s<rounding>(x); }, len, dst, src);
+      } else {  // what the factor takes below the normal numbers is 0, an infinity too where the factor itself is 0
+        const auto factor = powerOfTwo<Zor64f>(scaleFactor);
+        const auto tiny = std::bit_cast<Zor64s>(std::numeric_limits<Zor64f>::min() / factor);
+        map<block<Zor64f>>(
+            [factor, tiny](auto x) ZORS_INLINE_LAMBDA {
+              const auto size = as<Zor64s>(magnitude(x));
+              return to64s<rounding>(both(as<Zor64f>(above(size, same(size, tiny))), mul(x, same(x, factor))));
+            },
+            len, dst, src);
+      }
+    });
   });
 }
 

@@ -22,8 +22,7 @@ template <Rounding rounding, class V> ZORS_INLINE auto toInteger(V x) {
   else if constexpr (rounding == Rounding::towardZero)
     return toIntegerTowardZero(x);
   else
-    return toIntegerTowardZero(
-        add(x, either(both(x, same(x, F(-0.0))), same(x, F(0.5) - std::numeric_limits<F>::epsilon() / 4))));
+    return toIntegerTowardZero(add(x, either(signOf(x), same(x, F(0.5) - std::numeric_limits<F>::epsilon() / 4))));
 }
 
 // run.operator()<rounding>() under the control word that it needs; the invalid-operation exception is masked.

@@ -705,6 +705,17 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> nearestIntegral(Vec<Zor64f, L> x) {
     return _mm256_round_pd(x.r[i], _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC);
   });
 }
+template <int L> ZORS_INLINE Vec<Zor64f, L> integralTowardZero(Vec<Zor64f, L> x) {
+  return build<Vec<Zor64f, L>>(
+      [&](auto i) ZORS_INLINE_LAMBDA { return _mm256_round_pd(x.r[i], _MM_FROUND_TO_ZERO | _MM_FROUND_NO_EXC); });
+}
+// Of integral values from -2^63 to below 2^63, by halves that the mantissa holds; exact in every direction.
+template <int L> ZORS_INLINE Vec<Zor64s, L> integralToInteger(Vec<Zor64f, L> x) {
+  const auto bias = same(x, 0x1.8p52);
+  const auto high = nearestIntegral(mul(x, same(x, 0x1p-32)));
+  const auto low = fnma(high, same(x, 0x1p32), x);
+  return add(shiftLeft(as<Zor64s>(add(high, bias)), 32), sub(as<Zor64s>(add(low, bias)), as<Zor64s>(bias)));
+}
 // NaN and values out of range give 0x80000000.
 template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerCurrent(Vec<Zor32f, L> x) {
   return build<Vec<Zor32s, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtps_epi32(x.r[i]); });

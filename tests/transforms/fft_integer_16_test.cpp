@@ -8,8 +8,6 @@
 namespace {
 
 using kinds::allChecks, kinds::BuiltInteger, kinds::IntegerKind, kinds::rounded;
-using kinds::ccs, kinds::pack, kinds::perm;
-using kinds::Format, kinds::packed;
 using kinds::scale, kinds::scales;
 
 constexpr IntegerKind<ZorsFFTSpec_C_16sc> c16sc = {"C_16sc",
@@ -191,58 +189,13 @@ TEST(FFTInteger16, SizesOfTheFixedPathAndOfTheFloatPath) {
 }
 
 TEST(FFTInteger16, SpecificationsCheckInOrder) {
-  forEach([](const auto& kind) {
-    using Spec = typename std::remove_cvref_t<decltype(kind)>::Spec;
-    Zor32s a = 7, b = 7, c = 7;
-    EXPECT_EQ(kind.getSize(31, 0, 0, nullptr, &b, &c), zorStatusBadOrder) << kind.name;
-    EXPECT_EQ(kind.getSize(-1, 0, 0, &a, &b, &c), zorStatusBadOrder) << kind.name;
-    EXPECT_EQ(kind.getSize(30, 0, 0, &a, &b, nullptr), zorStatusNullPointer) << kind.name;
-    for (int order : {0, 2, 30}) EXPECT_EQ(kind.getSize(order, 3, 0, &a, &b, &c), zorStatusBadFlag) << kind.name;
-    EXPECT_EQ(kind.getSize(kind.largestOrder + 1, 8, 0, &a, &b, &c), zorStatusBadOrder) << kind.name;
-    EXPECT_TRUE(a == 7 && b == 7 && c == 7) << kind.name;
-    alignas(64) Zor8u block[8192];
-    Spec *const untouched = reinterpret_cast<Spec*>(block + 8), *out = untouched;
-    const auto tag = [&] { return *reinterpret_cast<Zor32u*>(block); };
-    std::memset(block, 0xAA, sizeof block);
-    EXPECT_EQ(kind.init(nullptr, 31, 0, 0, nullptr, nullptr), zorStatusNullPointer);
-    EXPECT_EQ(kind.init(&out, 31, 0, 0, nullptr, nullptr), zorStatusBadOrder);
-    EXPECT_EQ(kind.init(&out, 30, 0, 0, nullptr, nullptr), zorStatusNullPointer);
-    EXPECT_EQ(tag(), 0xAAAAAAAAu);
-    EXPECT_EQ(kind.init(&out, 2, 0, 0, block, nullptr), zorStatusBadFlag);
-    EXPECT_EQ(tag(), 0u);
-    EXPECT_EQ(kind.init(&out, 30, 8, 0, block, nullptr), zorStatusBadOrder);  // of the float kind
-    EXPECT_EQ(kind.init(&out, 11, 8, 0, block, nullptr), zorStatusNullPointer);
-    EXPECT_EQ(tag(), 0u);
-    EXPECT_EQ(out, untouched) << kind.name;
-    EXPECT_EQ(kind.init(&out, 4, 8, 5, block + 1, nullptr), zorStatusOk);
-    EXPECT_NE(reinterpret_cast<Zor8u*>(out), block + 1);
-    EXPECT_EQ(*reinterpret_cast<Zor32u*>(out), kind.tag) << kind.name;
-    EXPECT_EQ(kind.getBufSize(nullptr, &a), zorStatusNullPointer);
-    EXPECT_EQ(kind.getBufSize(out, nullptr), zorStatusNullPointer);
-    EXPECT_EQ(kind.free(nullptr), zorStatusNullPointer);
-    EXPECT_EQ(kind.free(out), zorStatusOk);
-    EXPECT_EQ(kind.free(out), zorStatusBadContext) << kind.name;
-    EXPECT_EQ(kind.getBufSize(out, &a), zorStatusBadContext) << kind.name;
-    EXPECT_EQ(kind.initAlloc(nullptr, 4, 8, 0), zorStatusNullPointer);
-    EXPECT_EQ(kind.initAlloc(&out, kind.largestOrder + 1, 8, 0), zorStatusBadOrder);
-    for (int order : {0, 3, 4, 12}) {
-      Spec* made = nullptr;
-      const int allocations = kit::failEachAllocation([&] { return kind.initAlloc(&made, order, 8, 0); },
-                                                      [&](int failed, ZorStatus status) {
-                                                        EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory);
-                                                        EXPECT_EQ(made == nullptr, failed >= 0);
-                                                        if (made != nullptr) kind.free(made);
-                                                        EXPECT_EQ(kit::services().live, 0) << kind.name << ": leaked";
-                                                      });
-      EXPECT_EQ(allocations, order == 0 ? 1 : 2) << kind.name << " order " << order;
-    }
-  });
+  forEach(
+      [](const auto& kind) { kinds::specificationChecksInOrder(kind, [](int order) { return order == 0 ? 1 : 2; }); });
 }
 
 // ---- Transforms
 // ---------------------------------------------------------------------------------------------------------
 
-constexpr int orders[] = {0, 1, 2, 3, 4, 5, 7, 8, 11, 12};
 constexpr int scaleFactors[] = {0, -2, 3, -16, -20, 17, 31, 32, INT32_MAX, INT32_MIN};
 
 std::vector<Zor16sc> complexFloatModel(const std::vector<Zor16sc>& x, int order, int flag, bool inverse,
@@ -257,8 +210,15 @@ std::vector<Zor16sc> complexFloatModel(const std::vector<Zor16sc>& x, int order,
 }
 
 TEST(FFTInteger16, ComplexTransforms) {
+  const kinds::ComplexForms<Zor16sc, ZorsFFTSpec_C_16sc, ZorsFFTSpec_C_16s> forms = {
+      c16sc,
+      c16s,
+      {zorsFFTFwd_CToC_16sc_Sfs, zorsFFTInv_CToC_16sc_Sfs},
+      {zorsFFTFwd_CToC_16sc_ISfs, zorsFFTInv_CToC_16sc_ISfs},
+      {zorsFFTFwd_CToC_16s_Sfs, zorsFFTInv_CToC_16s_Sfs},
+      {zorsFFTFwd_CToC_16s_ISfs, zorsFFTInv_CToC_16s_ISfs}};
   kit::Random random(21);
-  for (int order : orders)
+  for (int order : kinds::orders)
     for (int hint : {0, fast, accurate})
       for (int flag : kinds::flags)
         for (bool inverse : {false, true})
@@ -266,41 +226,10 @@ TEST(FFTInteger16, ComplexTransforms) {
             const bool fixed = fixedPath(order, hint);
             if (!fixed && std::abs(long{scaleFactor}) > 16) continue;  // the factor of the conversion wraps
             for (int repeat = 0; repeat < (fixed ? 20 : 1); ++repeat) {
-              const std::size_t n = std::size_t{1} << order;
-              const auto x = kit::anyValues<Zor16sc>(n, random);
+              const auto x = kit::anyValues<Zor16sc>(std::size_t{1} << order, random);
               const auto wanted = (fixed ? complexModel : complexFloatModel)(x, order, flag, inverse, scaleFactor);
-              std::vector<Zor16s> re, im, wantedRe, wantedIm;
-              for (Zor16sc z : x) re.push_back(z.re), im.push_back(z.im);
-              for (Zor16sc z : wanted) wantedRe.push_back(z.re), wantedIm.push_back(z.im);
-              const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " hint " +
-                                       std::to_string(hint) + " scale " + std::to_string(scaleFactor);
-              const BuiltInteger built(c16sc, order, flag, 12, hint);
-              const BuiltInteger splitBuilt(c16s, order, flag, 4, hint);
-              const kit::Guarded<Zor16sc> src(x, kit::Edge::end), dst(n, kit::Edge::begin);
-              ASSERT_EQ((inverse ? zorsFFTInv_CToC_16sc_Sfs : zorsFFTFwd_CToC_16sc_Sfs)(
-                            src.data(), dst.data(), built.spec, scaleFactor, built.work->data()),
-                        zorStatusOk);
-              ASSERT_EQ(kit::firstDifference<Zor16sc>(dst.span(), wanted), "") << what;
-              ASSERT_EQ((inverse ? zorsFFTInv_CToC_16sc_ISfs : zorsFFTFwd_CToC_16sc_ISfs)(src.data(), built.spec,
-                                                                                          scaleFactor, nullptr),
-                        zorStatusOk);
-              ASSERT_EQ(kit::firstDifference<Zor16sc>(src.span(), wanted), "") << what << " in place";
-              const kit::Guarded<Zor16s> srcRe(re, kit::Edge::end), srcIm(im, kit::Edge::end), dstRe(n, kit::Edge::end),
-                  dstIm(n, kit::Edge::end);
-              ASSERT_EQ((inverse ? zorsFFTInv_CToC_16s_Sfs : zorsFFTFwd_CToC_16s_Sfs)(
-                            srcRe.data(), srcIm.data(), dstRe.data(), dstIm.data(), splitBuilt.spec, scaleFactor,
-                            splitBuilt.work->data()),
-                        zorStatusOk);
-              ASSERT_EQ(kit::firstDifference<Zor16s>(dstRe.span(), wantedRe), "") << what << " split";
-              ASSERT_EQ(kit::firstDifference<Zor16s>(dstIm.span(), wantedIm), "") << what << " split";
-              ASSERT_EQ((inverse ? zorsFFTInv_CToC_16s_ISfs : zorsFFTFwd_CToC_16s_ISfs)(
-                            srcRe.data(), srcIm.data(), splitBuilt.spec, scaleFactor, nullptr),
-                        zorStatusOk);
-              ASSERT_EQ(kit::firstDifference<Zor16s>(srcRe.span(), wantedRe), "") << what << " split in place";
-              ASSERT_EQ(kit::firstDifference<Zor16s>(srcIm.span(), wantedIm), "") << what << " split in place";
-              ASSERT_TRUE(built.intact() && splitBuilt.intact() && src.intact() && dst.intact() && dstRe.intact() &&
-                          dstIm.intact() && srcRe.intact() && srcIm.intact())
-                  << what << ": wrote outside";
+              forms.turn(x, wanted, order, flag, hint, inverse, scaleFactor);
+              if (HasFatalFailure()) return;
             }
           }
 }
@@ -315,44 +244,25 @@ std::vector<Zor16s> realFloatModel(const std::vector<Zor16s>& x, int order, int 
 }
 
 TEST(FFTInteger16, RealTransforms) {
-  constexpr std::array outOfPlace = {zorsFFTFwd_RToPerm_16s_Sfs, zorsFFTInv_PermToR_16s_Sfs, zorsFFTFwd_RToPack_16s_Sfs,
-                                     zorsFFTInv_PackToR_16s_Sfs, zorsFFTFwd_RToCCS_16s_Sfs,  zorsFFTInv_CCSToR_16s_Sfs};
-  constexpr std::array inPlace = {zorsFFTFwd_RToPerm_16s_ISfs, zorsFFTInv_PermToR_16s_ISfs, zorsFFTFwd_RToPack_16s_ISfs,
-                                  zorsFFTInv_PackToR_16s_ISfs, zorsFFTFwd_RToCCS_16s_ISfs,  zorsFFTInv_CCSToR_16s_ISfs};
+  const kinds::RealForms<Zor16s, ZorsFFTSpec_R_16s> forms = {
+      r16s,
+      {zorsFFTFwd_RToPerm_16s_Sfs, zorsFFTInv_PermToR_16s_Sfs, zorsFFTFwd_RToPack_16s_Sfs, zorsFFTInv_PackToR_16s_Sfs,
+       zorsFFTFwd_RToCCS_16s_Sfs, zorsFFTInv_CCSToR_16s_Sfs},
+      {zorsFFTFwd_RToPerm_16s_ISfs, zorsFFTInv_PermToR_16s_ISfs, zorsFFTFwd_RToPack_16s_ISfs,
+       zorsFFTInv_PackToR_16s_ISfs, zorsFFTFwd_RToCCS_16s_ISfs, zorsFFTInv_CCSToR_16s_ISfs}};
   kit::Random random(22);
-  for (int order : orders)
+  for (int order : kinds::orders)
     for (int hint : {0, fast, accurate})
       for (int flag : kinds::flags)
         for (int scaleFactor : scaleFactors) {
           const bool fixed = fixedPath(order, hint);
           if (!fixed && std::abs(long{scaleFactor}) > 16) continue;
           for (int repeat = 0; repeat < (fixed ? 10 : 1); ++repeat) {
-            const std::size_t n = std::size_t{1} << order;
-            const auto x = kit::anyValues<Zor16s>(n, random);
+            const auto x = kit::anyValues<Zor16s>(std::size_t{1} << order, random);
             const auto modelOf = fixed ? realModel : realFloatModel;
-            const auto spectrum = modelOf(x, order, flag, false, scaleFactor);
-            const auto signal = modelOf(x, order, flag, true, scaleFactor);
-            const BuiltInteger built(r16s, order, flag, 4, hint);
-            for (Format format : {perm, pack, ccs})
-              for (bool inverse : {false, true}) {
-                auto input = inverse ? packed(x, format) : x;
-                if (inverse && format == ccs) input[1] = 99;  // the places of zeros are not looked at
-                const auto wanted = inverse ? signal : packed(spectrum, format);
-                const std::string what = "order " + std::to_string(order) + " flag " + std::to_string(flag) + " hint " +
-                                         std::to_string(hint) + " scale " + std::to_string(scaleFactor) + " format " +
-                                         std::to_string(format) + (inverse ? " inverse" : "");
-                const auto at = static_cast<std::size_t>(2 * format + inverse);
-                const kit::Guarded<Zor16s> src(input, kit::Edge::end), dst(wanted.size(), kit::Edge::end),
-                    both(std::max(input.size(), wanted.size()), kit::Edge::begin);
-                ASSERT_EQ(outOfPlace[at](src.data(), dst.data(), built.spec, scaleFactor, built.work->data()),
-                          zorStatusOk);
-                ASSERT_EQ(kit::firstDifference<Zor16s>(dst.span(), wanted), "") << what;
-                std::copy(input.begin(), input.end(), both.data());
-                ASSERT_EQ(inPlace[at](both.data(), built.spec, scaleFactor, nullptr), zorStatusOk);
-                ASSERT_EQ(kit::firstDifference<Zor16s>(both.span().first(wanted.size()), wanted), "")
-                    << what << " in place";
-                ASSERT_TRUE(dst.intact() && both.intact() && built.intact()) << what << ": wrote outside";
-              }
+            forms.turn(x, modelOf(x, order, flag, false, scaleFactor), modelOf(x, order, flag, true, scaleFactor),
+                       order, flag, hint, scaleFactor);
+            if (HasFatalFailure()) return;
           }
         }
 }
