@@ -43,7 +43,7 @@ template <class Work> void inParallel(long count, Work work) {
   for (auto& thread : threads) thread.join();
 }
 
-// ---- Distances
+// ---- Distances ----------------------------------------------------------------------------------
 
 // The exponent of the last place of T at a number of this exponent (as of ilogb).
 template <class T> int lastPlace(long exponent) {
@@ -97,7 +97,7 @@ double roughDistance(float got, double exact) {
   return error < infinite ? error : infinite;  // NaN too
 }
 
-// ---- Functions of one binary32 number
+// ---- Functions of one binary32 number -----------------------------------------------------------
 
 struct Single {
   const char* name;
@@ -150,7 +150,7 @@ Worst worstOf(const Single& function, long stride) {
   return {distance(y, worst.at, function.exact), worst.at};
 }
 
-// ---- Functions of one binary64 number, or with a binary64 result
+// ---- Functions of one binary64 number, or with a binary64 result --------------------------------
 
 // A range of inputs, spread evenly, or evenly by their bits: so that every exponent has as many.
 struct Stratum {

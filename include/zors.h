@@ -13,6 +13,7 @@
  *   Scaling      scaleFactor is the base-2 exponent of a divisor: the exact result divided by 2^scaleFactor, rounded to
  *                nearest, ties to even, saturated to the destination's range. Every value is accepted.
  *   Aliasing     a source may be the destination itself; no other overlap, but where a family allows it.
+ *   NaN          a result that is NaN has the payload of one of its operands, or the default one: which, is not stated.
  *   Threads      every function is re-entrant on separate data. A specification of a transform may be shared by threads
  *                that give work buffers of their own; a filter's or generator's state serves one caller at a time.
  *   Environment  the caller's floating-point control word holds, unless a family says that it sets a direction for the
@@ -430,8 +431,8 @@ ZorStatus zorsSubCRev_64fc_I(Zor64fc val, Zor64fc* srcDst, Zor32s len);
 
 /* MulC: dst[i] = src[i] * val; in place srcDst[i] *= val. Numerics as Mul, with a = src and b = val for complex floats.
    64s: the exact product of 64-bit integers, scaled and saturated. 64f64s: the exact product with a binary64 number,
-   scaled and saturated; an infinite val gives the bound of the product's sign, and 0 for 0. Only a length of 0 is
-   zorStatusBadSize in these two.
+   scaled and saturated; an infinite val gives the bound of the product's sign, and 0 for 0; a NaN val counts as the
+   number of exponent 1024 that its sign and fraction would make. Only a length of 0 is zorStatusBadSize in these two.
    32f16s: the factor val * 2^-scaleFactor rounded to binary32, one product, rounded to nearest even and saturated as by
    Convert_32f16s. Low_32f16s: the product rounded in the current direction and saturated; beyond 32 bits, and for NaN,
    -32768. */
@@ -504,7 +505,8 @@ ZorStatus zorsDiv_32fc_I(const Zor32fc* src, Zor32fc* srcDst, Zor32s len);
 ZorStatus zorsDiv_64fc_I(const Zor64fc* src, Zor64fc* srcDst, Zor32s len);
 
 /* Div_Round: Div with a rounding mode: toward zero, to nearest even, or half away. Any other rnd is zorStatusBadRoundMode,
-   tested last. scaleFactor below -30: all but zero quotients take the bound of their sign. */
+   tested last. scaleFactor below -30: all but zero quotients take the bound of their sign; above the range of Div the
+   rule goes on. */
 ZorStatus zorsDiv_Round_8u_Sfs(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len, ZorRoundMode rnd,
                                Zor32s scaleFactor);
 ZorStatus zorsDiv_Round_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, ZorRoundMode rnd,
@@ -518,7 +520,8 @@ ZorStatus zorsDiv_Round_16u_ISfs(const Zor16u* src, Zor16u* srcDst, Zor32s len, 
 /* DivC: dst[i] = src[i] / val; in place srcDst[i] /= val. A zero val is zorStatusDivideByZero, tested after pointers and
    len; 64s warns instead and saturates by sign. For 32fc and 64fc the test is on |val|^2 in their own precision.
    Numerics: integers as Div. scaleFactor above 8 (8u) or 15 (16s, 16u): zeros; below -15 (8u), -30 (16s, 16u), -16
-   (16sc): the bounds. Floats are multiplied by 1 / val, rounded once; 32fc and 64fc by conj(val) / |val|^2. */
+   (16sc): the bounds. Floats are multiplied by 1 / val, rounded once; 32fc and 64fc by conj(val) / |val|^2. The norm,
+   the reciprocal and the products round in the current direction. */
 ZorStatus zorsDivC_8u_Sfs(const Zor8u* src, Zor8u val, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsDivC_16s_Sfs(const Zor16s* src, Zor16s val, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsDivC_16u_Sfs(const Zor16u* src, Zor16u val, Zor16u* dst, Zor32s len, Zor32s scaleFactor);
@@ -646,8 +649,8 @@ ZorStatus zorsSqr_16u_ISfs(Zor16u* srcDst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsSqr_16s_ISfs(Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsSqr_16sc_ISfs(Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
 
-/* Sqrt of floats, correctly rounded. A negative element gives the default NaN and zorWarningSqrtOfNegative. Exceptions
-   are masked during the call and the sticky flags are as before on return.
+/* Sqrt of floats, correctly rounded. A negative element gives the default NaN and zorWarningSqrtOfNegative; a signalling
+   NaN, too, gives the warning. Exceptions are masked during the call and the sticky flags are as before on return.
    Complex: the principal root, real part at or above 0, imaginary part with the sign of the element's. With a and b
    half the parts, the greater part is r = sqrt(|a| + sqrt(fma(a, a, b^2))), the other |b| / r; the squares may overflow.
    No warning. */
@@ -676,14 +679,16 @@ ZorStatus zorsSqrt_16s_ISfs(Zor16s* srcDst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsSqrt_16sc_ISfs(Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsSqrt_64s_ISfs(Zor64s* srcDst, Zor32s len, Zor32s scaleFactor);
 
-/* Cubrt: dst[i] is the cube root of src[i], correctly rounded but for rare cases near a tie; signed zeros, infinities
-   and NaN stay. 32s16s: the root of the element as a binary32 number, times 2^-scaleFactor with the exponent taken modulo
+/* Cubrt: dst[i] is the cube root of src[i], rounded to nearest in every direction but for rare cases near a tie; signed
+   zeros, infinities and NaN stay. 32s16s: the root of the element as a binary32 number, times 2^-scaleFactor with the exponent taken modulo
    128, to nearest even, saturated. */
 ZorStatus zorsCubrt_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsCubrt_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
 
 /* Exp: dst[i] = e^src[i]. 32f64f computes in binary64. +infinity stays, -infinity gives 0, NaN stays NaN; overflow gives
-   +infinity, small results are denormal or 0. Exceptions are masked during the call, as in all functions below. */
+   +infinity, small results are denormal or 0. Exceptions are masked during the call, as in all functions of floats here.
+   Numerics: steps round in the current direction; the errors that numerics.md tells are those of rounding to nearest. In
+   the other directions 32f, whose reduction rounds too, is only good to some 12 bits. */
 ZorStatus zorsExp_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsExp_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsExp_32f_I(Zor32f* srcDst, Zor32s len);
@@ -889,7 +894,7 @@ ZorStatus zorsPowerSpectr_16sc_Sfs(const Zor16sc* src, Zor16s* dst, Zor32s len, 
 ZorStatus zorsPowerSpectr_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dst, Zor32s len,
                                   Zor32s scaleFactor);
 
-/* Phase: the angles of complex elements, in [-pi, pi], with the conventions of atan2 for zeros and infinities; all
+/* Phase: the angles of complex elements, in [-pi, pi] as far as the direction lets pi round, with the conventions of atan2 for zeros and infinities; all
    forms of one type give the same bits. 16s32f, 16sc32f: as 32f of the converted parts.
    Numerics: 32f at most 0.51 ulp, 64f below 0.8 ulp, in rounding to nearest. _Sfs: the binary32 angle, at scales
    below -28 and above 1 the binary64 angle, times 2^-scaleFactor, to nearest, ties to even, saturated, in every
@@ -917,7 +922,7 @@ ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* 
    Numerics: sine and cosine of 32f at most 0.57 ulp, of 64f below 0.8 ulp, in rounding to nearest, then one
    product. NaN phases give NaN parts. 16sc, 32sc take binary32 and round to nearest, ties to even, saturated, in
    every direction; NaN is the lowest integer. 16sc_Sfs: binary64, the phase is srcPhase[i] * 2^-phaseScaleFactor
-   radians, the parts are divided by 2^magnScaleFactor. */
+   radians (below -1008 as -1008), the parts are divided by 2^magnScaleFactor. */
 ZorStatus zorsPolarToCart_32fc(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32fc* dst, Zor32s len);
 ZorStatus zorsPolarToCart_64fc(const Zor64f* srcMagn, const Zor64f* srcPhase, Zor64fc* dst, Zor32s len);
 ZorStatus zorsPolarToCart_32f(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32f* dstRe, Zor32f* dstIm, Zor32s len);
@@ -1119,8 +1124,9 @@ ZorStatus zorsUpdatePower_16s32s_I(const Zor16s* src, Zor32s len, Zor32s* srcDst
                                    ZorHintAlgorithm hint);
 
 /* MaxOrder: how many significant bits the greatest magnitude has, 0 for a vector of zeros: of integers the position
-   of its highest set bit plus 1, of floats its exponent plus 1. A NaN element gives zorWarningNotANumber and an
-   order without meaning. Checks: len, then pointers. */
+   of its highest set bit plus 1, of floats its exponent plus 1, as if denormals were normalised, and one more than
+   the largest finite number's for an infinity. A NaN element gives zorWarningNotANumber and an order without meaning.
+   Checks: len, then pointers. */
 ZorStatus zorsMaxOrder_16s(const Zor16s* src, Zor32s len, Zor32s* order);
 ZorStatus zorsMaxOrder_32s(const Zor32s* src, Zor32s len, Zor32s* order);
 ZorStatus zorsMaxOrder_32f(const Zor32f* src, Zor32s len, Zor32s* order);

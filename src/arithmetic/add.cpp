@@ -15,9 +15,6 @@ struct PlusToFloat {
 struct PlusExtended {  // 16s to 32s
   ZORS_INLINE auto operator()(auto a, auto b) const { return addSaturated(extend<Zor32s>(a), b); }
 };
-struct PlusSaturated {
-  ZORS_INLINE auto operator()(auto a, auto b) const { return addSaturated(a, b); }
-};
 
 // Shifts of 2 to 63. Where the operands are not both positive and their sum is not negative, a tie gives 0 instead of
 // the even neighbour.

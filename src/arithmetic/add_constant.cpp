@@ -6,10 +6,6 @@ namespace {
 
 using namespace simd;
 
-struct PlusSaturated {
-  ZORS_INLINE auto operator()(auto a, auto b) const { return addSaturated(a, b); }
-};
-
 // From a scale factor of 9 on all results are 0, also where the rule would give 1.
 ZorStatus add8u(const Zor8u* src, Zor8u val, Zor8u* dst, Zor32s len, Zor32s scaleFactor) {
   return withConstantScaled<Plus>(src, val, dst, len, scaleFactor == 9 ? 10 : scaleFactor);
@@ -26,7 +22,7 @@ template <ZorRoundMode rnd> struct RoundWide {
     if constexpr (std::is_signed_v<T>) negative = above(zero, half);
     const V quotient = shiftRight(half, shift - 1);
     if constexpr (rnd == zorRoundTowardZero && std::is_signed_v<T>) {
-      const V cut = same(half, (T{1} << (shift - 1)) - 1);
+      const V cut = same(half, static_cast<T>((std::make_unsigned_t<T>{1} << (shift - 1)) - 1));
       const V exact = equal(either(both(half, cut), both(last, one)), zero);
       return sub(quotient, without(exact, negative));
     } else if constexpr (rnd == zorRoundTowardZero) {

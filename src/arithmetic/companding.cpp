@@ -50,7 +50,7 @@ constexpr int lanes = 32;  // codes in a register
 using Codes = Vec<Zor8u, lanes>;
 using Samples = Vec<Zor16s, lanes>;
 
-// ---- To samples
+// ---- To samples ---------------------------------------------------------------------------------
 
 template <class Law> ZORS_INLINE Samples samplesOf(Codes codes) {
   static constexpr Table16 firsts([](int chord) { return Law::first(chord & 7); });
@@ -74,7 +74,7 @@ template <class Law> struct ToFloats {
   }
 };
 
-// ---- To codes
+// ---- To codes -----------------------------------------------------------------------------------
 
 template <class Law> ZORS_INLINE Codes codesOf(Samples samples) {
   static constexpr Table16 widths([](int i) { return std::bit_width(unsigned(i)); });
@@ -105,7 +105,7 @@ template <class Law> struct FromFloats {
   }
 };
 
-// ---- From law to law
+// ---- From law to law ----------------------------------------------------------------------------
 
 template <class Law> constexpr int magnitudeOf(int level) {  // level = 16 * chord + q
   const int chord = level >> 4, q = level & 15;

@@ -5,8 +5,7 @@
 
 namespace zors {
 
-// ---- One lane an element, for tests and factors, and back to both parts
-// ---------------------------------------------
+// ---- One lane an element, for tests and factors, and back to both parts -------------------------
 
 // One lane for each element of two registers, in the order that pairwise sums within 128-bit halves leave: it cannot be
 // stored, and spread() undoes it.
@@ -46,8 +45,7 @@ template <int L> ZORS_INLINE simd::Vec<Zor64fc, L> spread(Pairwise<Zor64f, L> x)
 }
 template <int L> ZORS_INLINE simd::Vec<Zor32s, L> spread(simd::Vec<Zor32s, L> x) { return x; }
 
-// ---- Exact sums of squares of integers
-// ------------------------------------------------------------------------------
+// ---- Exact sums of squares of integers ----------------------------------------------------------
 
 template <int L> ZORS_INLINE simd::Vec<Zor32u, L> exactSquares(simd::Vec<Zor16sc, L> z) { return squares(z); }
 template <int L> ZORS_INLINE simd::Split<Zor32u, L> exactSquares(simd::Vec<Zor16s, L> re, simd::Vec<Zor16s, L> im) {
@@ -66,8 +64,7 @@ template <int L> ZORS_INLINE simd::Vec<Zor64u, L> exactSquares(simd::Vec<Zor32sc
 template <int L> ZORS_INLINE simd::Vec<Zor32u, L> inOrder(simd::Vec<Zor32u, L> x) { return x; }
 template <int L> ZORS_INLINE simd::Vec<Zor32u, L> inOrder(simd::Split<Zor32u, L> x) { return simd::inOrder(x); }
 
-// ---- Floats
-// ---------------------------------------------------------------------------------------------------------
+// ---- Floats -------------------------------------------------------------------------------------
 
 // fma(re, re, round(im^2)).
 template <class V> ZORS_INLINE V fusedSquares(V re, V im) { return simd::fma(re, re, simd::mul(im, im)); }

@@ -34,7 +34,7 @@ template <int L> ZORS_INLINE Vec<Zor32f, L> cubeRoot(Vec<Zor32f, L> x) {
 
 ZorStatus zorsCubrt_32f(const Zor32f* src, Zor32f* dst, Zor32s len) {
   return check().pointers(src, dst).size(len).then([&] {
-    const ExceptionsMaskedScope scope;
+    const RoundingScope scope(RoundingScope::nearest, _MM_MASK_MASK);
     map<block<Zor32f>>([](auto x) ZORS_INLINE_LAMBDA { return cubeRoot(x); }, len, dst, src);
   });
 }

@@ -160,8 +160,8 @@ class ComplexIntegerDivision {
     const auto d = as<Zor16sc>(sub(words, isZero));     // 1 for 0: the parts are those of n
     const auto [im, re] = Times{}(d, swappedParts(n));  // d.re * n.im - d.im * n.re, d.re * n.re + d.im * n.im
     const auto norm = squaredMagnitude(divisor);
-    const auto part = [&](auto t) ZORS_INLINE_LAMBDA { return simd::saturate<Zor16s>(quotient_(toDouble(t), norm)); };
-    return toComplex(part(re), part(im));
+    const auto part = [&](auto t) ZORS_INLINE_LAMBDA { return quotient_(toDouble(t), norm); };
+    return as<Zor16sc>(saturated<Zor16s>(Parts{part(re), part(im)}));
   }
   ZorStatus status() const { return zeros_.status(); }
 

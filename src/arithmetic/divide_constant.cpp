@@ -22,7 +22,7 @@ template <class T> ZorStatus dividedBy(const T* src, T val, T* dst, Zor32s len, 
   const bool isZero = val.re == 0 && val.im == 0;
   return check().pointers(src, dst).size(len).require(!isZero, zorStatusDivideByZero).then([&] {
     const ComplexIntegerDivision division(ScaleRange{-16, 32, -96}.drawnIn(scaleFactor));
-    return map<16>(DivisionBy{division, val}, len, dst, src).division.status();
+    return map<block<Zor16sc>>(DivisionBy{division, val}, len, dst, src).division.status();
   });
 }
 

@@ -59,8 +59,9 @@ ZorStatus dividedBy(ZorStatus mulC(const T*, T, T*, Zor32s), const T* src, T val
 // By conj(val) / |val|^2, the norm in the precision of the elements.
 template <class C>
 ZorStatus dividedByComplex(ZorStatus mulC(const C*, C, C*, Zor32s), const C* src, C val, C* dst, Zor32s len) {
-  const auto norm = val.re * val.re + val.im * val.im;
-  return check().pointers(src, dst).size(len).require(norm != 0, zorStatusDivideByZero).then([&] {
+  return check().pointers(src, dst).size(len).then([&]() -> ZorStatus {
+    const auto norm = val.re * val.re + val.im * val.im;
+    if (norm == 0) return zorStatusDivideByZero;
     return mulC(src, {val.re / norm, -val.im / norm}, dst, len);
   });
 }

@@ -25,7 +25,7 @@ ZorStatus divided(const S1* src1, const S2* src2, D* dst, Zor32s len, Zor32s sca
                                                   Zor32s scaleFactor) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
     const int scale = ScaleRange{-32, 32, -96}.drawnIn(scaleFactor);
-    return map<16>(ComplexIntegerDivision(scale), len, dst, src1, src2).status();
+    return map<block<Zor16sc>>(ComplexIntegerDivision(scale), len, dst, src1, src2).status();
   });
 }
 

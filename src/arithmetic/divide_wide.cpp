@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "arithmetic/elementwise.h"
+#include "arithmetic/signed_64.h"
 
 namespace zors {
 namespace {
@@ -9,10 +10,7 @@ namespace {
 using namespace simd;
 using Zor128u = unsigned __int128;
 
-constexpr Zor64u magnitude(Zor64s x) { return x < 0 ? -static_cast<Zor64u>(x) : static_cast<Zor64u>(x); }
-
-// ---- In vectors
-// -------------------------------------------------------------------------------
+// ---- In vectors ---------------------------------------------------------------------------------
 
 // The low halves of a and b multiplied to 64 bits.
 template <class V> ZORS_INLINE V mulLowHalves(V a, V b) {
@@ -59,8 +57,7 @@ class QuotientBy {
   Zor64s isEven_, sign_;
 };
 
-// ---- In general registers
-// ------------------------------------------------------------------------
+// ---- In general registers -----------------------------------------------------------------------
 
 // a * 2^shift / divisor for shifts up to 127, by the reciprocal of the normalised divisor d >= 2^63 (Moeller and
 // Granlund, Improved division by invariant integers, 2011). The dividend is shifted in two steps, the second to 128
@@ -95,22 +92,13 @@ class EnlargedQuotientBy {
   Zor64u d_, reciprocal_, most_, power_;
 };
 
-// data[i] = quotient(|data[i]|) with the sign of data[i] / val, saturated.
-template <class Quotient> void divideMagnitudes(Quotient quotient, Zor64s val, Zor64s* data, Zor32s len) {
-  for (Zor32s i = 0; i < len; ++i) {
-    const auto sign = static_cast<Zor64u>((data[i] ^ val) >> 63);  // 0 or all ones
-    const Zor64u q = std::min(quotient(magnitude(data[i])), (~Zor64u{0} >> 1) - sign);
-    data[i] = static_cast<Zor64s>((q ^ sign) - sign);
-  }
-}
-
 }  // namespace
 
 ZorStatus zorsDivC_64s_ISfs(Zor64s val, Zor64s* srcDst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(srcDst).size(len).then([&]() -> ZorStatus {
-    const Zor64u divisor = magnitude(val);
+    const Zor64u divisor = magnitudeOf(val);
     if (divisor == 0) {
-      divideMagnitudes([](Zor64u a) { return a == 0 ? a : ~Zor64u{0}; }, val, srcDst, len);
+      mapMagnitudes([](Zor64u a) { return a == 0 ? a : ~Zor64u{0}; }, val, srcDst, len);
       return zorWarningDivideByZero;
     }
     if (scaleFactor >= 64 || (scaleFactor > 0 && divisor >> (64 - scaleFactor) != 0)) {
@@ -121,7 +109,7 @@ ZorStatus zorsDivC_64s_ISfs(Zor64s val, Zor64s* srcDst, Zor32s len, Zor32s scale
     if (scaleFactor >= 0 && scaled >= 2 && scaled <= Zor64u{1} << 63)
       map<4>(QuotientBy(scaled, val < 0), len, srcDst, srcDst);
     else
-      divideMagnitudes(EnlargedQuotientBy(scaled, -std::clamp(scaleFactor, -127, 0)), val, srcDst, len);
+      mapMagnitudes(EnlargedQuotientBy(scaled, -std::clamp(scaleFactor, -127, 0)), val, srcDst, len);
     return zorStatusOk;
   });
 }

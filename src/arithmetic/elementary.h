@@ -137,13 +137,14 @@ template <int L> ZORS_INLINE Vec<Zor32f, L> arcTangent(Vec<Zor32f, L> y, Vec<Zor
                                  -0x1.6e19a18795e91p-5, 0x1.714b1bc02e61fp-6,  -0x1.df970ad26c093p-8,
                                  0x1.23f92f28a78f3p-10};
   auto [numerator, denominator, turns] = elementary::octant(y, x);
-  denominator = max(same(x, 0x1p-149f), denominator);                                   // 0 / 0 counts as 0
-  const auto one = same(x, 1.0f), diagonal = equal(magnitude(numerator), denominator);  // infinities among them
+  const auto one = same(x, 1.0f);
+  denominator = select(equal(denominator, same(x, 0.0f)), denominator, one);  // 0 / 0 counts as 0
+  const auto diagonal = equal(magnitude(numerator), denominator);             // infinities among them
   numerator = select(diagonal, numerator, either(one, signOf(numerator)));
   denominator = select(diagonal, denominator, one);
   const auto q = div(toDouble(numerator), toDouble(denominator)), z = mul(q, q);
   const auto angle = fma(toDouble(turns), same(z, halfPi[0]), fma(mul(q, z), horner(z, c), q));
-  return either(toFloat(angle), signOf(y));
+  return either(magnitude(toFloat(angle)), signOf(y));  // of zeros some directions change the sign
 }
 
 namespace elementary {
@@ -181,7 +182,7 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> y, Vec<Zor
   const auto [numerator, denominator, turns] = elementary::octant(y, x);
   const auto smallest = same(x, 0x1p-400), zero = same(x, 0.0), low = magnitude(numerator);
   const auto special = either(notBelow(denominator, same(x, 0x1p400)), both(below(low, smallest), unequal(low, zero)));
-  auto angle = either(elementary::angleOf(numerator, max(smallest, denominator), turns), signOf(y));
+  auto angle = either(magnitude(elementary::angleOf(numerator, max(smallest, denominator), turns)), signOf(y));
   if (any(special)) [[unlikely]]
     angle = replaceLanes(
         angle, special, [](Zor64f b, Zor64f a) { return std::atan2(b, a); }, y, x);
@@ -191,7 +192,7 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> y, Vec<Zor
 // The arc tangent of one argument, below 0.7 ulp.
 template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> x) {
   const auto [numerator, denominator, turns] = elementary::octant(x, same(x, 1.0));
-  return either(elementary::angleOf(numerator, min(same(x, 0x1p400), denominator), turns), signOf(x));
+  return either(magnitude(elementary::angleOf(numerator, min(same(x, 0x1p400), denominator), turns)), signOf(x));
 }
 
 // e^x for arguments whose result is a normal number, 3 ulp: x = n ln 2 + r, a polynomial in r, n added to its exponent.
@@ -246,6 +247,7 @@ template <class F> F logarithmOfLane(F x, LogArguments& arguments) {
   using Kind = LogArguments::Kind;
   const Kind kind = std::isnan(x) ? Kind::notANumber : x == 0 ? Kind::zero : x < 0 ? Kind::negative : Kind::ordinary;
   if (arguments.first == Kind::ordinary && (kind & arguments.watched) != 0) arguments.first = kind;
+  if (kind == Kind::zero) return -std::numeric_limits<F>::infinity();  // denormals too where they count as zeros
   return static_cast<F>(std::log(Zor64f{x}));
 }
 

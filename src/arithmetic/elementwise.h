@@ -10,8 +10,7 @@
 
 namespace zors {
 
-// ---- Operations
-// -------------------------------------------------------------------------------------------------------
+// ---- Operations ---------------------------------------------------------------------------------
 
 struct Plus {
   template <class V> ZORS_INLINE auto operator()(V a, V b) const {
@@ -33,13 +32,34 @@ struct Minus {
       return simd::subSaturated(a, b);  // a negative difference ends as 0 at every scale
   }
 };
+struct PlusSaturated {
+  ZORS_INLINE auto operator()(auto a, auto b) const { return simd::addSaturated(a, b); }
+};
+struct MinusSaturated {
+  ZORS_INLINE auto operator()(auto a, auto b) const { return simd::subSaturated(a, b); }
+};
 // Op with its operands exchanged: the second operand of a subtraction comes first.
 template <class Op> struct Reversed {
   ZORS_INLINE auto operator()(auto a, auto b) const { return Op{}(b, a); }
 };
 
-// ---- Maps
-// -------------------------------------------------------------------------------------------------------------
+// ---- Maps ---------------------------------------------------------------------------------------
+
+// A second operand that is the same for all elements: a register that the caller fills once.
+template <class T> class Constant {
+ public:
+  explicit Constant(T val) : lanes_(simd::splatRegister(val)) {}
+  template <class V> ZORS_INLINE V like(V) const {
+    return simd::build<V>([&](auto) ZORS_INLINE_LAMBDA { return lanes_; });
+  }
+
+ private:
+  typename simd::RegisterOf<T>::type lanes_;
+};
+// Op with that operand, a kernel of one vector.
+template <class Op, class T> auto withSecond(T val) {
+  return [second = Constant<T>(val)](auto x) ZORS_INLINE_LAMBDA { return Op{}(x, second.like(x)); };
+}
 
 // The parts of complex elements.
 template <class C> const simd::Part<C>* parts(const C* z) { return reinterpret_cast<const simd::Part<C>*>(z); }
@@ -59,8 +79,7 @@ void mapScaled(Exact exact, Zor32s scaleFactor, std::ptrdiff_t len, D* dst, cons
   });
 }
 
-// ---- Shapes
-// -----------------------------------------------------------------------------------------------------------
+// ---- Shapes -------------------------------------------------------------------------------------
 
 // dst[i] = Op()(src1[i], src2[i]); in place the source-destination is the second operand.
 template <class Op, class D, class S1, class S2> ZorStatus binary(const S1* src1, const S2* src2, D* dst, Zor32s len) {
@@ -68,8 +87,7 @@ template <class Op, class D, class S1, class S2> ZorStatus binary(const S1* src1
 }
 // dst[i] = Op()(src[i], val).
 template <class Op, class T> ZorStatus withConstant(const T* src, T val, T* dst, Zor32s len) {
-  return check().pointers(src, dst).size(len).then(
-      [&] { map<block<T>>([=](auto x) ZORS_INLINE_LAMBDA { return Op{}(x, simd::same(x, val)); }, len, dst, src); });
+  return check().pointers(src, dst).size(len).then([&] { map<block<T>>(withSecond<Op>(val), len, dst, src); });
 }
 
 // The same, scaled.
@@ -78,9 +96,7 @@ ZorStatus binaryScaled(const S1* src1, const S2* src2, D* dst, Zor32s len, Zor32
   return check().pointers(src1, src2, dst).size(len).then([&] { mapScaled(Op{}, scaleFactor, len, dst, src1, src2); });
 }
 template <class Op, class T> ZorStatus withConstantScaled(const T* src, T val, T* dst, Zor32s len, Zor32s scaleFactor) {
-  return check().pointers(src, dst).size(len).then([&] {
-    mapScaled([=](auto x) ZORS_INLINE_LAMBDA { return Op{}(x, simd::same(x, val)); }, scaleFactor, len, dst, src);
-  });
+  return check().pointers(src, dst).size(len).then([&] { mapScaled(withSecond<Op>(val), scaleFactor, len, dst, src); });
 }
 
 // Complex vectors as real ones of twice the length; the length is tested first.

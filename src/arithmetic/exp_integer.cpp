@@ -24,7 +24,7 @@ TwoFactors powerOfTwo(Zor32s scaleFactor, int limit) {
   return {std::ldexp(1.0, exponent / 2), std::ldexp(1.0, exponent - exponent / 2)};
 }
 
-// ---- 16 bits
+// ---- 16 bits ------------------------------------------------------------------------------------
 
 constexpr int tableScales = 17;   // scales 0 to 16
 constexpr int lastArgument = 24;  // above it every entry saturates

@@ -58,7 +58,7 @@ template <class Log, int L> ZORS_INLINE Vec<Zor32s, L> roundedLog(Vec<Zor32s, L>
   return sub(k, above(x, last));
 }
 
-// ---- Scales below 0: the logarithm in binary32
+// ---- Scales below 0: the logarithm in binary32 --------------------------------------------------
 
 // x = m 2^e with m in [sqrt(1/2), sqrt(2)), s = (m - 1) / (m + 1): e ln 2 + s (2 + s^2 (...)).
 template <int L> ZORS_INLINE Vec<Zor32f, L> naturalLog(Vec<Zor32s, L> x) {
@@ -72,7 +72,7 @@ template <int L> ZORS_INLINE Vec<Zor32f, L> naturalLog(Vec<Zor32s, L> x) {
   return fma(e, same(e, 0.6931471824645996f), mul(s, horner(mul(s, s), c)));
 }
 
-// ---- Both
+// ---- Both ---------------------------------------------------------------------------------------
 
 template <int L> ZORS_INLINE Vec<Zor32s, L> in32(Vec<Zor32s, L> x) { return x; }
 template <int L> ZORS_INLINE Vec<Zor32s, L> in32(Vec<Zor16s, L> x) { return extend<Zor32s>(x); }

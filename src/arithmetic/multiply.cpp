@@ -8,9 +8,6 @@ namespace {
 
 using namespace simd;
 
-struct TimesSaturated {  // 16s
-  ZORS_INLINE auto operator()(auto a, auto b) const { return saturated<Zor16s>(Times{}(a, b)); }
-};
 struct TimesExtended {  // 8u to 16u
   ZORS_INLINE auto operator()(auto a, auto b) const { return mul(extend<Zor16u>(a), extend<Zor16u>(b)); }
 };

@@ -4,15 +4,12 @@
 
 #include "arithmetic/convert_round.h"
 #include "arithmetic/products.h"
+#include "arithmetic/signed_64.h"
 
 namespace zors {
 namespace {
 
 using namespace simd;
-
-struct TimesSaturated {  // 16s
-  ZORS_INLINE auto operator()(auto a, auto b) const { return saturated<Zor16s>(Times{}(a, b)); }
-};
 
 ZorStatus inDouble(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
@@ -29,18 +26,10 @@ ZorStatus inDouble(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len, Zor32
 
 using Wide = unsigned __int128;
 
-// data[i] = the magnitude scale(|data[i]| * |val|) with the product's sign, saturated. No vector unit multiplies 64
-// bits by 64; the scalar one does so every cycle.
+// scale() of the products' magnitudes. No vector unit multiplies 64 bits by 64; the scalar one does so every cycle.
 template <class Scale> void scaleProducts(Zor64s val, Zor64s* data, Zor32u len, Scale scale) {
-  const auto magnitude = [](Zor64s x) { return x < 0 ? -static_cast<Zor64u>(x) : static_cast<Zor64u>(x); };
-  const Zor64u factor = magnitude(val);
-  for (Zor32u i = 0; i < len; ++i) {
-    const auto sign = static_cast<Zor64u>((data[i] ^ val) >> 63);  // 0 or all ones
-    const Zor64u bound = (~Zor64u{0} >> 1) - sign;
-    const Wide scaled = scale(Wide{magnitude(data[i])} * factor);
-    const Zor64u limited = scaled > bound ? bound : static_cast<Zor64u>(scaled);
-    data[i] = static_cast<Zor64s>((limited ^ sign) - sign);
-  }
+  const Zor64u factor = magnitudeOf(val);
+  mapMagnitudes([=](Zor64u x) { return scale(Wide{x} * factor); }, val, data, len);
 }
 
 void scaleProducts(Zor64s val, Zor64s* data, Zor32u len, Zor32s scaleFactor) {
@@ -87,7 +76,7 @@ ZorStatus zorsMulC_64f64s_ISfs(Zor64f val, Zor64s* srcDst, Zor32u len, Zor32s sc
 ZorStatus zorsMulC_32f16s_Sfs(const Zor32f* src, Zor32f val, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
-    const Zor32f factor = std::scalbn(inScope(val), -std::clamp(scaleFactor, -512, 512));
+    const auto factor = static_cast<Zor32f>(inScope(val * scalePower(std::clamp(scaleFactor, -512, 512))));
     map<block<Zor16s>>([=](auto x) ZORS_INLINE_LAMBDA { return to16s<Rounding::nearestEven>(mul(x, same(x, factor))); },
                        len, dst, src);
   });

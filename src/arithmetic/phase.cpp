@@ -61,7 +61,7 @@ template <class D, class... S> ZorStatus phasesScaled(D* dst, Zor32s len, Zor32s
   return check().pointers(src..., dst).size(len).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
     if (scaleFactor >= -28 && scaleFactor <= 1)
-      map<block<D, S...>>(PhaseTimes<D, Zor32f>{std::ldexp(1.0f, -scaleFactor)}, len, dst, src...);
+      map<block<D, S...>>(PhaseTimes<D, Zor32f>{static_cast<Zor32f>(scalePower(scaleFactor))}, len, dst, src...);
     else
       map<block<D, S...>>(PhaseTimes<D, Zor64f>{scalePower(scaleFactor)}, len, dst, src...);
   });

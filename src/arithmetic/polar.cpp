@@ -11,7 +11,7 @@ namespace {
 
 using namespace simd;
 
-// ---- To polar form
+// ---- To polar form ------------------------------------------------------------------------------
 
 struct ToPolar {
   template <class V> ZORS_INLINE auto operator()(V re, V im) const {
@@ -25,7 +25,7 @@ template <class D, class... S> ZorStatus toPolar(D* dstMagn, D* dstPhase, Zor32s
   });
 }
 
-// ---- And back
+// ---- And back -----------------------------------------------------------------------------------
 
 template <class V> ZORS_INLINE auto cartesian(V magnitude, V phase) {
   const auto unit = sineCosine(phase);
@@ -58,6 +58,8 @@ struct To32sc {
     return as<Zor32sc>(toComplex(whole(re), whole(im)));
   }
 };
+// 2^-scaleFactor as far as a 16-bit phase times it is a number: the angle shows every power.
+Zor64f phasePower(Zor32s scaleFactor) { return std::ldexp(1.0, -std::clamp(scaleFactor, -1008, 1100)); }
 struct To16scScaled {
   Zor64f magnitudeFactor, phaseFactor;
   template <class V> ZORS_INLINE auto operator()(V magnitude, V phase) const {
@@ -118,7 +120,7 @@ ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* 
 ZorStatus zorsPolarToCart_16sc_Sfs(const Zor16s* srcMagn, const Zor16s* srcPhase, Zor16sc* dst, Zor32s len,
                                    Zor32s magnScaleFactor, Zor32s phaseScaleFactor) {
   return toIntegerPairs(srcMagn, srcPhase, dst, len,
-                        To16scScaled{scalePower(magnScaleFactor), scalePower(phaseScaleFactor)});
+                        To16scScaled{scalePower(magnScaleFactor), phasePower(phaseScaleFactor)});
 }
 
 }  // namespace zors

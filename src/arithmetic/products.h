@@ -5,8 +5,7 @@
 
 namespace zors {
 
-// ---- Widening
-// ---------------------------------------------------------------------------------------------------------
+// ---- Widening -----------------------------------------------------------------------------------
 
 namespace products {
 
@@ -32,8 +31,7 @@ template <class V> ZORS_INLINE V oddToEven(V x) {
 
 }  // namespace products
 
-// ---- The operation
-// ----------------------------------------------------------------------------------------------------
+// ---- The operation ------------------------------------------------------------------------------
 
 struct Times {
   template <class V> ZORS_INLINE V operator()(V a, V b) const { return simd::mul(a, b); }  // floats
@@ -50,7 +48,7 @@ struct Times {
     return products::joinHalves<Zor32u>(simd::mul(a, b),
                                         [&](int i) ZORS_INLINE_LAMBDA { return _mm256_mulhi_epu16(a.r[i], b.r[i]); });
   }
-  // The high half of a * b is that of a unsigned product, less a where b is negative.
+  // The high half of a * b is that of an unsigned product, less a where b is negative.
   template <int L> ZORS_INLINE auto operator()(simd::Vec<Zor16u, L> a, simd::Vec<Zor16s, L> b) const {
     return products::joinHalves<Zor32s>(simd::mul(simd::as<Zor16s>(a), b), [&](int i) ZORS_INLINE_LAMBDA {
       const __m256i excess = _mm256_and_si256(a.r[i], _mm256_srai_epi16(b.r[i], 15));
@@ -102,6 +100,10 @@ struct TimesWide {
   }
 };
 
+struct TimesSaturated {  // 16s
+  ZORS_INLINE auto operator()(auto a, auto b) const { return saturated<Zor16s>(Times{}(a, b)); }
+};
+
 // Limited to 32 bits, then rounded in the current direction.
 template <int L> ZORS_INLINE auto toSaturated32s(simd::Vec<Zor64f, L> y) {
   using namespace simd;
@@ -119,9 +121,7 @@ struct TimesInDouble {
   }
 };
 // 2^-scaleFactor; scale factors beyond the clamps give the same results, bounds of the sign and zeros.
-inline Zor64f productFactor(Zor32s scaleFactor) {
-  return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - std::clamp(scaleFactor, -33, 64)) << 52);
-}
+inline Zor64f productFactor(Zor32s scaleFactor) { return scalePower(std::clamp(scaleFactor, -33, 64)); }
 
 // Real times complex: each part by one multiplication.
 struct TimesParts {

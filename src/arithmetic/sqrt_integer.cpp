@@ -72,7 +72,7 @@ ZorStatus complexRoots(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor32s scal
   });
 }
 
-// ---- 64 bits: an estimate in binary64 and one comparison with the square of a midpoint
+// ---- 64 bits: an estimate in binary64 and one comparison with the square of a midpoint ----------
 
 constexpr Zor64s highest = std::numeric_limits<Zor64s>::max();
 

@@ -1,5 +1,6 @@
 // zorsSqr_*: squares.
 #include "arithmetic/products.h"
+#include "frame/rounding.h"
 
 namespace zors {
 namespace {
@@ -10,7 +11,10 @@ struct Sqr {
   template <class V> ZORS_INLINE V operator()(V x) const { return mul(x, x); }
 };
 template <class T> ZorStatus squares(const T* src, T* dst, Zor32s len) {
-  return check().pointers(src, dst).size(len).then([&] { map<block<T>>(Sqr{}, len, dst, src); });
+  return check().pointers(src, dst).size(len).then([&] {
+    const ExceptionsMaskedScope scope;
+    map<block<T>>(Sqr{}, len, dst, src);
+  });
 }
 
 template <class T> ZorStatus squaresScaled(const T* src, T* dst, Zor32s len, Zor32s scaleFactor) {

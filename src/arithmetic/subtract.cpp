@@ -11,9 +11,6 @@ using SecondMinusFirst = Reversed<Minus>;
 struct MinusToFloat {
   ZORS_INLINE auto operator()(auto a, auto b) const { return toFloat(sub(extend<Zor32s>(b), extend<Zor32s>(a))); }
 };
-struct MinusSaturated {
-  ZORS_INLINE auto operator()(auto a, auto b) const { return subSaturated(b, a); }
-};
 
 }  // namespace
 
@@ -31,8 +28,8 @@ ZorStatus zorsSub_32sc_Sfs(const Zor32sc* src1, const Zor32sc* src2, Zor32sc* ds
 ZorStatus zorsSub_16sc_ISfs(const Zor16sc* src, Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor) { return binaryOfPartsScaled<SecondMinusFirst>(src, srcDst, srcDst, len, scaleFactor); }
 ZorStatus zorsSub_32sc_ISfs(const Zor32sc* src, Zor32sc* srcDst, Zor32s len, Zor32s scaleFactor) { return binaryOfPartsScaled<SecondMinusFirst>(src, srcDst, srcDst, len, scaleFactor); }
 
-ZorStatus zorsSub_16s(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len) { return binary<MinusSaturated>(src1, src2, dst, len); }
-ZorStatus zorsSub_16s_I(const Zor16s* src, Zor16s* srcDst, Zor32s len) { return binary<MinusSaturated>(src, srcDst, srcDst, len); }
+ZorStatus zorsSub_16s(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len) { return binary<Reversed<MinusSaturated>>(src1, src2, dst, len); }
+ZorStatus zorsSub_16s_I(const Zor16s* src, Zor16s* srcDst, Zor32s len) { return binary<Reversed<MinusSaturated>>(src, srcDst, srcDst, len); }
 ZorStatus zorsSub_16s32f(const Zor16s* src1, const Zor16s* src2, Zor32f* dst, Zor32s len) { return binary<MinusToFloat>(src1, src2, dst, len); }
 
 ZorStatus zorsSub_32f(const Zor32f* src1, const Zor32f* src2, Zor32f* dst, Zor32s len) { return binary<SecondMinusFirst>(src1, src2, dst, len); }

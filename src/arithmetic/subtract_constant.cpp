@@ -6,10 +6,6 @@ namespace {
 
 using FromConstant = Reversed<Minus>;
 
-struct MinusSaturated {
-  ZORS_INLINE auto operator()(auto a, auto b) const { return simd::subSaturated(a, b); }
-};
-
 }  // namespace
 
 // clang-format off

@@ -20,8 +20,7 @@ template <class T> const T* push(T val, T* dly, Zor32s* dlyIndex, Zor32s tapsLen
   return dly + *dlyIndex;
 }
 
-// ---- Floating sums of a window
-// ------------------------------------------------------------------------------------------
+// ---- Floating sums of a window ------------------------------------------------------------------
 
 // Samples in the type of the taps.
 template <class F, class T, int L> ZORS_INLINE auto samplesAs(Vec<T, L> x) {
@@ -80,8 +79,7 @@ template <class Sum, class Tap, class Sample>
   return y;
 }
 
-// ---- Results
-// ------------------------------------------------------------------------------------------------------------
+// ---- Results ------------------------------------------------------------------------------------
 
 // A float sum times 2^-scaleFactor, the factor from exponent bits that wrap; limited to the integer's range, NaN to its
 // lower bound; rounded with ties away from zero.
@@ -108,8 +106,7 @@ template <class D, class F> D resultOf(F sum, Zor32s scaleFactor) {
     return static_cast<D>(sum);
 }
 
-// ---- Blocks and single samples
-// ------------------------------------------------------------------------------------------
+// ---- Blocks and single samples ------------------------------------------------------------------
 
 // Where a block's samples come from and go to; one sample is a block by value.
 template <class T>
@@ -149,8 +146,7 @@ ZorStatus one(const T* val, T* dst, const Tap* taps, Zor32s tapsLen, T* dly, Zor
   });
 }
 
-// ---- Integer sums
-// -------------------------------------------------------------------------------------------------------
+// ---- Integer sums -------------------------------------------------------------------------------
 
 template <class Tap, class T> T integerResult(const Tap* taps, Zor32s tapsLen, const T* window, int shift) {
   const Tap* last = taps + tapsLen - 1;
@@ -216,8 +212,7 @@ ZorStatus q15Block(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* tap
       });
 }
 
-// ---- Forms with a choice of regime
-// --------------------------------------------------------------------------------------
+// ---- Forms with a choice of regime --------------------------------------------------------------
 
 struct Direct32fc : Fir32fc {
   static constexpr Zor32s stateFrom = 32;

@@ -151,8 +151,7 @@ template <class Kind> ZorStatus setDlyLineChecked(ZorFIRState* state, const type
   return firState<Kind>(check().pointers(state), state).then([&] { setDlyLine<Kind>(state, dly); });
 }
 
-// ---- Filtering
-// ----------------------------------------------------------------------------------------------------------
+// ---- Filtering ----------------------------------------------------------------------------------
 
 template <class Kind>
 ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorFIRState* state,

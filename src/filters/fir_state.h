@@ -36,8 +36,7 @@ struct ZorFIRState {
 
 namespace zors {
 
-// ---- Transforms by arithmetic type
-// --------------------------------------------------------------------------------------
+// ---- Transforms by arithmetic type --------------------------------------------------------------
 
 template <class Value> struct FirFft;
 template <> struct FirFft<Zor32f> {
@@ -85,8 +84,7 @@ template <> struct FirFft<Zor64fc> {
   static constexpr auto multiply = &zors::zorsMul_64fc_I;
 };
 
-// ---- Moves and conversions
-// ----------------------------------------------------------------------------------------------
+// ---- Moves and conversions ----------------------------------------------------------------------
 
 // Items of one size move alike.
 inline void firCopy(const Zor16s* src, Zor16s* dst, Zor32s len) { zors::zorsCopy_16s(src, dst, len); }
@@ -138,8 +136,7 @@ inline void firNarrow(const Zor64f* src, Zor32s* dst, Zor32s len, Zor32s scaleFa
 }
 inline void firNarrow(const Zor64f* src, Zor32f* dst, Zor32s len, Zor32s) { zors::zorsConvert_64f32f(src, dst, len); }
 
-// ---- Kinds
-// --------------------------------------------------------------------------------------------------------------
+// ---- Kinds --------------------------------------------------------------------------------------
 
 // The stated sizes of states, in bytes, without what an FFT takes.
 constexpr std::size_t firDown(std::size_t x, std::size_t multiple) { return x & ~(multiple - 1); }
@@ -208,8 +205,7 @@ template <class Kind> Checks firState(Checks checks, const ZorFIRState* state) {
   (std::make_index_sequence<std::size(Kind::tags)>{});
 }
 
-// ---- The block
-// ----------------------------------------------------------------------------------------------------------
+// ---- The block ----------------------------------------------------------------------------------
 
 inline constexpr Zor32s firChunk = 4224;           // samples that an in-place call takes at a time
 inline constexpr Zor32s firConvertedChunk = 8448;  // the same where samples are converted and an FFT filters them

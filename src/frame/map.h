@@ -42,7 +42,12 @@ template <int L, class Kernel, class D, class... S>
   constexpr int widest = L * int{std::max({sizeof(D), sizeof(S)...})} / 32;  // registers
   constexpr int unroll = widest >= 4 ? 1 : 4 / widest;
   const std::ptrdiff_t last = len - L;
-  const Vec<D, L> begin = kernel(load<L>(src)...), end = kernel(load<L>(src + last)...);
+  const Vec<D, L> begin = kernel(load<L>(src)...);
+  if (last == 0) {
+    store(dst, begin);
+    return kernel;
+  }
+  const Vec<D, L> end = kernel(load<L>(src + last)...);
   std::ptrdiff_t i = detail::toBoundary<L>(dst);
   if constexpr (unroll > 1) {
     for (; i <= last - unroll * L; i += unroll * L)

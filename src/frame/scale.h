@@ -12,8 +12,7 @@
 
 namespace zors {
 
-// ---- Exact results
-// ----------------------------------------------------------------------------------------------------
+// ---- Exact results ------------------------------------------------------------------------------
 
 // t = a + b, one bit wider than its operands.
 template <class V> struct Sum { V a, b; };
@@ -39,8 +38,7 @@ template <class V> inline constexpr int largestShift<Parts<V>> = largestShift<V>
 template <class V> inline constexpr int largestShift<Sum<V>> = largestShift<V> + 1;
 template <class V> inline constexpr int largestShift<Difference<V>> = largestShift<V> + 1;
 
-// ---- Saturation
-// -------------------------------------------------------------------------------------------------------
+// ---- Saturation ---------------------------------------------------------------------------------
 
 template <class D, class T, int L, simd::Order O> ZORS_INLINE auto saturated(simd::Vec<T, L, O> t) {
   if constexpr (std::is_same_v<T, D>)
@@ -88,8 +86,7 @@ template <class T, int L> ZORS_INLINE simd::Vec<T, L> shiftLeftSaturated(simd::V
   }
 }
 
-// ---- Rounding
-// ---------------------------------------------------------------------------------------------------------
+// ---- Rounding -----------------------------------------------------------------------------------
 
 // t / 2^shift to nearest; a tie goes up where the lowest bit of upAtTie is set, else down. Nothing is added to t, so
 // nothing overflows; 1 <= shift <= the digits of t.
@@ -162,10 +159,11 @@ template <class V> ZORS_INLINE Halved<V> halved(Difference<V> t) {
 }
 
 // 2^-scaleFactor, for results computed in binary64; beyond these limits nothing changes any more.
-inline Zor64f scalePower(Zor32s scaleFactor) { return std::ldexp(1.0, -std::clamp(scaleFactor, -1000, 1000)); }
+inline Zor64f scalePower(Zor32s scaleFactor) {
+  return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - std::clamp(scaleFactor, -1000, 1000)) << 52);
+}
 
-// ---- The rule
-// ---------------------------------------------------------------------------------------------------------
+// ---- The rule -----------------------------------------------------------------------------------
 
 template <class D> struct ScaleNone {
   template <class Exact> ZORS_INLINE auto operator()(Exact t) const { return saturated<D>(t); }

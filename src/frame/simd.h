@@ -20,8 +20,7 @@
 
 namespace zors::simd {
 
-// ---- Registers
-// ----------------------------------------------------------------------------------------------------------
+// ---- Registers ----------------------------------------------------------------------------------
 
 template <class T> struct RegisterOf { using type = __m256i; };
 template <> struct RegisterOf<Zor32f> { using type = __m256; };
@@ -67,8 +66,7 @@ template <class V, class F> ZORS_INLINE V build(F&& f) {
   (std::make_integer_sequence<int, V::registers>{});
 }
 
-// ---- Loads, stores, constants
-// -------------------------------------------------------------------------------------------
+// ---- Loads, stores, constants -------------------------------------------------------------------
 
 template <int L, class T> ZORS_INLINE Vec<T, L> load(const T* p) {
   return build<Vec<T, L>>([&](auto i) ZORS_INLINE_LAMBDA {
@@ -127,8 +125,7 @@ template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> same(Vec<T, L, O>, s
   return splat<Vec<T, L, O>>(val);
 }
 
-// ---- Operations, one line each
-// ------------------------------------------------------------------------------------------
+// ---- Operations, one line each ------------------------------------------------------------------
 
 // What the instruction set leaves out: shifts of bytes, and of signed 64-bit elements.
 ZORS_INLINE __m256i shiftRight8(__m256i x, __m128i count) {
@@ -267,8 +264,7 @@ ZORS_SHIFT(shiftLeft, Zor64u, _mm256_sll_epi64)
 #undef ZORS_OP3
 #undef ZORS_SHIFT
 
-// ---- Bits
-// ---------------------------------------------------------------------------------------------------------------
+// ---- Bits ---------------------------------------------------------------------------------------
 
 // The registers of a vector as bits, and back.
 ZORS_INLINE __m256i bits(__m256i x) { return x; }
@@ -372,8 +368,7 @@ template <int L> ZORS_INLINE Vec<Zor64f, L> selectBySign(Vec<Zor64f, L> mask, Ve
   return build<Vec<Zor64f, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_blendv_pd(a.r[i], b.r[i], mask.r[i]); });
 }
 
-// ---- Saturating sums without an instruction
-// -----------------------------------------------------------------------------
+// ---- Saturating sums without an instruction -----------------------------------------------------
 
 // The sum, and where the sign bit of overflow is set the bound that the wrapped sum's sign has left.
 template <class T, int L, Order O> ZORS_INLINE Vec<T, L, O> boundWhere(Vec<T, L, O> overflow, Vec<T, L, O> sum) {
@@ -410,8 +405,7 @@ requires(sizeof(T) >= 4 && std::is_unsigned_v<T>) ZORS_INLINE Vec<T, L, O> addSa
     return either(add(a, b), differing(atLeast(add(a, b), a), ones));
 }
 
-// ---- Widening and narrowing
-// ---------------------------------------------------------------------------------------------
+// ---- Widening and narrowing ---------------------------------------------------------------------
 
 // Two registers for one, unpacked within 128-bit halves: the signed by their sign, the unsigned by zeros.
 #define ZORS_WIDEN(N, W, suffix, highPart)                                                           \
@@ -509,8 +503,7 @@ ZORS_EXTEND(Zor16u, Zor32s, _mm256_cvtepu16_epi32)
 ZORS_EXTEND(Zor32s, Zor64s, _mm256_cvtepi32_epi64)
 #undef ZORS_EXTEND
 
-// ---- Across lanes
-// -------------------------------------------------------------------------------------------------------
+// ---- Across lanes -------------------------------------------------------------------------------
 
 // The sum of a register's lanes, by halves: lanes half a register apart first.
 ZORS_INLINE Zor32f sumOfLanes(Vec<Zor32f, 8> x) {
@@ -523,8 +516,7 @@ ZORS_INLINE Zor64f sumOfLanes(Vec<Zor64f, 4> x) {
   return _mm_cvtsd_f64(_mm_add_sd(two, _mm_unpackhi_pd(two, two)));
 }
 
-// ---- Complex elements
-// ---------------------------------------------------------------------------------------------------
+// ---- Complex elements ---------------------------------------------------------------------------
 
 // The real parts of two registers' pairs, or the imaginary ones, memory order.
 template <int part, int L> ZORS_INLINE Vec<Zor32f, L> partOf(Vec<Zor32fc, L> z) {
@@ -650,8 +642,7 @@ template <int L> ZORS_INLINE Vec<Zor8u, L> lookUp(const Zor8u (&table)[16], Vec<
   return build<Vec<Zor8u, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_shuffle_epi8(entries, index.r[i]); });
 }
 
-// ---- Integer and float
-// --------------------------------------------------------------------------------------------------
+// ---- Integer and float --------------------------------------------------------------------------
 
 template <int L, Order O> ZORS_INLINE Vec<Zor32f, L, O> toFloat(Vec<Zor32s, L, O> x) {
   return build<Vec<Zor32f, L, O>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_cvtepi32_ps(x.r[i]); });

@@ -9,8 +9,7 @@ namespace {
 
 using namespace sums;
 
-// ---- Floats: streams of components, one an element or, interleaved, two
-// --------------------------------------------------
+// ---- Floats: streams of components, one an element or, interleaved, two -------------------------
 
 // Components before the first 32-byte boundary that an element meets; none where none does.
 template <int parts, class T> std::ptrdiff_t prefixOf(const T* p, std::ptrdiff_t n) {
@@ -97,8 +96,7 @@ const Zor32f* components(const Zor32fc* p) { return reinterpret_cast<const Zor32
 const Zor64f* components(const Zor64fc* p) { return reinterpret_cast<const Zor64f*>(p); }
 const Zor16s* components(const Zor16sc* p) { return reinterpret_cast<const Zor16s*>(p); }
 
-// ---- Integers
-// ------------------------------------------------------------------------------------------------------------
+// ---- Integers -----------------------------------------------------------------------------------
 
 Zor64s exactSum(const Zor16s* src, Zor32s len) {
   exact::BlockSum sum;

@@ -9,7 +9,7 @@
 
 namespace zors::fft {
 
-// ---- The first pass -------------------------------------------------------------------------------------------------
+// ---- The first pass -----------------------------------------------------------------------------
 
 // An index is (a, m, b): tileSideBits, the middle, tileSideBits. The sixteen points of a sequence differ in the four
 // highest bits, so a tile, which is all a and b of one m, gives all points of the reversed tile.
@@ -73,7 +73,7 @@ void blockedFirstPass(const Spec<T>& spec, std::size_t n, Array<const T> src, Ar
   }
 }
 
-// ---- Joining --------------------------------------------------------------------------------------------------------
+// ---- Joining ------------------------------------------------------------------------------------
 
 // One stage of a column group: radix parts of `span` rows become one, for all rows of the group. The rows of `from` and
 // of `to` are so many points apart. The twiddles of a row and a register of columns serve all blocks of rows. Of the
@@ -141,7 +141,7 @@ void joinColumns(Work work, Target target, std::size_t begin, int order, const T
   }
 }
 
-// ---- All steps ------------------------------------------------------------------------------------------------------
+// ---- All steps ----------------------------------------------------------------------------------
 
 // Scaling comes right after the innermost transforms: their results are scaled as the first tile stage reads them.
 template <bool inverse, TileStage last, class T, class Work, class Target>

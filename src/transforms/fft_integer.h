@@ -35,8 +35,7 @@ template <class Float> struct Wrapper {
 // What a kind adds: its tag, `kind`; the room of the converted data, headBytes; and with a fixed-point path
 //   bool usesFixed(order, hint), IntegerSizes fixedSizes(order), void setFlag(flag) for it.
 
-// ---- Specifications
-// -----------------------------------------------------------------------------------------------------
+// ---- Specifications -----------------------------------------------------------------------------
 
 // As 32-bit arithmetic does.
 constexpr Zor32s wrapped(Zor64s bytes) { return static_cast<Zor32s>(static_cast<Zor64u>(bytes)); }
@@ -117,8 +116,7 @@ template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Z
   });
 }
 
-// ---- Transforms
-// ---------------------------------------------------------------------------------------------------------
+// ---- Transforms ---------------------------------------------------------------------------------
 
 // spec, its kind, data; then run(head, rest of the work memory), which returns a status.
 template <class T, class S, class Run, class... P>

@@ -13,8 +13,7 @@ namespace {
 
 using namespace fft;
 
-// ---- Sizes: fixed formulas, which do not depend on what this implementation lays out
-// ------------------------------------
+// ---- Sizes: fixed formulas, which do not depend on what this implementation lays out ------------
 
 struct Sizes {
   std::size_t spec = 0, init = 0, work = 0;  // without slack for the header, the init buffer and the work buffer
@@ -74,8 +73,7 @@ constexpr std::size_t headerBytes = 144;
 constexpr std::size_t specBytes(const Sizes& sizes) { return sizes.spec + (sizes.spec == 0 ? headerBytes + 64 : 256); }
 constexpr std::size_t bufferBytes(std::size_t bytes) { return bytes == 0 ? 0 : bytes + 64; }
 
-// ---- What a specification holds
-// -----------------------------------------------------------------------------------------
+// ---- What a specification holds -----------------------------------------------------------------
 
 // The one account of it. Without a block it counts.
 template <class S> constexpr void lay(Layout& block, S& spec, int order) {
@@ -104,8 +102,7 @@ template <class S> consteval bool fits() {
   return true;
 }
 
-// ---- The operations
-// -----------------------------------------------------------------------------------------------------
+// ---- The operations -----------------------------------------------------------------------------
 
 constexpr bool isFlag(Zor32s flag) {
   return flag == ZOR_FFT_DIVIDE_FORWARD || flag == ZOR_FFT_DIVIDE_INVERSE || flag == ZOR_FFT_DIVIDE_BOTH_ROOT ||

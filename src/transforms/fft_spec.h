@@ -27,7 +27,7 @@ template <class T> struct Spec {
 };
 template <class T> inline constexpr std::size_t pointBytes = 2 * sizeof(T);
 
-// ---- Plans ----------------------------------------------------------------------------------------------------------
+// ---- Plans --------------------------------------------------------------------------------------
 
 // Orders up to this one are straight-line kernels without tables or work memory.
 inline constexpr int largestSmallOrder = 6;
@@ -68,7 +68,7 @@ template <class T> constexpr int innermostOrder(int order) {
   return order;
 }
 
-// ---- The engine -----------------------------------------------------------------------------------------------------
+// ---- The engine ---------------------------------------------------------------------------------
 
 // One transform of 2^order points; work is null or workSize bytes, aligned to 64. src may be dst.
 template <class T>
@@ -76,7 +76,7 @@ void transform(const Spec<T>& spec, int order, bool inverse, Interleaved<const T
 template <class T>
 void transform(const Spec<T>& spec, int order, bool inverse, SplitPoints<const T> src, SplitPoints<T> dst, Zor8u* work);
 
-// ---- Kinds ----------------------------------------------------------------------------------------------------------
+// ---- Kinds --------------------------------------------------------------------------------------
 
 enum class Field { complex, real };
 
@@ -87,8 +87,7 @@ template <Tag tag, class T, Field dataField> struct Kind : Spec<T> {
   static constexpr int largestOrder = largestComplexOrder<T> + (dataField == Field::real ? 1 : 0);
 };
 
-// ---- Lifecycles, of float and integer kinds alike
-// ---------------------------------------------------------------------
+// ---- Lifecycles, of float and integer kinds alike -----------------------------------------------
 
 // Bytes to report: with room for aligning, where any are needed.
 constexpr Zor64s withSlack(Zor64s bytes) { return bytes >= 1 ? bytes + 64 : 0; }
@@ -121,7 +120,7 @@ template <class S> ZorStatus getBufSize(const S* spec, Zor32s* size) {
   });
 }
 
-// ---- Checks ---------------------------------------------------------------------------------------------------------
+// ---- Checks -------------------------------------------------------------------------------------
 
 // spec, its kind, data pointers, work memory; then run(work).
 template <class S, class Run, class... P> ZorStatus withSpec(const S* spec, Zor8u* buffer, Run run, P*... data) {

@@ -117,7 +117,7 @@ template <class T> constexpr std::size_t levelTwiddleValues(int order) {
 }
 template <class T> void fillLevelTwiddles(int order, const SineTable<T>& sines, T* out);
 
-// ---- Bit reversal: entry j is the reversal of j in so many bits
+// ---- Bit reversal: entry j is the reversal of j in so many bits ---------------------------------
 
 void fillReversal(int bits, Zor32u* out);
 

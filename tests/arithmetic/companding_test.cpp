@@ -6,7 +6,7 @@
 
 namespace {
 
-// ---- The standard's definition
+// ---- The standard's definition ------------------------------------------------------------------
 
 // Table 1 of G.711: A-law segments by their last decision value, in steps of 1/4096 of the range. A code without its
 // inverted bits is the number of the interval; its value is the middle.

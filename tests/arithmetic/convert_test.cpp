@@ -20,7 +20,7 @@ std::vector<Zor32s> allScales() {
   return scales;
 }
 
-// ---- Models. The x87 unit, in which long double computes, keeps rounding to nearest whatever the tests set. ----
+// ---- Models. The x87 unit, in which long double computes, keeps rounding to nearest whatever the tests set.
 
 template <class D> D saturated(long double x) {
   using L = std::numeric_limits<D>;
@@ -75,7 +75,7 @@ Zor16f toHalf(Zor32f x, ZorRoundMode rnd) {
   return Zor16f(sign | (ve + 15) << 10 | (Zor16u(std::ldexp(value, 10 - ve)) & 1023));
 }
 
-// ---- Widening ----
+// ---- Widening -----------------------------------------------------------------------------------
 
 TEST(Convert, WidensExactly) {
   for (unsigned direction : kit::allDirections) {
@@ -136,7 +136,7 @@ TEST(Convert, IntegerToFloatIsThenMultipliedByALimitedPowerOfTwo) {
   }
 }
 
-// ---- Float to integer ----
+// ---- Float to integer ---------------------------------------------------------------------------
 
 template <class S, class D> struct FloatMember {
   const char* name;
@@ -288,7 +288,7 @@ TEST(Convert, ThreeByteElements) {
   }
 }
 
-// ---- Integer to narrower integer ----
+// ---- Integer to narrower integer ----------------------------------------------------------------
 
 TEST(Convert, IntegerToNarrowerInteger) {
   for (Zor32s scale : allScales()) {
@@ -329,7 +329,7 @@ TEST(Convert, IntegerToNarrowerInteger) {
     }
 }
 
-// ---- Binary16 ----
+// ---- Binary16 -----------------------------------------------------------------------------------
 
 TEST(Convert, Binary16IsTheSameWithAndWithoutTheInstructions) {
   std::vector<Zor16f> halves(65536);
@@ -416,7 +416,7 @@ TEST(Convert, HalfAwayIsRefusedForBinary16) {
   }
 }
 
-// ---- Edge cases ----
+// ---- Edge cases ---------------------------------------------------------------------------------
 
 template <class D, class S, class... Rest> D one(ZorStatus (*function)(const S*, D*, Rest...), S x, auto... arguments) {
   D y{};
@@ -458,7 +458,7 @@ TEST(Convert, SixteenBitsToEightAtScale18AndAtATie) {
   EXPECT_EQ(y, 0);
 }
 
-// ---- Contracts ----
+// ---- Contracts ----------------------------------------------------------------------------------
 
 template <class S, class D> void plain(const char* name, ZorStatus (*function)(const S*, D*, Zor32s)) {
   const std::vector<S> src(8);

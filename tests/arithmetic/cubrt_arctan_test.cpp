@@ -14,13 +14,14 @@ TEST(Cubrt, IsTheNearestNumberButForRareCasesNearATie) {
   for (Zor32u bits = 1; bits < 0x7F800000; bits += 30011) root(std::bit_cast<Zor32f>(bits));
   for (Zor32f x = 0.5f; x < 16; x *= 1.0001f) root(-x);
 }
-TEST(Cubrt, OfMinus27IsMinus3AndOfEveryCubeItsRoot) {
-  for (int k = -255; k <= 255; ++k) {
-    const auto root = static_cast<Zor32f>(k);
-    Zor32f x[] = {root * root * root};
-    ASSERT_EQ(zorsCubrt_32f(x, x, 1), zorStatusOk);
-    EXPECT_EQ(x[0], root);
-  }
+TEST(Cubrt, OfMinus27IsMinus3AndOfEveryCubeItsRootInEveryDirection) {
+  for (unsigned direction : kit::allDirections)
+    for (int k = -255; k <= 255; ++k) {
+      const kit::Direction scope(direction);
+      Zor32f x[] = {static_cast<Zor32f>(k * k * k)};
+      ASSERT_EQ(zorsCubrt_32f(x, x, 1), zorStatusOk);
+      EXPECT_EQ(x[0], static_cast<Zor32f>(k));
+    }
 }
 TEST(Cubrt, ZerosInfinitiesAndNanStay) {
   const auto inf = std::numeric_limits<Zor32f>::infinity();
@@ -55,6 +56,17 @@ Zor32f arctangent(Zor32f x) {
 TEST(Arctan, Binary32IsTheStatedQuotient) {
   sweep<Zor32f, Zor32f>("zorsArctan_32f", zorsArctan_32f, arctangent);
   sweepInPlace<Zor32f>("zorsArctan_32f_I", zorsArctan_32f_I, arctangent);
+}
+TEST(Arctan, OfAZeroKeepsItsSignInEveryDirection) {
+  for (unsigned direction : kit::allDirections) {
+    const kit::Direction scope(direction);
+    Zor32f x[] = {0.0f, -0.0f};
+    Zor64f y[] = {0.0, -0.0};
+    EXPECT_EQ(zorsArctan_32f_I(x, 2), zorStatusOk);
+    EXPECT_EQ(zorsArctan_64f_I(y, 2), zorStatusOk);
+    EXPECT_TRUE(x[0] == 0 && !std::signbit(x[0]) && x[1] == 0 && std::signbit(x[1]));
+    EXPECT_TRUE(y[0] == 0 && !std::signbit(y[0]) && y[1] == 0 && std::signbit(y[1]));
+  }
 }
 TEST(Arctan, Binary64StaysWithinOneUlpWhateverTheNeighbours) {
   const auto wide = transcendental::alone(

@@ -124,7 +124,7 @@ TEST(DivC, BelowAScaleOfMinus30A16uElementSaturatesAndAZeroStays) {
   EXPECT_EQ(srcDst[1], 0);
 }
 
-// ---- 64 bits
+// ---- 64 bits ------------------------------------------------------------------------------------
 
 void compare64(const std::vector<Zor64s>& src, Zor64s val, int scale) {
   auto got = src;
@@ -199,7 +199,7 @@ TEST(DivC64s, ChecksThePointerThenLengthAndWarnsOfAZeroDivisor) {
   EXPECT_EQ(srcDst[3], INT64_MIN);
 }
 
-// ---- Constants by elements
+// ---- Constants by elements ----------------------------------------------------------------------
 
 TEST(DivCRev, EverySixteenBitElement) {
   auto all = quotient::everyValue<Zor16u>();

@@ -90,6 +90,15 @@ TEST(Ln, TheFirstZeroOrNegativeElementDecidesWhereverItStands) {
       ASSERT_EQ(zorsLn_64f(wide.data(), wideTarget.data(), 40), wanted) << zero << " " << negative;
     }
 }
+TEST(Ln, DenormalsThatCountAsZerosGiveTheLogarithmOfZero) {
+  const kit::Direction scope(0x8040);
+  Zor32f x[] = {1.0f, 1e-40f};
+  Zor64f y[] = {1.0, -1e-310};
+  EXPECT_EQ(zorsLn_32f_I(x, 2), zorWarningLogOfZero);
+  EXPECT_EQ(zorsLn_64f_I(y, 2), zorWarningLogOfZero);
+  EXPECT_EQ(x[1], -HUGE_VALF);
+  EXPECT_EQ(y[1], -HUGE_VAL);
+}
 TEST(Ln, UnmaskedExceptionsDoNotFireInside) {
   std::vector<Zor32f> narrow = {1, 0, -1, NAN, 1e-40f, 0.1f, 2, 3, 4}, narrowed(9);
   std::vector<Zor64f> wide(narrow.begin(), narrow.end()), target(9);

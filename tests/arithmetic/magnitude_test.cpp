@@ -22,7 +22,7 @@ template <class C> auto fused(C z) {
   return std::fma(z.re, z.re, im);
 }
 
-// ---- Squares
+// ---- Squares ------------------------------------------------------------------------------------
 
 TEST(PowerSpectr, OneSquareIsRoundedTheOtherFused) {
   for (unsigned direction : kit::allDirections) {
@@ -71,7 +71,7 @@ TEST(PowerSpectr, TheGreatestSquareIsUnsigned) {
   EXPECT_EQ(x, 1);
 }
 
-// ---- Roots
+// ---- Roots --------------------------------------------------------------------------------------
 
 template <class C> auto rootOfFused(C z) {
   volatile auto square = fused(z);

@@ -45,6 +45,27 @@ TEST(Phase, LongVectorsGoOnAfterEachBlock) {
   ASSERT_EQ(zorsPhase_32fc(src.data(), dst.data(), 1000), zorStatusOk);
   for (std::size_t i = 0; i < src.size(); ++i) ASSERT_LE(kit::ulps(dst[i], exactPhase(src[i])), 0.51) << i;
 }
+TEST(Phase, ZerosKeepTheirAnglesInEveryDirectionAndWhereDenormalsCountAsZeros) {
+  constexpr unsigned denormalsAreZeros = 0x8040;  // and results are flushed
+  for (unsigned direction : kit::allDirections)
+    for (unsigned more : {0u, denormalsAreZeros})
+      for (double re : {0.0, -0.0, 1.0, -1.0})
+        for (double im : {0.0, -0.0}) {
+          const Zor32fc z = {Zor32f(re), Zor32f(im)};
+          const Zor64fc w = {re, im};
+          Zor32f y = 0;
+          Zor64f x = 0;
+          {
+            const kit::Direction scope(direction | more);
+            EXPECT_EQ(zorsPhase_32fc(&z, &y, 1), zorStatusOk);
+            EXPECT_EQ(zorsPhase_64fc(&w, &x, 1), zorStatusOk);
+          }
+          EXPECT_EQ(std::signbit(y), std::signbit(im)) << re << ", " << im;
+          EXPECT_EQ(std::signbit(x), std::signbit(im)) << re << ", " << im;
+          EXPECT_LE(kit::ulps(y, exactPhase(z)), 1.0) << re << ", " << im;
+          EXPECT_LE(kit::ulps(x, exactPhase(w)), 1.0) << re << ", " << im;
+        }
+}
 TEST(Phase, ZerosAndInfinitiesAreThoseOfAtan2) {
   for (double re : {0.0, -0.0, 1.0, -1.0, HUGE_VAL, -HUGE_VAL})
     for (double im : {0.0, -0.0, 1.0, -1.0, HUGE_VAL, -HUGE_VAL}) {

@@ -217,7 +217,7 @@ TEST(Normalize, IntegersTakeTheScaleModulo128) {
   EXPECT_EQ(zorsNormalize_16sc_Sfs(&z, &z, 1, z, 0, 0), zorStatusDivideByZero);
 }
 
-// ---- Channels ----
+// ---- Channels -----------------------------------------------------------------------------------
 
 TEST(Channels, JoinAndSplitInterleaveScaledSamples) {
   kit::Random random(3);
@@ -312,7 +312,7 @@ TEST(Channels, ChecksOutputThenSizesThenListThenChannels) {
       .verify("zorsSplitScaled_24s32f_D2L");
 }
 
-// ---- Bit packing ----
+// ---- Bit packing --------------------------------------------------------------------------------
 
 TEST(PackBits, FieldsFollowEachOtherFromTheTopBit) {
   kit::Random random(4);

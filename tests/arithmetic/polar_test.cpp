@@ -11,7 +11,7 @@ using kit::sweepLengths;
 
 template <class T> using Guarded = kit::Guarded<T>;
 
-// ---- To polar form
+// ---- To polar form ------------------------------------------------------------------------------
 
 // Magnitudes and phases in one pass have the bits of those apart.
 template <class C, class R>
@@ -89,7 +89,7 @@ TEST(CartToPolar, IntegersHaveAScaleForEach) {
       .verify("zorsCartToPolar_16sc_Sfs");
 }
 
-// ---- And back
+// ---- And back -----------------------------------------------------------------------------------
 
 struct Cartesian {
   long double re, im;
@@ -190,11 +190,13 @@ TEST(PolarToCart, IntegersAreRoundedToNearestInEveryDirection) {
                                          {4, 2},
                                          {-31, -900},
                                          {0, -500},
+                                         {0, -1003},
+                                         {2, -1008},
                                          {40, 10},
                                          {INT32_MIN, 0},
                                          {INT32_MAX, INT32_MAX},
                                          {1, 1100}}) {
-      const int down = std::clamp(magnScale, -1000, 1000), turns = std::clamp(phaseScale, -1000, 1000);
+      const int down = std::clamp(magnScale, -1000, 1000), turns = std::clamp(phaseScale, -1008, 1100);
       std::function<ZorStatus(const Zor16s*, const Zor16s*, Zor16sc*, Zor32s)> scaled =
           [m = magnScale, p = phaseScale](const Zor16s* magn, const Zor16s* phase, Zor16sc* dst, Zor32s len) {
             return zorsPolarToCart_16sc_Sfs(magn, phase, dst, len, m, p);

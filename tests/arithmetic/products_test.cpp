@@ -160,6 +160,18 @@ TEST(MulC, TheExponentOfABinary64FactorJoinsTheScale) {
           {1, 70});
 }
 
+TEST(MulC, ANanFactorCountsAsTheNumberOfItsFields) {
+  for (Zor64u bits : {0x7FF8000000000000u, 0xFFF8000000000000u, 0x7FF0000000000001u})
+    for (Zor32s s : {0, 1010, 1023, 1076, 1100, -5}) {
+      const auto magnitude = static_cast<Zor64s>((bits & 0xFFFFFFFFFFFFF) | 0x10000000000000);
+      const Zor64s factor = bits >> 63 != 0 ? -magnitude : magnitude;
+      kit::sweepInPlace<Zor64s>(
+          scale::at("zorsMulC_64f64s_ISfs", s),
+          [=](Zor64s* d, Zor32s len) { return zorsMulC_64f64s_ISfs(std::bit_cast<double>(bits), d, Zor32u(len), s); },
+          [=](Zor64s x) { return wideProduct(x, factor, 0LL + s - 2047 + 1075); }, {1, 70});
+    }
+}
+
 TEST(MulC, FloatsTo16BitsRoundTheFactorAndTheProduct) {
   const auto factorOf = [](Zor32f val, Zor32s s) { return float(std::ldexp(double(val), -std::clamp(s, -600, 600))); };
   const auto narrowed = [](Zor32f y) {
@@ -241,8 +253,7 @@ TEST(MulC, FloatsRoundInTheCurrentDirection) {
   }
 }
 
-// ---- Products added to a vector
-// ---------------------------------------------------------------------------------------
+// ---- Products added to a vector -----------------------------------------------------------------
 
 template <class D, class S> using AddProductScaled = ZorStatus (*)(const S*, const S*, D*, Zor32s, Zor32s);
 template <class D, class S> void addProducts(const char* name, AddProductScaled<D, S> f, Zor32s clearsAbove) {
@@ -284,8 +295,7 @@ TEST(AddProduct, FloatsAreFused) {
   }
 }
 
-// ---- Named cases
-// ------------------------------------------------------------------------------------------------------
+// ---- Named cases --------------------------------------------------------------------------------
 
 template <class T> T one(ZorStatus (*f)(const T*, const T*, T*, Zor32s, Zor32s), T a, T b, Zor32s s) {
   T d{};

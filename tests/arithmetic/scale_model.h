@@ -190,13 +190,13 @@ void allPairs(const char* name, ZorStatus (*f)(const Zor8u*, const Zor8u*, Zor8u
   }
 }
 
-// ---- Arguments
-// --------------------------------------------------------------------------------------------------------
+// ---- Arguments ----------------------------------------------------------------------------------
 
 enum class First { pointers, length };
 
-template <class... P> void contract(First first, const char* name, ZorStatus (*f)(P...)) {
-  // Pointer arguments come first or after a constant; the length follows the last pointer.
+// Pointer arguments come first or after a constant; the length follows the last pointer, a scale factor comes last.
+template <class... P>
+void contractAt(First first, const std::string& name, ZorStatus (*f)(P...), int constant, Zor32s scaleFactor) {
   std::vector<std::max_align_t> memory(64);
   constexpr std::size_t n = sizeof...(P);
   constexpr bool isPointer[] = {std::is_pointer_v<P>...};
@@ -210,9 +210,9 @@ template <class... P> void contract(First first, const char* name, ZorStatus (*f
     if constexpr (std::is_pointer_v<T>)
       return reinterpret_cast<T>(memory.data());
     else if constexpr (kit::ComplexPair<T>)
-      return T{};
+      return T{decltype(T::re)(constant), decltype(T::im)(constant)};
     else
-      return at == lengthAt ? T(8) : T(0);
+      return at == lengthAt ? T(8) : at < lengthAt ? T(constant) : at == n - 1 ? T(scaleFactor) : T(0);
   };
   [&]<std::size_t... i>(std::index_sequence<i...>) {
     kit::Contract test(f, good(std::type_identity<P>{}, i)...);
@@ -230,9 +230,14 @@ template <class... P> void contract(First first, const char* name, ZorStatus (*f
     (addPointer(std::integral_constant<std::size_t, i>{}), ...);
     if (first == First::pointers) addLength();
     test.untouched(memory.data(), memory.size() * sizeof(std::max_align_t));
-    test.verify(name);
+    test.verify(name.c_str());
   }
   (std::make_index_sequence<n>{});
+}
+// With the constants and scale factors that have short cuts of their own.
+template <class... P> void contract(First first, const char* name, ZorStatus (*f)(P...)) {
+  for (int constant : {0, 3})
+    for (Zor32s scaleFactor : {0, 7, 100, -100}) contractAt(first, at(name, scaleFactor), f, constant, scaleFactor);
 }
 
 }  // namespace scale

@@ -53,7 +53,7 @@ void fault(const char* name, ZorStatus (*call)(const T*, T*, Zor32s, Extra...),
   EXPECT_EQ(std::memcmp(dst.data(), before.data(), 8 * sizeof(T)), 0) << name << " wrote";
 }
 
-// ---- Real vectors
+// ---- Real vectors -------------------------------------------------------------------------------
 
 template <class T> T below(T x, T level) { return x > level ? x : level; }  // NaN becomes the level
 template <class T> T above(T x, T level) { return x < level ? x : level; }
@@ -179,7 +179,7 @@ TEST(Threshold, LtValGtValJudgesTheOriginalElement) {
       {"zorsThreshold_LTValGTVal_64f", zorsThreshold_LTValGTVal_64f, zorsThreshold_LTValGTVal_64f_I, betweenValues});
 }
 
-// ---- Complex vectors
+// ---- Complex vectors ----------------------------------------------------------------------------
 
 template <class C> using PartOf = decltype(C::re);
 
@@ -360,7 +360,7 @@ TEST(Threshold, MagnitudesOf16BitPairsNeverPassTheLevel) {
   }
 }
 
-// ---- By selector
+// ---- By selector --------------------------------------------------------------------------------
 
 template <class T, class R>
 void checkSelector(const char* name, ZorStatus (*call)(const T*, T*, Zor32s, R, ZorCmpOp),
@@ -401,7 +401,7 @@ TEST(Threshold, TheSelectorIsTestedAfterTheLengthAndBeforeTheLevel) {
                 zorsThreshold_GT_64fc);
 }
 
-// ---- Reciprocals
+// ---- Reciprocals --------------------------------------------------------------------------------
 
 // One Newton step on the processor's estimate. Below the normal numbers the estimate is of the 2^24-fold, and the
 // result is limited.
@@ -507,7 +507,7 @@ TEST(Threshold, ReciprocalsMaskAllExceptionsForTheCallAndRestoreTheWord) {
   EXPECT_EQ(after & ~unsigned{_MM_EXCEPT_MASK}, unmasked);
 }
 
-// ---- Single cases
+// ---- Single cases -------------------------------------------------------------------------------
 
 template <class T> T one(ZorStatus (*call)(const T*, T*, Zor32s, PartOf<T>), T x, PartOf<T> level) {
   T y = {};

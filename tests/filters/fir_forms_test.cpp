@@ -338,7 +338,7 @@ template <class F> void failuresAndChecks(const F& form) {
   EXPECT_EQ(form.filterOne(src[0], dst.data(), stranger), zorStatusBadContext);
 }
 
-// ---- The forms -----------------------------------------------------------------------------------------------------
+// ---- The forms ----------------------------------------------------------------------------------
 
 #define PLAIN(name, sums, fftTaps, fftBlock, Tap, T, SIZE, INIT, ALLOC, FREE, GET_TAPS, SET_TAPS, GET_DLY, SET_DLY, \
               FIR, FIR_I, ONE)                                                                                      \
@@ -479,8 +479,7 @@ TEST(FIRForms, IntegerShiftsAreLimitedAndWrap) {
   });
 }
 
-// ---- Normalisation of integer taps
-// ------------------------------------------------------------------------------------------
+// ---- Normalisation of integer taps --------------------------------------------------------------
 
 TEST(FIRInteger, TheLowestTapHalvesAllAndRaisesTheFactor) {
   const std::vector<Zor16s> taps = {-32768, 5, -7};

@@ -24,7 +24,7 @@ inline const std::vector<int>& fewLengths() {
   return lengths;
 }
 
-// The caller's rounding direction for a scope.
+// The caller's rounding direction for a scope, and further bits of the control word.
 class Direction {
  public:
   explicit Direction(unsigned direction) : saved_(_mm_getcsr()) {
@@ -43,7 +43,7 @@ namespace detail {
 
 enum class Form { outOfPlace, inPlace };
 
-// alias: the source that is the destination too, or -1.
+// alias: the source that is the destination too, -1 for none, or the number of sources for all of its type.
 template <Form form, class D, class... S, class Call, class Model>
 void checkOnce(const std::string& name, Call call, Model model, int len, Edge edge, std::size_t steps, int alias,
                Random& random, Nan nan) {
@@ -51,24 +51,34 @@ void checkOnce(const std::string& name, Call call, Model model, int len, Edge ed
   std::tuple<Guarded<S>...> sources{Guarded<S>(std::size_t(len), edge, steps * sizeof(S) % 32)...};
   Guarded<D> target(std::size_t(len), edge, steps * sizeof(D) % 32);
   std::apply([&](auto&... source) { (fillAny(source.span(), random), ...); }, sources);
-  std::vector<D> wanted(static_cast<std::size_t>(len));
-  for (std::size_t i = 0; i < wanted.size(); ++i)
-    wanted[i] = std::apply([&](auto&... source) { return model(source[i]...); }, sources);
   const auto pick = [&]<std::size_t... k>(std::index_sequence<k...>) {
     const Guarded<D>* dst = &target;
     const auto consider = [&](int at, auto& source) {
       if constexpr (std::is_same_v<std::remove_cvref_t<decltype(source)>, Guarded<D>>) {
-        if (at == alias) dst = &source;
+        if (at == alias || alias == int(n)) dst = &source;
       }
     };
     (consider(int(k), std::get<k>(sources)), ...);
     return dst;
   };
   const Guarded<D>& dst = *pick(std::make_index_sequence<n>{});
+  const std::tuple<const S*...> from = std::apply(
+      [&](auto&... source) {
+        const auto shared = [&](auto& guarded) {
+          if constexpr (std::is_same_v<std::remove_cvref_t<decltype(guarded)>, Guarded<D>>)
+            return alias == int(n) ? dst.data() : guarded.data();
+          else
+            return guarded.data();
+        };
+        return std::tuple<const S*...>(shared(source)...);
+      },
+      sources);
+  std::vector<D> wanted(static_cast<std::size_t>(len));
+  for (std::size_t i = 0; i < wanted.size(); ++i)
+    wanted[i] = std::apply([&](auto*... source) { return model(source[i]...); }, from);
   constexpr std::size_t passed = form == Form::inPlace ? n - 1 : n;
   const ZorStatus status = [&]<std::size_t... k>(std::index_sequence<k...>) {
-    return call(static_cast<const std::tuple_element_t<k, std::tuple<S...>>*>(std::get<k>(sources).data())...,
-                dst.data(), len);
+    return call(std::get<k>(from)..., dst.data(), len);
   }
   (std::make_index_sequence<passed>{});
   const std::string where = name + ", len " + std::to_string(len) +
@@ -84,11 +94,12 @@ template <Form form, class D, class... S, class Call, class Model>
 void sweep(const std::string& name, Call call, Model model, Nan nan, const std::vector<int>& lengths) {
   Random random(1);
   constexpr int n = sizeof...(S);
-  constexpr bool canAlias[] = {std::is_same_v<S, D>..., false};
+  constexpr int ofType = (0 + ... + int{std::is_same_v<S, D>});
+  constexpr bool canAlias[] = {std::is_same_v<S, D>..., (ofType > 1)};
   for (int len : lengths)
     for (Edge edge : bothEdges)
       for (std::size_t steps = 0; steps < (len == 41 || len == 48 ? 32 : 2); ++steps)
-        for (int alias = form == Form::inPlace ? n - 1 : -1; alias < n; ++alias) {
+        for (int alias = form == Form::inPlace ? n - 1 : -1; alias <= n; ++alias) {
           if (alias >= 0 && !canAlias[alias]) continue;
           checkOnce<form, D, S...>(name, call, model, len, edge, steps, alias, random, nan);
           if (testing::Test::HasFatalFailure()) return;
@@ -98,7 +109,7 @@ void sweep(const std::string& name, Call call, Model model, Nan nan, const std::
 }  // namespace detail
 
 // call(const S*..., D* dst, len) against model(S...); each source of the destination's type is tried as the destination
-// too.
+// too, and all of them at once.
 template <class D, class... S, class Call, class Model>
 void sweep(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(),
            Nan nan = Nan::anyPayload) {

@@ -181,8 +181,7 @@ TEST(Sum, TheMeanOfFloatsIsNarrowedBeforeTheDivisionThatOfPairsIsNot) {
   EXPECT_EQ(pairMean.re, Zor32f(16777217.0 / 3));
 }
 
-// ---- Integers
-// ------------------------------------------------------------------------------------------------------------
+// ---- Integers -----------------------------------------------------------------------------------
 
 template <class T> std::vector<std::vector<T>> integerData() {
   kit::Random random(12);

@@ -45,8 +45,7 @@ template <class F> void forEach(F f) { f(c16sc), f(c16s), f(r16s); }
 constexpr int fast = zorAlgHintFast, accurate = zorAlgHintAccurate;
 bool fixedPath(int order, int hint) { return order == 0 || (order < 4 && hint != accurate); }
 
-// ---- The arithmetic of the fixed-point path, in 64 bits
-// ---------------------------------------------------------------
+// ---- The arithmetic of the fixed-point path, in 64 bits -----------------------------------------
 
 struct Point {
   long re, im;
@@ -158,8 +157,7 @@ std::vector<Zor16s> realModel(const std::vector<Zor16s>& x, int order, int flag,
   return out;
 }
 
-// ---- Specifications
-// -----------------------------------------------------------------------------------------------------
+// ---- Specifications -----------------------------------------------------------------------------
 
 TEST(FFTInteger16, SizesOfTheFixedPathAndOfTheFloatPath) {
   const auto down64 = [](long x) { return x / 64 * 64; };
@@ -193,8 +191,7 @@ TEST(FFTInteger16, SpecificationsCheckInOrder) {
       [](const auto& kind) { kinds::specificationChecksInOrder(kind, [](int order) { return order == 0 ? 1 : 2; }); });
 }
 
-// ---- Transforms
-// ---------------------------------------------------------------------------------------------------------
+// ---- Transforms ---------------------------------------------------------------------------------
 
 constexpr int scaleFactors[] = {0, -2, 3, -16, -20, 17, 31, 32, INT32_MAX, INT32_MIN};
 

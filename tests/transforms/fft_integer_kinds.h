@@ -51,8 +51,7 @@ template <class D, class T> std::vector<D> rounded(const std::vector<T>& x, int 
   return out;
 }
 
-// ---- Specifications
-// -----------------------------------------------------------------------------------------------------
+// ---- Specifications -----------------------------------------------------------------------------
 
 // The order of all checks and the life of a specification; allocations(order): how many InitAlloc makes.
 template <class K> void specificationChecksInOrder(const K& kind, int (*allocations)(int order)) {
@@ -105,8 +104,7 @@ template <class K> void specificationChecksInOrder(const K& kind, int (*allocati
   }
 }
 
-// ---- Transforms
-// ---------------------------------------------------------------------------------------------------------
+// ---- Transforms ---------------------------------------------------------------------------------
 
 inline constexpr int orders[] = {0, 1, 2, 3, 4, 5, 7, 8, 11, 12};
 
@@ -186,8 +184,7 @@ template <class T, class Spec> struct RealForms {
   }
 };
 
-// ---- Checks
-// -------------------------------------------------------------------------------------------------------------
+// ---- Checks -------------------------------------------------------------------------------------
 
 template <class S, class A, class B>
 void checks(const char* name, ZorStatus (*f)(const A*, B*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {

@@ -14,7 +14,7 @@ namespace model {
 template <class T> struct Point { T re, im; };
 template <class T> using Signal = std::vector<Point<T>>;
 
-// ---- Twiddles -------------------------------------------------------------------------------------------------------
+// ---- Twiddles -----------------------------------------------------------------------------------
 
 // S[i] = sin(2 pi i / 2^order) as the library's tables have it: up to order 10 correctly rounded, above it the value at
 // an angle that was rounded to T.
@@ -54,7 +54,7 @@ template <class T> class Twiddles {
   std::vector<T> sines_;
 };
 
-// ---- Butterflies ----------------------------------------------------------------------------------------------------
+// ---- Butterflies --------------------------------------------------------------------------------
 
 template <class T> Point<T> operator+(Point<T> a, Point<T> b) { return {a.re + b.re, a.im + b.im}; }
 template <class T> Point<T> operator-(Point<T> a, Point<T> b) { return {a.re - b.re, a.im - b.im}; }
@@ -95,7 +95,7 @@ template <class T> Signal<T> butterfly(const Signal<T>& t, bool inverse) {
   return out;
 }
 
-// ---- Stages ---------------------------------------------------------------------------------------------------------
+// ---- Stages -------------------------------------------------------------------------------------
 
 // The radices of an order, as a table.
 inline std::vector<std::size_t> plan(int order) {
@@ -204,7 +204,7 @@ Signal<T> complexTransform(const Signal<T>& x, int order, const Twiddles<T>& twi
   return parts[0];
 }
 
-// ---- Real transforms ------------------------------------------------------------------------------------------------
+// ---- Real transforms ----------------------------------------------------------------------------
 
 template <class T> inline constexpr int twoLevelOrder = sizeof(T) == 4 ? 19 : 17;
 

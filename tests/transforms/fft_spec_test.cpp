@@ -207,8 +207,7 @@ TEST(FFTSpec, InitAllocReportsEveryFailureAndLeaksNothing) {
   });
 }
 
-// ---- Process functions: their checks
-// ------------------------------------------------------------------------------------
+// ---- Process functions: their checks ------------------------------------------------------------
 
 template <class S, class P>
 void processContract(const char* name, ZorStatus (*f)(const P*, P*, const S*, Zor8u*), const S* good, const S* foreign,
