@@ -19,7 +19,6 @@
  *   Environment  the caller's floating-point control word holds, unless a family says that it sets a direction for the
  *                call; then the word is as before on return. Sticky flags may be set.
  */
-/* A prototype is one line, however long. */
 /* clang-format off */
 #ifndef ZORS_H
 #define ZORS_H
@@ -773,7 +772,8 @@ ZorStatus zorsConvert_32s64f_Sfs(const Zor32s* src, Zor64f* dst, Zor32s len, Zor
    round to nearest even. None depends on the current direction. Numerics: from 32f the factor is the binary32 with the
    bits 0x3F800000 - (scaleFactor << 23) in 32 bits, which wrap outside an exponent's range; 32f8s takes 2^-scaleFactor
    down to 0 and up to infinity; 24-bit members limit scaleFactor to -127..127, 64f16s and 64f32s to -1008..1022. NaN
-   gives the lower bound, of 32f8u and 32f16u 0; of 32f32s the bound of its sign. 64f64s takes an unsigned len. */
+   gives the lower bound, of 32f8u and 32f16u 0; of 32f32s the bound of its sign. Where the factor is infinite a zero counts as NaN, but not in 64f64s, which gives 0
+   for every element but NaN at scale factors where the factor is 0, and takes an unsigned len. */
 ZorStatus zorsConvert_32f8s_Sfs(const Zor32f* src, Zor8s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f8u_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f16s_Sfs(const Zor32f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
@@ -794,8 +794,8 @@ ZorStatus zorsConvert_64s32s_Sfs(const Zor64s* src, Zor32s* dst, Zor32s len, Zor
 ZorStatus zorsConvert_32s24s_Sfs(const Zor32s* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsConvert_32u24u_Sfs(const Zor32u* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
 
-/* Convert, binary16. rnd: zorRoundNearestEven, or zorRoundTowardZero; zorRoundHalfAway is zorStatusBadRoundMode, after
-   pointers and len. 16f16s: NaN gives 0. The same results with and without the processor's conversion instructions. */
+/* Convert, binary16. rnd: zorRoundNearestEven, or zorRoundTowardZero and every other value; zorRoundHalfAway is
+   zorStatusBadRoundMode, after pointers and len. 16f16s: NaN gives 0. The same results with and without the processor's conversion instructions. */
 ZorStatus zorsConvert_16f32f(const Zor16f* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsConvert_32f16f(const Zor32f* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
 ZorStatus zorsConvert_16s16f(const Zor16s* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
@@ -845,8 +845,8 @@ ZorStatus zorsNormalize_16sc_Sfs(const Zor16sc* src, Zor16sc* dst, Zor32s len, Z
 /* JoinScaled: nChannels float vectors of chanLen elements to interleaved samples, sample i of channel c at i *
    nChannels + c; SplitScaled: the way back. -1 and 1 are the lowest and the highest sample; x * 32767.5 - 0.5 (16s, in
    binary32), or x * 8388607.5 - 0.5 (24s, in binary64, three bytes a sample), each operation rounded, then to nearest
-   even; x is limited to
-   [-1, 1] first, NaN is -1. Back: x * (1 / 32767.5) + 0.5 / 32767.5 likewise.
+   even, all under nearest; x is limited to [-1, 1] first, NaN is -1. Back: x * (1 / 32767.5) + 0.5 / 32767.5 (16s, in
+   binary32), the like in binary64 narrowed at the end (24s), each operation in the current direction.
    Checks: dst (src), nChannels and chanLen, src (dst), each channel's pointer. */
 ZorStatus zorsJoinScaled_32f16s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor16s* dst);
 ZorStatus zorsJoinScaled_32f24s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor8u* dst);
@@ -1419,6 +1419,8 @@ typedef struct ZorsFFTSpec_R_64f ZorsFFTSpec_R_64f;
    InitAlloc allocates and builds.
    Free      releases what InitAlloc allocated and invalidates the specification.
    GetBufSize writes the bytes of the work buffer, 64 for aligning it included; 0 where none is needed.
+   Sizes are formed in 32 bits: at the largest orders of the integer kinds the work buffer's wraps below 0, GetBufSize
+   then writes 0, and transforms want a buffer of the caller's.
    Numerics: twiddles come from one quarter-wave sine table, each entry evaluated directly. */
 ZorStatus zorsFFTGetSize_C_32fc(Zor32s order, Zor32s flag, ZorHintAlgorithm hint, Zor32s* specSize, Zor32s* initSize,
                                 Zor32s* workSize);
@@ -1492,7 +1494,7 @@ ZorStatus zorsFFTInv_CToC_64f_I(Zor64f* srcDstRe, Zor64f* srcDstIm, const ZorsFF
      Pack   R[0]        R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2]      N values
      Perm   R[0] R[N/2] R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]              N values
      CCS    R[0] 0      R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2] 0    N + 2 values
-   For odd N the R[N/2] term is absent and Perm is Pack; N = 1: R[0], and R[0] 0 in CCS. Checks and buffer as for complex
+   For odd N the R[N/2] term is absent, Perm is Pack and CCS has N + 1 values; N = 1: R[0], and R[0] 0 in CCS. Checks and buffer as for complex
    transforms. */
 ZorStatus zorsFFTFwd_RToPack_32f(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPack_32f_I(Zor32f* srcDst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);

@@ -47,11 +47,6 @@ void sums() {
 #endif
         .bound(streams(8, 4));
   }
-  // What a call costs that only checks its arguments.
-  auto* small = bench::array<Zor16s>(8);
-  workload("zorsAdd_16s_Sfs, over a refused call", 8)
-      .zors([=] { zorsAdd_16s_Sfs(small, small, small, 8, 0); })
-      .bound([=] { zorsAdd_16s_Sfs(small, small, small, 0, 0); });
 }
 
 const bench::Registration registration(sums);

@@ -44,9 +44,9 @@ ZorStatus join(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, void*
     const RoundingScope scope(RoundingScope::nearest);
     const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
     Word words[blockLen];
-    for (Zor32s i = 0; i < chanLen; i += blockLen)
+    for (std::ptrdiff_t i = 0; i < chanLen; i += blockLen)
       for (Zor32s c = 0; c < nChannels; ++c) {
-        const Zor32s count = std::min(blockLen, chanLen - i);
+        const auto count = static_cast<Zor32s>(std::min<std::ptrdiff_t>(blockLen, chanLen - i));
         convert(src[c] + i, words, count);
         interleave<size>(words, static_cast<Zor8u*>(dst) + i * stride + c * size, stride, count);
       }
@@ -59,9 +59,9 @@ ZorStatus split(const void* src, Zor32f* const* dst, Zor32s nChannels, Zor32s ch
   return splitChecks(src, dst, nChannels, chanLen).then([&] {
     const std::ptrdiff_t stride = std::ptrdiff_t{nChannels} * size;
     Zor32s words[blockLen];
-    for (Zor32s i = 0; i < chanLen; i += blockLen)
+    for (std::ptrdiff_t i = 0; i < chanLen; i += blockLen)
       for (Zor32s c = 0; c < nChannels; ++c) {
-        const Zor32s count = std::min(blockLen, chanLen - i);
+        const auto count = static_cast<Zor32s>(std::min<std::ptrdiff_t>(blockLen, chanLen - i));
         const Zor8u* sample = static_cast<const Zor8u*>(src) + i * stride + c * size;
         for (Zor32s k = 0; k < count; ++k, sample += stride) words[k] = load(sample);
         convert(words, dst[c] + i, count);

@@ -33,12 +33,19 @@ template <int L, class D> ZORS_INLINE std::ptrdiff_t toBoundary(const D* dst) {
 // Returns the kernel with what it has seen, for families that warn; it may see an element twice. In place (dst is a
 // src) the first and the last vector are computed before anything is stored.
 template <int L, class Kernel, class D, class... S>
-[[gnu::flatten]] Kernel map(Kernel kernel, std::ptrdiff_t len, D* dst, const S*... src) {
+[[gnu::flatten]] Kernel map(const Kernel& given, std::ptrdiff_t len, D* dst, const S*... src) {
   using namespace simd;
   if (len < L) [[unlikely]] {
-    detail::mapShort<L>(kernel, int(len), dst, src...);
-    return kernel;
+    if constexpr (requires { given(std::declval<Vec<S, L>>()...); }) {
+      detail::mapShort<L>(given, int(len), dst, src...);
+      return given;
+    } else {
+      Kernel kernel = given;
+      detail::mapShort<L>(kernel, int(len), dst, src...);
+      return kernel;
+    }
   }
+  Kernel kernel = given;  // no address of it is taken, so it lives in registers
   constexpr int widest = L * int{std::max({sizeof(D), sizeof(S)...})} / 32;  // registers
   constexpr int unroll = widest >= 4 ? 1 : 4 / widest;
   const std::ptrdiff_t last = len - L;

@@ -114,7 +114,11 @@ ZORS_INLINE __m256i splatRegister(Zor32sc value) { return _mm256_set1_epi64x(std
 ZORS_INLINE __m256 splatRegister(Zor32fc value) {
   return _mm256_castpd_ps(_mm256_set1_pd(std::bit_cast<double>(value)));
 }
-ZORS_INLINE __m256d splatRegister(Zor64fc value) { return _mm256_setr_pd(value.re, value.im, value.re, value.im); }
+ZORS_INLINE __m256d splatRegister(Zor64fc value) {
+  // By registers: g++ would store the parts of an argument apart, and wait for both when it loads them as one.
+  __asm__("" : "+x"(value.re), "+x"(value.im));
+  return _mm256_setr_pd(value.re, value.im, value.re, value.im);
+}
 
 // All lanes val.
 template <class V> ZORS_INLINE V splat(typename V::Element val) {

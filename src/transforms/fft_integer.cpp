@@ -64,7 +64,7 @@ ZorStatus split(ZorStatus (*inPlace)(Zor64f*, Zor64f*, const ZorsFFTSpec_C_64f*,
 using RealInPlace = ZorStatus (*)(Zor64f*, const ZorsFFTSpec_R_64f*, Zor8u*);
 
 ZorStatus real(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
-               Zor8u* buffer, Spectrum from, Spectrum to) {
+               Zor8u* buffer, Packed from, Packed to) {
   return throughFloat<Zor64f>(
       spec, buffer,
       [&](Zor64f* head, Zor8u* rest, Zor32s n) {
@@ -80,15 +80,15 @@ ZorStatus real(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFF
 
 ZorStatus packed(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
                  Zor8u* buffer) {
-  return real(inPlace, src, dst, spec, scaleFactor, buffer, Spectrum::packed, Spectrum::packed);
+  return real(inPlace, src, dst, spec, scaleFactor, buffer, Packed::perm, Packed::perm);
 }
 ZorStatus toCcs(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec, Zor32s scaleFactor,
                 Zor8u* buffer) {
-  return real(inPlace, src, dst, spec, scaleFactor, buffer, Spectrum::packed, Spectrum::ccs);
+  return real(inPlace, src, dst, spec, scaleFactor, buffer, Packed::perm, Packed::ccs);
 }
 ZorStatus fromCcs(RealInPlace inPlace, const Zor32s* src, Zor32s* dst, const ZorsFFTSpec_R_32s* spec,
                   Zor32s scaleFactor, Zor8u* buffer) {
-  return real(inPlace, src, dst, spec, scaleFactor, buffer, Spectrum::ccs, Spectrum::packed);
+  return real(inPlace, src, dst, spec, scaleFactor, buffer, Packed::ccs, Packed::perm);
 }
 
 }  // namespace
@@ -144,10 +144,11 @@ ZorStatus zorsFFTFwd_RToCCS_16s32s_Sfs(const Zor16s* src, Zor32s* dst, const Zor
       spec, buffer,
       [&](Zor32f* head, Zor8u* rest, Zor32s n) {
         return inTurn([&] { return zors::zorsConvert_16s32f(src, head, n); },
-                      [&] { return zors::zorsFFTFwd_RToCCS_32f_I(head, spec->inner, rest); },
-                      [&] {
-                        return zors::zorsConvert_32f32s_Sfs(head, dst, spectrumLen(Spectrum::ccs, n),
-                                                            zorRoundNearestEven, scaleFactor);
+                      [&] { return zors::zorsFFTFwd_RToPerm_32f_I(head, spec->inner, rest); },
+                      [&] { return zors::zorsConvert_32f32s_Sfs(head, dst, n, zorRoundNearestEven, scaleFactor); },
+                      [&] {  // the zeros of the format stay zeros whatever the factor
+                        fromPerm<Packed::ccs>(dst, static_cast<std::size_t>(n));
+                        return zorStatusOk;
                       });
       },
       src, dst);
@@ -157,7 +158,7 @@ ZorStatus zorsFFTInv_CCSToR_32s16s_Sfs(const Zor32s* src, Zor16s* dst, const Zor
   return throughFloat<Zor32f>(
       spec, buffer,
       [&](Zor32f* head, Zor8u* rest, Zor32s n) {
-        return inTurn([&] { return zors::zorsConvert_32s32f(src, head, spectrumLen(Spectrum::ccs, n)); },
+        return inTurn([&] { return zors::zorsConvert_32s32f(src, head, spectrumLen(Packed::ccs, n)); },
                       [&] { return zors::zorsFFTInv_CCSToR_32f_I(head, spec->inner, rest); },
                       [&] { return zors::zorsConvert_32f16s_Sfs(head, dst, n, zorRoundNearestEven, scaleFactor); });
       },

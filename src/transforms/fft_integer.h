@@ -4,6 +4,7 @@
 #include <new>
 
 #include "transforms/fft_spec.h"
+#include "transforms/packed.h"
 
 namespace zors::fft {
 
@@ -51,7 +52,7 @@ template <class S> ZorStatus sizesOf(Zor32s order, Zor32s flag, Zor32s hint, Int
   if constexpr (S::hasFixedPath) {
     if (runsFixed<S>(order, hint)) {
       sizes = S::fixedSizes(order);
-      return flag == 1 || flag == 2 || flag == 4 || flag == 8 ? zorStatusOk : zorStatusBadFlag;
+      return isFlag(flag) ? zorStatusOk : zorStatusBadFlag;
     }
   }
   Zor32s spec = 0, init = 0, work = 0;
@@ -135,9 +136,6 @@ template <class... Step> ZorStatus inTurn(Step... step) {
   return status;
 }
 
-enum class Spectrum { packed, ccs };
-constexpr Zor32s spectrumLen(Spectrum spectrum, Zor32s n) {
-  return spectrum == Spectrum::packed ? n : n == 1 ? 2 : n + 2;
-}
+constexpr Zor32s spectrumLen(Packed format, Zor32s n) { return format != Packed::ccs ? n : n == 1 ? 2 : n + 2; }
 
 }  // namespace zors::fft

@@ -2,7 +2,6 @@
 // of the 16-bit kinds: in fixed point up to order 3 where the hint does not ask for accuracy, else in binary32.
 #include "transforms/fft_fixed.h"
 #include "transforms/fft_integer.h"
-#include "transforms/packed.h"
 
 namespace zors::fft {
 
@@ -179,7 +178,7 @@ ZorStatus forward(RealInPlace inPlace, const Zor16s* src, Zor16s* dst, const Zor
           fromPerm<format>(dst, static_cast<std::size_t>(n));
           return zorStatusOk;
         }
-        const Zor32s len = spectrumLen(format == Packed::ccs ? Spectrum::ccs : Spectrum::packed, n);
+        const Zor32s len = spectrumLen(format, n);
         return inTurn([&] { return zors::zorsConvert_16s32f(src, head, n); },
                       [&] { return inPlace(head, spec->inner, rest); },
                       [&] { return zors::zorsConvert_32f16s_Sfs(head, dst, len, zorRoundNearestEven, scaleFactor); });
@@ -198,7 +197,7 @@ ZorStatus inverse(RealInPlace inPlace, const Zor16s* src, Zor16s* dst, const Zor
           realFixed(*spec, true, scaleFactor, perm, dst);
           return zorStatusOk;
         }
-        const Zor32s len = spectrumLen(format == Packed::ccs ? Spectrum::ccs : Spectrum::packed, n);
+        const Zor32s len = spectrumLen(format, n);
         return inTurn([&] { return zors::zorsConvert_16s32f(src, head, len); },
                       [&] { return inPlace(head, spec->inner, rest); },
                       [&] { return zors::zorsConvert_32f16s_Sfs(head, dst, n, zorRoundNearestEven, scaleFactor); });

@@ -36,6 +36,14 @@ template <class T, int L> struct Lanes {
   ZORS_INLINE friend Lanes operator-(Lanes a) { return {-a.r}; }
 };
 
+// -x as an operand of its own: of (-c) * d the compiler would make -(c * d), which is not the same where results are
+// rounded up or down.
+template <class T, int L> ZORS_INLINE Lanes<T, L> negated(Lanes<T, L> x) {
+  Lanes<T, L> y = -x;
+  __asm__("" : "+x"(y.r));
+  return y;
+}
+
 // round(a * b + c) and round(c - a * b)
 #define ZORS_FUSED(T, L, plus, minus)                                                                        \
   ZORS_INLINE Lanes<T, L> fma(Lanes<T, L> a, Lanes<T, L> b, Lanes<T, L> c) { return {plus(a.r, b.r, c.r)}; } \

@@ -18,7 +18,7 @@ template <class T, int L> ZORS_INLINE Mirrored<T, L> partForward(Mirrored<T, L> 
   const auto halfCosine = factor.re, rest = factor.im;
   const auto p = z.low;
   const Points<T, L> q = {z.high.re, -z.high.im}, d = p - q;
-  const Points<T, L> t = {fma(rest, d.re, halfCosine * d.im), fma(rest, d.im, -(halfCosine * d.re))};
+  const Points<T, L> t = {fma(rest, d.re, halfCosine * d.im), fma(rest, d.im, negated(halfCosine) * d.re)};
   const auto mirror = p - t;
   return {q + t, {mirror.re, -mirror.im}};
 }
@@ -39,7 +39,8 @@ template <class T, int L> ZORS_INLINE Mirrored<T, L> partForwardHalving(Mirrored
   const auto p = z.low;
   const Points<T, L> q = {z.high.re, -z.high.im}, d = p - q;
   const Points<T, L> mean = {fma(half, p.re, half * q.re), fma(half, p.im, half * q.im)};
-  const Points<T, L> u = {fma(halfMinusSine, d.re, halfCosine * d.im), fma(halfMinusSine, d.im, -(halfCosine * d.re))};
+  const Points<T, L> u = {fma(halfMinusSine, d.re, halfCosine * d.im),
+                          fma(halfMinusSine, d.im, negated(halfCosine) * d.re)};
   const auto mirror = mean - u;
   return {mean + u, {mirror.re, -mirror.im}};
 }

@@ -104,10 +104,6 @@ template <class S> consteval bool fits() {
 
 // ---- The operations -----------------------------------------------------------------------------
 
-constexpr bool isFlag(Zor32s flag) {
-  return flag == ZOR_FFT_DIVIDE_FORWARD || flag == ZOR_FFT_DIVIDE_INVERSE || flag == ZOR_FFT_DIVIDE_BOTH_ROOT ||
-         flag == ZOR_FFT_DIVIDE_NONE;
-}
 template <class S> constexpr bool isOrder(Zor32s order) { return order >= 0 && order <= S::largestOrder; }
 
 template <class S> ZorStatus getSize(Zor32s order, Zor32s flag, Zor32s* specSize, Zor32s* initSize, Zor32s* workSize) {

@@ -27,6 +27,11 @@ template <class T> struct Spec {
 };
 template <class T> inline constexpr std::size_t pointBytes = 2 * sizeof(T);
 
+constexpr bool isFlag(Zor32s flag) {
+  return flag == ZOR_FFT_DIVIDE_FORWARD || flag == ZOR_FFT_DIVIDE_INVERSE || flag == ZOR_FFT_DIVIDE_BOTH_ROOT ||
+         flag == ZOR_FFT_DIVIDE_NONE;
+}
+
 // ---- Plans --------------------------------------------------------------------------------------
 
 // Orders up to this one are straight-line kernels without tables or work memory.

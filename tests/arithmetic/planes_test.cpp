@@ -153,10 +153,15 @@ template <class C, class F> void normalizeComplex(ZorStatus (*function)(const C*
       [=](C x) {
         return C{(x.re - vSub.re) * reciprocal, (x.im - vSub.im) * reciprocal};
       });
-  C z = {};
-  EXPECT_EQ(function(&z, &z, 1, vSub, std::numeric_limits<F>::denorm_min()), zorStatusDivideByZero);
-  EXPECT_EQ(function(&z, &z, 0, vSub, 0), zorStatusBadSize);
-  EXPECT_EQ(function(nullptr, &z, 0, vSub, 0), zorStatusNullPointer);
+  const std::vector<C> src(8);
+  std::vector<C> dst(8);
+  kit::Contract(function, src.data(), dst.data(), 8, vSub, vDiv)
+      .template null<0>()
+      .template null<1>()
+      .template bad<2>({0, -1}, zorStatusBadSize)
+      .template bad<4>({0, std::numeric_limits<F>::denorm_min()}, zorStatusDivideByZero)
+      .untouched(dst)
+      .verify("zorsNormalize");
 }
 TEST(Normalize, FloatsMultiplyByTheReciprocal) {
   normalizeReal(zorsNormalize_32f);
@@ -213,8 +218,15 @@ TEST(Normalize, IntegersTakeTheScaleModulo128) {
       .bad<4>({0}, zorStatusDivideByZero)
       .untouched(dst)
       .verify("zorsNormalize_16s_Sfs");
-  Zor16sc z = {};
-  EXPECT_EQ(zorsNormalize_16sc_Sfs(&z, &z, 1, z, 0, 0), zorStatusDivideByZero);
+  const std::vector<Zor16sc> pairs(8);
+  std::vector<Zor16sc> out(8);
+  kit::Contract(zorsNormalize_16sc_Sfs, pairs.data(), out.data(), 8, Zor16sc{}, 1, 0)
+      .null<0>()
+      .null<1>()
+      .bad<2>({0, -1}, zorStatusBadSize)
+      .bad<4>({0}, zorStatusDivideByZero)
+      .untouched(out)
+      .verify("zorsNormalize_16sc_Sfs");
 }
 
 // ---- Channels -----------------------------------------------------------------------------------

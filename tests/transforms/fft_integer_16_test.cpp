@@ -334,8 +334,7 @@ TEST(FFTInteger16, WithoutMemoryNothingIsWritten) {
   }
 }
 
-TEST(FFTInteger16, OneIsDividedByFifteenBitsAtOrderEightPoints) {
-  // Of eight points divided by 8, sums come back as they were.
+TEST(FFTInteger16, EightEqualPointsDividedByEightComeBack) {
   const BuiltInteger built(c16sc, 3, ZOR_FFT_DIVIDE_FORWARD);
   const std::vector<Zor16sc> x(8, Zor16sc{-32768, 32767});
   std::vector<Zor16sc> y(8);

@@ -143,6 +143,20 @@ TEST(FFTInteger, SixteenBitValuesAndThirtyTwoBitSpectra) {
       }
 }
 
+// At these scale factors the conversion's factor is an infinity, of either sign, and zeros become NaN.
+TEST(FFTInteger, TheZerosOfTheFormatStayZerosWhateverTheFactor) {
+  for (int order : {0, 1, 3, 6})
+    for (int scaleFactor : {128, -128}) {
+      const auto n = std::size_t{1} << order;
+      const BuiltInteger built(r16s32s, order, 8);
+      const std::vector<Zor16s> x(n, 3);
+      std::vector<Zor32s> dst(n + 2, 7);
+      ASSERT_EQ(zorsFFTFwd_RToCCS_16s32s_Sfs(x.data(), dst.data(), built.spec, scaleFactor, nullptr), zorStatusOk);
+      EXPECT_EQ(dst[1], 0) << order;
+      EXPECT_EQ(dst[n + 1], order == 0 ? 7 : 0) << order;
+    }
+}
+
 TEST(FFTInteger, TransformsCheckTheSpecificationThenItsKindThenTheData) {
   allChecks(c32sc, zorsFFTFwd_CToC_32sc_Sfs, zorsFFTInv_CToC_32sc_Sfs, zorsFFTFwd_CToC_32sc_ISfs,
             zorsFFTInv_CToC_32sc_ISfs);

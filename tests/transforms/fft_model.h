@@ -9,6 +9,8 @@
 
 #include "zors.h"
 
+#include "kit/elementwise.h"
+
 namespace model {
 
 template <class T> struct Point { T re, im; };
@@ -215,6 +217,14 @@ template <class T> Point<T> factor(std::size_t k, int order, const Twiddles<T>& 
   return turned(twiddles.at((k - 1) / fine * fine, n), twiddles.at((k - 1) % fine + 1, n), false);
 }
 
+// 1/2 - sin / 2, which a table holds: rounded to nearest in every direction.
+template <class T> T restOf(T minusSine) {
+  const kit::Direction scope(_MM_ROUND_NEAREST);
+  const volatile double half = 0.5 * static_cast<double>(minusSine), sum = 0.5 + half;
+  const volatile T rest = static_cast<T>(sum);
+  return rest;
+}
+
 // Perm order, from and to.
 template <class T>
 std::vector<T> realForward(const std::vector<T>& x, int order, const Twiddles<T>& twiddles, bool scales, T scale) {
@@ -238,14 +248,15 @@ std::vector<T> realForward(const std::vector<T>& x, int order, const Twiddles<T>
     const auto w = factor(k, order, twiddles);
     const Point<T> p = z[k], q = {z[h - k].re, -z[h - k].im}, d = p - q;
     Point<T> t{}, low{}, mirror{};
-    const T halfCosine = T(0.5) * w.re, rest = static_cast<T>(0.5 + 0.5 * static_cast<double>(w.im));
+    const volatile T negativeHalf = T(-0.5) * w.re;  // of its own: directions tell (-c) * d from -(c * d)
+    const T halfCosine = T(0.5) * w.re, rest = restOf(w.im);
     if (order < twoLevelOrder<T>) {
-      t = {std::fma(rest, d.re, halfCosine * d.im), std::fma(rest, d.im, -halfCosine * d.re)};
+      t = {std::fma(rest, d.re, halfCosine * d.im), std::fma(rest, d.im, negativeHalf * d.re)};
       low = q + t;
       mirror = p - t;
     } else {
       const Point<T> mean = {std::fma(T(0.5), p.re, T(0.5) * q.re), std::fma(T(0.5), p.im, T(0.5) * q.im)};
-      t = {std::fma(T(0.5) * w.im, d.re, halfCosine * d.im), std::fma(T(0.5) * w.im, d.im, -halfCosine * d.re)};
+      t = {std::fma(T(0.5) * w.im, d.re, halfCosine * d.im), std::fma(T(0.5) * w.im, d.im, negativeHalf * d.re)};
       low = mean + t;
       mirror = mean - t;
     }
