@@ -159,19 +159,23 @@ void anglesAndBack() {
 #ifdef HAVE_SLEEF
         .peer("SLEEF planes", phases(in.re, in.im, d, size, Sleef_atan2f8_u10avx2))
 #endif
-#ifdef HAVE_MVEC
-        .peer("libmvec planes", phases(in.re, in.im, d, size, _ZGVdN8vv_atan2f))
-#endif
         ;
+#ifdef HAVE_MVEC  // which errs by up to 4 ulp
+    workload("zorsPhase_32fc beside 4 ulp", size)
+        .zors([=] { zorsPhase_32fc(in.z, d, len); })
+        .peer("libmvec planes", phases(in.re, in.im, d, size, _ZGVdN8vv_atan2f));
+#endif
     workload("zorsPhase_64f", size)
         .zors([=] { zorsPhase_64f(in.re64, in.im64, d64, len); })
 #ifdef HAVE_SLEEF
         .peer("SLEEF", phases(in.re64, in.im64, d64, size, Sleef_atan2d4_u10avx2))
 #endif
-#ifdef HAVE_MVEC
-        .peer("libmvec", phases(in.re64, in.im64, d64, size, _ZGVdN4vv_atan2))
-#endif
         ;
+#ifdef HAVE_MVEC  // which errs by up to 4 ulp
+    workload("zorsPhase_64f beside 4 ulp", size)
+        .zors([=] { zorsPhase_64f(in.re64, in.im64, d64, len); })
+        .peer("libmvec", phases(in.re64, in.im64, d64, size, _ZGVdN4vv_atan2));
+#endif
     workload("zorsPhase_64fc", size).zors([=] { zorsPhase_64fc(in.w, d64, len); });
     workload("zorsPhase_16sc_Sfs", size).zors([=] { zorsPhase_16sc_Sfs(in.s, d16, len, -13); });
     workload("zorsCartToPolar_32fc", size).zors([=] { zorsCartToPolar_32fc(in.z, d, e, len); });
@@ -180,19 +184,23 @@ void anglesAndBack() {
 #ifdef HAVE_SLEEF
         .peer("SLEEF planes", productsOfPair(in.re, in.im, d, e, size, Sleef_sincosf8_u10avx2))
 #endif
-#ifdef HAVE_MVEC
-        .peer("libmvec planes", products(in.re, in.im, d, e, size, _ZGVdN8v_sinf, _ZGVdN8v_cosf))
-#endif
         ;
+#ifdef HAVE_MVEC  // which errs by up to 4 ulp
+    workload("zorsPolarToCart_32fc beside 4 ulp", size)
+        .zors([=] { zorsPolarToCart_32fc(in.re, in.im, z, len); })
+        .peer("libmvec planes", products(in.re, in.im, d, e, size, _ZGVdN8v_sinf, _ZGVdN8v_cosf));
+#endif
     workload("zorsPolarToCart_64f", size)
         .zors([=] { zorsPolarToCart_64f(in.re64, in.im64, d64, e64, len); })
 #ifdef HAVE_SLEEF
         .peer("SLEEF", productsOfPair(in.re64, in.im64, d64, e64, size, Sleef_sincosd4_u10avx2))
 #endif
-#ifdef HAVE_MVEC
-        .peer("libmvec", products(in.re64, in.im64, d64, e64, size, _ZGVdN4v_sin, _ZGVdN4v_cos))
-#endif
         ;
+#ifdef HAVE_MVEC  // which errs by up to 4 ulp
+    workload("zorsPolarToCart_64f beside 4 ulp", size)
+        .zors([=] { zorsPolarToCart_64f(in.re64, in.im64, d64, e64, len); })
+        .peer("libmvec", products(in.re64, in.im64, d64, e64, size, _ZGVdN4v_sin, _ZGVdN4v_cos));
+#endif
   }
 }
 
