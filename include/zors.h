@@ -478,11 +478,11 @@ ZorStatus zorsAddProduct_64fc(const Zor64fc* src1, const Zor64fc* src2, Zor64fc*
 /* Div: dst[i] = src2[i] / src1[i], the first operand is the divisor; in place srcDst[i] /= src[i]. A zero divisor gives
    zorWarningDivideByZero; the vector is complete.
    Numerics: integers are the exact quotient divided by 2^scaleFactor, to nearest, ties to even, saturated, in every
-   rounding direction; complex ones n * conj(d) / |d|^2, both parts alike. By zero, at every scale: zero for a zero, else
-   the bound of the dividend's sign. scaleFactor below -15 (8u, 16u), -29 (16s, 32s16s), -62 (32s), -32 (16sc): all but
-   zero quotients take the bound of their sign. 32s16s: src1 is the 16-bit divisor. Floats are one division in the
-   current rounding direction. 32fc, 64fc: the product n * conj(d) of zorsMul, each part divided by
-   round(round(d.re * d.re) + round(d.im * d.im)). */
+   rounding direction; complex ones n * conj(d) / |d|^2, both parts alike. By zero, at every scale: zero for a zero,
+   else the bound of the dividend's sign. scaleFactor below -15 (8u, 16u), -29 (16s, 32s16s), -62 (32s), -32 (16sc): all
+   but zero quotients take the bound of their sign. 32s16s: src1 is the 16-bit divisor. Floats are one division in the
+   current rounding direction. 32fc, 64fc: the product n * conj(d) of zorsMul, each part divided by round(round(d.re *
+   d.re) + round(d.im * d.im)). */
 ZorStatus zorsDiv_8u_Sfs(const Zor8u* src1, const Zor8u* src2, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsDiv_16s_Sfs(const Zor16s* src1, const Zor16s* src2, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsDiv_16u_Sfs(const Zor16u* src1, const Zor16u* src2, Zor16u* dst, Zor32s len, Zor32s scaleFactor);
@@ -651,8 +651,8 @@ ZorStatus zorsSqr_16sc_ISfs(Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
 /* Sqrt of floats, correctly rounded. A negative element gives the default NaN and zorWarningSqrtOfNegative; a signalling
    NaN, too, gives the warning. Exceptions are masked during the call and the sticky flags are as before on return.
    Complex: the principal root, real part at or above 0, imaginary part with the sign of the element's. With a and b
-   half the parts, the greater part is r = sqrt(|a| + sqrt(fma(a, a, b^2))), the other |b| / r; the squares may overflow.
-   No warning. */
+   half the parts, the greater part is r = sqrt(|a| + sqrt(fma(a, a, b^2))), the other |b| / r; the squares may
+   overflow. No warning. */
 ZorStatus zorsSqrt_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsSqrt_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsSqrt_32f_I(Zor32f* srcDst, Zor32s len);
@@ -679,15 +679,16 @@ ZorStatus zorsSqrt_16sc_ISfs(Zor16sc* srcDst, Zor32s len, Zor32s scaleFactor);
 ZorStatus zorsSqrt_64s_ISfs(Zor64s* srcDst, Zor32s len, Zor32s scaleFactor);
 
 /* Cubrt: dst[i] is the cube root of src[i], rounded to nearest in every direction but for rare cases near a tie; signed
-   zeros, infinities and NaN stay. 32s16s: the root of the element as a binary32 number, times 2^-scaleFactor with the exponent taken modulo
-   128, to nearest even, saturated. */
+   zeros, infinities and NaN stay. 32s16s: the root of the element as a binary32 number, times 2^-scaleFactor with the
+   exponent taken modulo 128, to nearest even, saturated. */
 ZorStatus zorsCubrt_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsCubrt_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor);
 
 /* Exp: dst[i] = e^src[i]. 32f64f computes in binary64. +infinity stays, -infinity gives 0, NaN stays NaN; overflow gives
-   +infinity, small results are denormal or 0. Exceptions are masked during the call, as in all functions of floats here.
-   Numerics: steps round in the current direction; the errors that numerics.md tells are those of rounding to nearest. In
-   the other directions 32f, whose reduction rounds too, is only good to some 12 bits. */
+   +infinity, small results are denormal or 0. Exceptions are masked during the call, as in all functions of floats
+   here.
+   Numerics: steps round in the current direction; the errors that numerics.md tells are those of rounding to nearest.
+   In the other directions 32f, whose reduction rounds too, is only good to some 12 bits. */
 ZorStatus zorsExp_32f(const Zor32f* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsExp_64f(const Zor64f* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsExp_32f_I(Zor32f* srcDst, Zor32s len);
@@ -772,8 +773,9 @@ ZorStatus zorsConvert_32s64f_Sfs(const Zor32s* src, Zor64f* dst, Zor32s len, Zor
    round to nearest even. None depends on the current direction. Numerics: from 32f the factor is the binary32 with the
    bits 0x3F800000 - (scaleFactor << 23) in 32 bits, which wrap outside an exponent's range; 32f8s takes 2^-scaleFactor
    down to 0 and up to infinity; 24-bit members limit scaleFactor to -127..127, 64f16s and 64f32s to -1008..1022. NaN
-   gives the lower bound, of 32f8u and 32f16u 0; of 32f32s the bound of its sign. Where the factor is infinite a zero counts as NaN, but not in 64f64s, which gives 0
-   for every element but NaN at scale factors where the factor is 0, and takes an unsigned len. */
+   gives the lower bound, of 32f8u and 32f16u 0; of 32f32s the bound of its sign. Where the factor is infinite a zero
+   counts as NaN, but not in 64f64s, which gives 0 for every element but NaN at scale factors where the factor is 0, and
+   takes an unsigned len. */
 ZorStatus zorsConvert_32f8s_Sfs(const Zor32f* src, Zor8s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f8u_Sfs(const Zor32f* src, Zor8u* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
 ZorStatus zorsConvert_32f16s_Sfs(const Zor32f* src, Zor16s* dst, Zor32s len, ZorRoundMode rnd, Zor32s scaleFactor);
@@ -795,7 +797,8 @@ ZorStatus zorsConvert_32s24s_Sfs(const Zor32s* src, Zor8u* dst, Zor32s len, Zor3
 ZorStatus zorsConvert_32u24u_Sfs(const Zor32u* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor);
 
 /* Convert, binary16. rnd: zorRoundNearestEven, or zorRoundTowardZero and every other value; zorRoundHalfAway is
-   zorStatusBadRoundMode, after pointers and len. 16f16s: NaN gives 0. The same results with and without the processor's conversion instructions. */
+   zorStatusBadRoundMode, after pointers and len. 16f16s: NaN gives 0. The same results with and without the processor's
+   conversion instructions. */
 ZorStatus zorsConvert_16f32f(const Zor16f* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsConvert_32f16f(const Zor32f* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
 ZorStatus zorsConvert_16s16f(const Zor16s* src, Zor16f* dst, Zor32s len, ZorRoundMode rnd);
@@ -894,11 +897,12 @@ ZorStatus zorsPowerSpectr_16sc_Sfs(const Zor16sc* src, Zor16s* dst, Zor32s len, 
 ZorStatus zorsPowerSpectr_16s_Sfs(const Zor16s* srcRe, const Zor16s* srcIm, Zor16s* dst, Zor32s len,
                                   Zor32s scaleFactor);
 
-/* Phase: the angles of complex elements, in [-pi, pi] as far as the direction lets pi round, with the conventions of atan2 for zeros and infinities; all
-   forms of one type give the same bits. 16s32f, 16sc32f: as 32f of the converted parts.
-   Numerics: 32f at most 0.51 ulp, 64f below 0.8 ulp, in rounding to nearest. _Sfs: the binary32 angle, at scales
-   below -28 and above 1 the binary64 angle, times 2^-scaleFactor, to nearest, ties to even, saturated, in every
-   direction; the parts of 32sc are converted to that float type first. */
+/* Phase: the angles of complex elements, in [-pi, pi] as far as the direction lets pi round, with the conventions of
+   atan2 for zeros and infinities; all forms of one type give the same bits. 16s32f, 16sc32f: as 32f of the converted
+   parts.
+   Numerics: errors below 0.7 ulp in rounding to nearest. _Sfs: the binary32 angle, at scales below -28 and above 1 the
+   binary64 angle, times 2^-scaleFactor, to nearest, ties to even, saturated, in every direction; the parts of 32sc are
+   converted to that float type first. */
 ZorStatus zorsPhase_32fc(const Zor32fc* src, Zor32f* dst, Zor32s len);
 ZorStatus zorsPhase_64fc(const Zor64fc* src, Zor64f* dst, Zor32s len);
 ZorStatus zorsPhase_32f(const Zor32f* srcRe, const Zor32f* srcIm, Zor32f* dst, Zor32s len);
@@ -919,10 +923,10 @@ ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* 
                                    Zor32s magnScaleFactor, Zor32s phaseScaleFactor);
 
 /* PolarToCart: re = magn * cos(phase), im = magn * sin(phase), for phases of any size.
-   Numerics: sine and cosine of 32f at most 0.57 ulp, of 64f below 0.8 ulp, in rounding to nearest, then one
-   product. NaN phases give NaN parts. 16sc, 32sc take binary32 and round to nearest, ties to even, saturated, in
-   every direction; NaN is the lowest integer. 16sc_Sfs: binary64, the phase is srcPhase[i] * 2^-phaseScaleFactor
-   radians (below -1008 as -1008), the parts are divided by 2^magnScaleFactor. */
+   Numerics: sine and cosine, each with an error below 0.8 ulp in rounding to nearest, then one product. NaN phases give
+   NaN parts. 16sc, 32sc take binary32 and round to nearest, ties to even, saturated, in every direction; NaN is the
+   lowest integer. 16sc_Sfs: binary64, the phase is srcPhase[i] * 2^-phaseScaleFactor radians (below -1008 as -1008),
+   the parts are divided by 2^magnScaleFactor. */
 ZorStatus zorsPolarToCart_32fc(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32fc* dst, Zor32s len);
 ZorStatus zorsPolarToCart_64fc(const Zor64f* srcMagn, const Zor64f* srcPhase, Zor64fc* dst, Zor32s len);
 ZorStatus zorsPolarToCart_32f(const Zor32f* srcMagn, const Zor32f* srcPhase, Zor32f* dstRe, Zor32f* dstIm, Zor32s len);
@@ -1494,8 +1498,8 @@ ZorStatus zorsFFTInv_CToC_64f_I(Zor64f* srcDstRe, Zor64f* srcDstIm, const ZorsFF
      Pack   R[0]        R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2]      N values
      Perm   R[0] R[N/2] R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]              N values
      CCS    R[0] 0      R[1] I[1]  R[2] I[2]  ...  R[N/2-1] I[N/2-1]  R[N/2] 0    N + 2 values
-   For odd N the R[N/2] term is absent, Perm is Pack and CCS has N + 1 values; N = 1: R[0], and R[0] 0 in CCS. Checks and buffer as for complex
-   transforms. */
+   For odd N the R[N/2] term is absent, Perm is Pack and CCS has N + 1 values; N = 1: R[0], and R[0] 0 in CCS. Checks
+   and buffer as for complex transforms. */
 ZorStatus zorsFFTFwd_RToPack_32f(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPack_32f_I(Zor32f* srcDst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);
 ZorStatus zorsFFTFwd_RToPerm_32f(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* buffer);

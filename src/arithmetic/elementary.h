@@ -1,10 +1,9 @@
 // Elementary functions of vectors: sine, cosine, the two-argument arc tangent, exponential and natural logarithm.
 //
-// Binary32 sine, cosine and arc tangent are evaluated in binary64 and narrowed at the end, which leaves little more
-// than that rounding; exponential and logarithm have fast polynomials of a few ulp. Binary64 functions carry what the
-// reduction cut off in a second word. Lanes that the vector code does not cover
-// (arguments beyond its reduction, infinities, quotients near the ends of the exponent range) go one by one to the
-// scalar function, and only where a block has such a lane.
+// The binary32 exponential and logarithm have fast polynomials of a few ulp. The other functions carry what a reduction
+// or a quotient rounds off in a second word, and one kernel serves both types. Lanes that the vector code does not
+// cover (arguments beyond its reduction, infinities, quotients near the ends of the exponent range) go one by one to
+// the scalar function, and only where a block has such a lane.
 //
 // Polynomials are minimax fits (relative error, Sollya's fpminimax, coefficients in binary64) over the reduced range.
 #pragma once
@@ -39,13 +38,27 @@ template <class V, class C, std::size_t n> ZORS_INLINE V horner(V z, const C (&c
   return sum;
 }
 
-// pi / 2 as the sum of three binary64 numbers.
-inline constexpr Zor64f halfPi[] = {0x1.921fb54442d18p0, 0x1.1a62633145c07p-54, -0x1.f1976b7ed8fbcp-110};
-inline constexpr Zor64f twoByPi = 0x1.45f306dc9c883p-1;
+// pi / 2 as the sum of three numbers.
+template <class F> inline constexpr F halfPi[] = {0x1.921fb54442d18p0, 0x1.1a62633145c07p-54, -0x1.f1976b7ed8fbcp-110};
+template <> inline constexpr Zor32f halfPi<Zor32f>[] = {0x1.921fb6p0f, -0x1.777a5cp-25f, -0x1.ee59dap-50f};
+template <class F> inline constexpr F twoByPi = F(0x1.45f306dc9c883p-1);
 
 template <class V> struct SineCosine { V sine, cosine; };
 
 namespace elementary {
+
+// S in sin r = r + r^3 S(r^2), C in cos r = 1 - r^2 / 2 + r^4 C(r^2).
+template <class F>
+inline constexpr F sinePolynomial[] = {-0x1.5555555555548p-3, 0x1.111111110f75ep-7,   -0x1.a01a019bf2523p-13,
+                                       0x1.71de355f3628cp-19, -0x1.ae5e549c421c4p-26, 0x1.5d8e4234a0139p-33};
+template <class F>
+inline constexpr F cosinePolynomial[] = {0x1.555555555554cp-5,   -0x1.6c16c16c15221p-10, 0x1.a01a019cbfa52p-16,
+                                         -0x1.27e4f812e7a89p-22, 0x1.1ee9f1714b279p-29,  -0x1.8fb13e9524cbap-37};
+template <>
+inline constexpr Zor32f sinePolynomial<Zor32f>[] = {-0x1.555556p-3f, 0x1.111198p-7f, -0x1.a082bp-13f, 0x1.874334p-19f};
+template <> inline constexpr Zor32f cosinePolynomial<Zor32f>[] = {0x1.555554p-5f, -0x1.6c1294p-10f, 0x1.9bc162p-16f};
+// From here on the nearest multiple of pi / 2 may be missed by more than some 2^-12.
+template <class F> inline constexpr F circularLimit = sizeof(F) == 4 ? F(0x1p12) : F(0x1p39);
 
 // From the sine and the cosine of r and the quadrant n: those of |x| = r + n * pi / 2, the sine with the sign of x.
 template <class V, class N> ZORS_INLINE SineCosine<V> turned(SineCosine<V> of, N n, V x) {
@@ -56,57 +69,53 @@ template <class V, class N> ZORS_INLINE SineCosine<V> turned(SineCosine<V> of, N
           differing(selectBySign(odd, of.cosine, of.sine), signOf(differing(second, odd)))};
 }
 
-}  // namespace elementary
-
-// Sine and cosine, at most 0.57 ulp.
-template <int L> ZORS_INLINE SineCosine<Vec<Zor32f, L>> sineCosine(Vec<Zor32f, L> x) {
-  static constexpr Zor64f s[] = {-0x1.555545240a148p-3, 0x1.110739fa9c914p-7, -0x1.99438783d9b13p-13};
-  static constexpr Zor64f c[] = {1.0, -0x1.ffffffd0bc7cep-2, 0x1.55553e0cd959ap-5, -0x1.6c087d15ac343p-10,
-                                 0x1.9933d66fa1335p-16};
-  const auto ax = magnitude(x);
-  const auto wide = toDouble(ax);
-  const auto n = nearestIntegral(mul(wide, same(wide, twoByPi)));
-  const auto r = fnma(n, same(n, halfPi[1]), fnma(n, same(n, halfPi[0]), wide));
-  const auto z = mul(r, r);
-  SineCosine<Vec<Zor32f, L>> y{toFloat(fma(mul(r, z), horner(z, s), r)), toFloat(horner(z, c))};
-  y = elementary::turned(y, toIntegerCurrent(n), x);
-  const auto beyond = notBelow(ax, same(ax, 0x1p30f));  // where quadrants leave 32 bits
-  if (any(beyond)) [[unlikely]] {
-    y.sine = replaceLanes(
-        y.sine, beyond, [](Zor32f a) { return static_cast<Zor32f>(std::sin(Zor64f{a})); }, x);
-    y.cosine = replaceLanes(
-        y.cosine, beyond, [](Zor32f a) { return static_cast<Zor32f>(std::cos(Zor64f{a})); }, x);
-  }
-  return y;
-}
-
-// Sine and cosine, below 0.8 ulp.
-template <int L> ZORS_INLINE SineCosine<Vec<Zor64f, L>> sineCosine(Vec<Zor64f, L> x) {
-  static constexpr Zor64f s[] = {-0x1.5555555555548p-3, 0x1.111111110f75ep-7,   -0x1.a01a019bf2523p-13,
-                                 0x1.71de355f3628cp-19, -0x1.ae5e549c421c4p-26, 0x1.5d8e4234a0139p-33};
-  static constexpr Zor64f c[] = {0x1.555555555554cp-5,   -0x1.6c16c16c15221p-10, 0x1.a01a019cbfa52p-16,
-                                 -0x1.27e4f812e7a89p-22, 0x1.1ee9f1714b279p-29,  -0x1.8fb13e9524cbap-37};
-  const auto ax = magnitude(x);
-  const auto n = nearestIntegral(mul(ax, same(ax, twoByPi)));
+// For |x| below the limit.
+template <class V> ZORS_INLINE SineCosine<V> reducedSineCosine(V x) {
+  using F = typename V::Element;
+  constexpr auto& words = halfPi<F>;
+  const auto ax = magnitude(x), one = same(x, F(1));
+  const auto n = nearestIntegral(mul(ax, same(ax, twoByPi<F>)));
   // r + rest = ax - n * pi / 2. The first difference is exact; it is a multiple of the last place of the product below,
   // so the error of the second difference is exact too.
-  const auto first = fnma(n, same(n, halfPi[0]), ax);
-  const auto product = mul(n, same(n, halfPi[1]));
+  const auto first = fnma(n, same(n, words[0]), ax);
+  const auto product = mul(n, same(n, words[1]));
   const auto r = sub(first, product);
-  const auto rest = fnma(n, same(n, halfPi[2]), sub(sub(sub(first, r), product), fms(n, same(n, halfPi[1]), product)));
-  const auto z = mul(r, r), halfZ = mul(z, same(z, 0.5)), one = same(z, 1.0), w = sub(one, halfZ);
+  const auto rest = fnma(n, same(n, words[2]), sub(sub(sub(first, r), product), fms(n, same(n, words[1]), product)));
+  const auto z = mul(r, r), halfZ = mul(z, same(z, F(0.5))), w = sub(one, halfZ);
   // sin = r + (rest * cos r + r z S(z)), cos = w + ((1 - w - z / 2) + (z z C(z) - r rest)).
-  const SineCosine<Vec<Zor64f, L>> reduced{
-      add(r, fma(mul(r, z), horner(z, s), mul(rest, w))),
-      add(w, add(sub(sub(one, w), halfZ), fnma(r, rest, mul(mul(z, z), horner(z, c)))))};
-  const auto quadrant = as<Zor64s>(add(n, same(n, 0x1.8p52)));  // the low bits hold n
-  auto y = elementary::turned(reduced, quadrant, x);
-  const auto beyond = notBelow(ax, same(ax, 0x1p39));  // where n may miss the nearest by more than 2^-13
-  if (any(beyond)) [[unlikely]] {
+  const SineCosine<V> reduced{
+      add(r, fma(mul(r, z), horner(z, sinePolynomial<F>), mul(rest, w))),
+      add(w, add(sub(sub(one, w), halfZ), fnma(r, rest, mul(mul(z, z), horner(z, cosinePolynomial<F>)))))};
+  using Bits = std::conditional_t<sizeof(F) == 4, Zor32s, Zor64s>;
+  constexpr F bias = sizeof(F) == 4 ? F(0x1.8p23) : F(0x1.8p52);
+  return turned(reduced, as<Bits>(add(n, same(n, bias))), x);  // the low bits of the sum hold n
+}
+
+// Of binary32 numbers below 2^30, evaluated in binary64.
+template <int L> [[gnu::noinline]] SineCosine<Vec<Zor32f, L>> wideSineCosine(Vec<Zor32f, L> x) {
+  const auto y = reducedSineCosine(toDouble(x));
+  return {toFloat(y.sine), toFloat(y.cosine)};
+}
+
+}  // namespace elementary
+
+// Sine and cosine, below 0.8 ulp.
+template <class V> ZORS_INLINE SineCosine<V> sineCosine(V x) {
+  using F = typename V::Element;
+  auto y = elementary::reducedSineCosine(x);
+  const auto ax = magnitude(x), far = notBelow(ax, same(ax, elementary::circularLimit<F>));
+  if (any(far)) [[unlikely]] {
+    auto beyond = far;
+    if constexpr (sizeof(F) == 4) {
+      const auto wide = elementary::wideSineCosine(x);
+      y = {select(far, y.sine, wide.sine), select(far, y.cosine, wide.cosine)};
+      beyond = notBelow(ax, same(ax, 0x1p30f));
+      if (!any(beyond)) return y;
+    }
     y.sine = replaceLanes(
-        y.sine, beyond, [](Zor64f a) { return std::sin(a); }, x);
+        y.sine, beyond, [](F a) { return static_cast<F>(std::sin(Zor64f{a})); }, x);
     y.cosine = replaceLanes(
-        y.cosine, beyond, [](Zor64f a) { return std::cos(a); }, x);
+        y.cosine, beyond, [](F a) { return static_cast<F>(std::cos(Zor64f{a})); }, x);
   }
   return y;
 }
@@ -130,36 +139,30 @@ template <class V> ZORS_INLINE Octant<V> octant(V y, V x) {
 
 }  // namespace elementary
 
-// The angle of (x, y) in [-pi, pi] with the conventions of atan2, at most 0.51 ulp.
-template <int L> ZORS_INLINE Vec<Zor32f, L> arcTangent(Vec<Zor32f, L> y, Vec<Zor32f, L> x) {
-  static constexpr Zor64f c[] = {-0x1.55555104052c5p-2, 0x1.9997e0308d673p-3,  -0x1.247373801a368p-3,
-                                 0x1.c4f1e169dbe94p-4,  -0x1.68e6fe5938699p-4, 0x1.1422c79a896f9p-4,
-                                 -0x1.6e19a18795e91p-5, 0x1.714b1bc02e61fp-6,  -0x1.df970ad26c093p-8,
-                                 0x1.23f92f28a78f3p-10};
-  auto [numerator, denominator, turns] = elementary::octant(y, x);
-  const auto one = same(x, 1.0f);
-  denominator = select(equal(denominator, same(x, 0.0f)), denominator, one);  // 0 / 0 counts as 0
-  const auto diagonal = equal(magnitude(numerator), denominator);             // infinities among them
-  numerator = select(diagonal, numerator, either(one, signOf(numerator)));
-  denominator = select(diagonal, denominator, one);
-  const auto q = div(toDouble(numerator), toDouble(denominator)), z = mul(q, q);
-  const auto angle = fma(toDouble(turns), same(z, halfPi[0]), fma(mul(q, z), horner(z, c), q));
-  return either(magnitude(toFloat(angle)), signOf(y));  // of zeros some directions change the sign
-}
-
 namespace elementary {
 
-// turns * pi / 2 + atan(numerator / denominator) without its sign; the denominator lies in [2^-400, 2^400], the
-// numerator is 0 or not far below that range.
-template <int L>
-ZORS_INLINE Vec<Zor64f, L> angleOf(Vec<Zor64f, L> numerator, Vec<Zor64f, L> denominator, Vec<Zor64f, L> turns) {
-  static constexpr Zor64f c[] = {-0x1.555555555553cp-2, 0x1.9999999995664p-3,  -0x1.24924922a149ap-3,
-                                 0x1.c71c70e177554p-4,  -0x1.745cf85a30998p-4, 0x1.3b11102094096p-4,
-                                 -0x1.10eb527a843f8p-4, 0x1.df098263b9f79p-5,  -0x1.9cb8a32239cd3p-5,
-                                 0x1.379326af7c425p-5,  -0x1.24d832d8c5b66p-6};
-  const auto one = same(numerator, 1.0), sign = signOf(numerator), low = magnitude(numerator), high = denominator;
+// pi / 4 as the sum of two numbers, the first with so many zeros at its end that its multiples up to pi are exact.
+template <class F> inline constexpr F quarterPi[] = {0x1.921fb54442d18p-1, 0x1.1a62633145c07p-55};
+template <> inline constexpr Zor32f quarterPi<Zor32f>[] = {0x1.921fbp-1f, 0x1.5110b4p-23f};
+// C in atan q = q + q^3 C(q^2), for q up to tan(pi / 8).
+template <class F>
+inline constexpr F arcTangentPolynomial[] = {-0x1.555555555553cp-2, 0x1.9999999995664p-3,  -0x1.24924922a149ap-3,
+                                             0x1.c71c70e177554p-4,  -0x1.745cf85a30998p-4, 0x1.3b11102094096p-4,
+                                             -0x1.10eb527a843f8p-4, 0x1.df098263b9f79p-5,  -0x1.9cb8a32239cd3p-5,
+                                             0x1.379326af7c425p-5,  -0x1.24d832d8c5b66p-6};
+template <>
+inline constexpr Zor32f arcTangentPolynomial<Zor32f>[] = {-0x1.555554p-2f, 0x1.99970ap-3f, -0x1.241d42p-3f,
+                                                          0x1.b7e4d6p-4f, -0x1.07d9a8p-4f};
+// Quotients are formed of numbers from its reciprocal up to this one: what they round off is then a normal number.
+template <class F> inline constexpr F largestOperand = sizeof(F) == 4 ? F(0x1p100) : F(0x1p400);
+
+// turns * pi / 2 + atan(numerator / denominator) without its sign; the numerator is 0 or not far below the
+// denominator's range.
+template <class V> ZORS_INLINE V angleOf(V numerator, V denominator, V turns) {
+  using F = typename V::Element;
+  const auto one = same(numerator, F(1)), sign = signOf(numerator), low = magnitude(numerator), high = denominator;
   // Above tan(pi / 8): atan(low / high) = pi / 4 - atan((high - low) / (high + low)), with what these two round off.
-  const auto far = below(mul(high, same(high, 0x1.a827999fcef32p-2)), low);
+  const auto far = below(mul(high, same(high, F(0x1.a827999fcef32p-2))), low);
   const auto difference = sub(low, high), total = add(high, low);
   const auto top = select(far, low, difference), bottom = select(far, high, total);
   const auto topRest = both(far, sub(low, add(difference, high))), bottomRest = both(far, sub(low, sub(total, high)));
@@ -168,31 +171,35 @@ ZORS_INLINE Vec<Zor64f, L> angleOf(Vec<Zor64f, L> numerator, Vec<Zor64f, L> deno
   const auto rest = mul(fnma(q, bottomRest, add(fnma(q, bottom, top), topRest)), reciprocal);
   // atan(q + rest) = q + (q z C(z) + rest / (1 + z)), where 1 / (1 + z) is 1 - z as far as it matters.
   const auto z = mul(q, q);
-  const auto curve = fma(mul(q, z), horner(z, c), fnma(z, rest, rest));
+  const auto curve = fma(mul(q, z), horner(z, arcTangentPolynomial<F>), fnma(z, rest, rest));
   const auto octants = add(add(turns, turns), differing(both(far, one), sign));
-  const auto offset = mul(octants, same(q, halfPi[0] / 2));  // exact: that constant ends in three zero bits
+  const auto offset = mul(octants, same(q, quarterPi<F>[0]));
   const auto signedQ = differing(q, sign), sum = add(offset, signedQ), error = add(sub(offset, sum), signedQ);
-  return add(sum, add(error, fma(octants, same(q, halfPi[1] / 2), differing(curve, sign))));
+  return add(sum, add(error, fma(octants, same(q, quarterPi<F>[1]), differing(curve, sign))));
 }
 
 }  // namespace elementary
 
-// The same, below 0.7 ulp.
-template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> y, Vec<Zor64f, L> x) {
+// The angle of (x, y) in [-pi, pi] with the conventions of atan2, below 0.7 ulp.
+template <class V> ZORS_INLINE V arcTangent(V y, V x) {
+  using F = typename V::Element;
   const auto [numerator, denominator, turns] = elementary::octant(y, x);
-  const auto smallest = same(x, 0x1p-400), zero = same(x, 0.0), low = magnitude(numerator);
-  const auto special = either(notBelow(denominator, same(x, 0x1p400)), both(below(low, smallest), unequal(low, zero)));
+  const auto largest = same(x, elementary::largestOperand<F>), smallest = same(x, 1 / elementary::largestOperand<F>);
+  const auto low = magnitude(numerator);
+  const auto special = either(notBelow(denominator, largest), both(below(low, smallest), unequal(low, same(x, F(0)))));
+  // Of zeros some directions would change the sign.
   auto angle = either(magnitude(elementary::angleOf(numerator, max(smallest, denominator), turns)), signOf(y));
   if (any(special)) [[unlikely]]
     angle = replaceLanes(
-        angle, special, [](Zor64f b, Zor64f a) { return std::atan2(b, a); }, y, x);
+        angle, special, [](F b, F a) { return static_cast<F>(std::atan2(Zor64f{b}, Zor64f{a})); }, y, x);
   return angle;
 }
 
-// The arc tangent of one argument, below 0.7 ulp.
+// The arc tangent of one binary64 argument, below 0.7 ulp.
 template <int L> ZORS_INLINE Vec<Zor64f, L> arcTangent(Vec<Zor64f, L> x) {
   const auto [numerator, denominator, turns] = elementary::octant(x, same(x, 1.0));
-  return either(magnitude(elementary::angleOf(numerator, min(same(x, 0x1p400), denominator), turns)), signOf(x));
+  const auto largest = same(x, elementary::largestOperand<Zor64f>);
+  return either(magnitude(elementary::angleOf(numerator, min(largest, denominator), turns)), signOf(x));
 }
 
 // e^x for arguments whose result is a normal number, 3 ulp: x = n ln 2 + r, a polynomial in r, n added to its exponent.

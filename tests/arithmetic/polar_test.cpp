@@ -146,7 +146,7 @@ void toCartesian(const char* name, ZorStatus (*call)(const R*, const R*, C*, Zor
       .verify(name);
 }
 TEST(PolarToCart, PairsAndPlanesHaveTheSameBits) {
-  toCartesian("zorsPolarToCart_32fc, zorsPolarToCart_32f", zorsPolarToCart_32fc, zorsPolarToCart_32f, 0.57);
+  toCartesian("zorsPolarToCart_32fc, zorsPolarToCart_32f", zorsPolarToCart_32fc, zorsPolarToCart_32f, 0.8);
   toCartesian("zorsPolarToCart_64fc, zorsPolarToCart_64f", zorsPolarToCart_64fc, zorsPolarToCart_64f, 0.8);
 }
 
