@@ -7,7 +7,7 @@
 
 namespace {
 
-using kinds::allChecks, kinds::BuiltInteger, kinds::IntegerKind, kinds::rounded;
+using kinds::BuiltInteger, kinds::IntegerKind, kinds::rounded;
 using kinds::scale, kinds::scales;
 
 constexpr IntegerKind<ZorsFFTSpec_C_16sc> c16sc = {"C_16sc",
@@ -307,13 +307,14 @@ TEST(FFTInteger16, TheFixedPathIsCloseToTheExactTransform) {
 }
 
 TEST(FFTInteger16, TransformsCheckTheSpecificationThenItsKindThenTheData) {
-  allChecks(c16sc, zorsFFTFwd_CToC_16sc_Sfs, zorsFFTInv_CToC_16sc_Sfs, zorsFFTFwd_CToC_16sc_ISfs,
-            zorsFFTInv_CToC_16sc_ISfs);
-  allChecks(c16s, zorsFFTFwd_CToC_16s_Sfs, zorsFFTInv_CToC_16s_Sfs, zorsFFTFwd_CToC_16s_ISfs, zorsFFTInv_CToC_16s_ISfs);
-  allChecks(r16s, zorsFFTFwd_RToPerm_16s_Sfs, zorsFFTInv_PermToR_16s_Sfs, zorsFFTFwd_RToPack_16s_Sfs,
-            zorsFFTInv_PackToR_16s_Sfs, zorsFFTFwd_RToCCS_16s_Sfs, zorsFFTInv_CCSToR_16s_Sfs,
-            zorsFFTFwd_RToPerm_16s_ISfs, zorsFFTInv_PermToR_16s_ISfs, zorsFFTFwd_RToPack_16s_ISfs,
-            zorsFFTInv_PackToR_16s_ISfs, zorsFFTFwd_RToCCS_16s_ISfs, zorsFFTInv_CCSToR_16s_ISfs);
+  kinds::contracts(c16sc, zorsFFTFwd_CToC_16sc_Sfs, zorsFFTInv_CToC_16sc_Sfs, zorsFFTFwd_CToC_16sc_ISfs,
+                   zorsFFTInv_CToC_16sc_ISfs);
+  kinds::contracts(c16s, zorsFFTFwd_CToC_16s_Sfs, zorsFFTInv_CToC_16s_Sfs, zorsFFTFwd_CToC_16s_ISfs,
+                   zorsFFTInv_CToC_16s_ISfs);
+  kinds::contracts(r16s, zorsFFTFwd_RToPerm_16s_Sfs, zorsFFTInv_PermToR_16s_Sfs, zorsFFTFwd_RToPack_16s_Sfs,
+                   zorsFFTInv_PackToR_16s_Sfs, zorsFFTFwd_RToCCS_16s_Sfs, zorsFFTInv_CCSToR_16s_Sfs,
+                   zorsFFTFwd_RToPerm_16s_ISfs, zorsFFTInv_PermToR_16s_ISfs, zorsFFTFwd_RToPack_16s_ISfs,
+                   zorsFFTInv_PackToR_16s_ISfs, zorsFFTFwd_RToCCS_16s_ISfs, zorsFFTInv_CCSToR_16s_ISfs);
 }
 
 TEST(FFTInteger16, WithoutMemoryNothingIsWritten) {

@@ -1,7 +1,6 @@
 // The integer kinds of specifications with their functions, and what their tests share.
 #pragma once
 
-#include "kit/contract.h"
 #include "transforms/fft_kinds.h"
 
 namespace kinds {
@@ -183,70 +182,5 @@ template <class T, class Spec> struct RealForms {
       }
   }
 };
-
-// ---- Checks -------------------------------------------------------------------------------------
-
-template <class S, class A, class B>
-void checks(const char* name, ZorStatus (*f)(const A*, B*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
-  const std::vector<A> src(20);
-  const std::vector<B> dst(20);
-  kit::Contract(f, src.data(), const_cast<B*>(dst.data()), good, 0, nullptr)
-      .template null<2>()
-      .template bad<2>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .untouched(dst)
-      .verify(name);
-}
-template <class S, class A>
-void checks(const char* name, ZorStatus (*f)(A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
-  std::vector<A> both(20);
-  kit::Contract(f, both.data(), good, 0, nullptr)
-      .template null<1>()
-      .template bad<1>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .untouched(both)
-      .verify(name);
-}
-template <class S, class A>
-void checks(const char* name, ZorStatus (*f)(const A*, const A*, A*, A*, const S*, Zor32s, Zor8u*), const S* good,
-            const S* foreign) {
-  const std::vector<A> src(20);
-  std::vector<A> dst(20), other(20);
-  kit::Contract(f, src.data(), src.data(), dst.data(), other.data(), good, 0, nullptr)
-      .template null<4>()
-      .template bad<4>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .template null<2>()
-      .template null<3>()
-      .untouched(dst)
-      .untouched(other)
-      .verify(name);
-}
-template <class S, class A>
-void checks(const char* name, ZorStatus (*f)(A*, A*, const S*, Zor32s, Zor8u*), const S* good, const S* foreign) {
-  std::vector<A> dst(20), other(20);
-  kit::Contract(f, dst.data(), other.data(), good, 0, nullptr)
-      .template null<2>()
-      .template bad<2>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .untouched(dst)
-      .untouched(other)
-      .verify(name);
-}
-template <class K, class... F> void allChecks(const K& kind, F... functions) {
-  typename K::Spec *good = nullptr, *foreign = nullptr;
-  ASSERT_EQ(kind.initAlloc(&good, 4, 8, 0), zorStatusOk);
-  ASSERT_EQ(kind.initAlloc(&foreign, 4, 8, 0), zorStatusOk);
-  *reinterpret_cast<Zor32u*>(foreign) = 8;
-  (checks(kind.name, functions, static_cast<const typename K::Spec*>(good),
-          static_cast<const typename K::Spec*>(foreign)),
-   ...);
-  *reinterpret_cast<Zor32u*>(foreign) = kind.tag;
-  EXPECT_EQ(kind.free(good), zorStatusOk);
-  EXPECT_EQ(kind.free(foreign), zorStatusOk);
-}
 
 }  // namespace kinds

@@ -3,7 +3,7 @@
 
 namespace {
 
-using kinds::allChecks, kinds::BuiltInteger, kinds::IntegerKind, kinds::rounded;
+using kinds::BuiltInteger, kinds::IntegerKind, kinds::rounded;
 using kinds::ccs, kinds::packed;
 using kinds::scale, kinds::scales;
 
@@ -158,14 +158,15 @@ TEST(FFTInteger, TheZerosOfTheFormatStayZerosWhateverTheFactor) {
 }
 
 TEST(FFTInteger, TransformsCheckTheSpecificationThenItsKindThenTheData) {
-  allChecks(c32sc, zorsFFTFwd_CToC_32sc_Sfs, zorsFFTInv_CToC_32sc_Sfs, zorsFFTFwd_CToC_32sc_ISfs,
-            zorsFFTInv_CToC_32sc_ISfs);
-  allChecks(c32s, zorsFFTFwd_CToC_32s_Sfs, zorsFFTInv_CToC_32s_Sfs, zorsFFTFwd_CToC_32s_ISfs, zorsFFTInv_CToC_32s_ISfs);
-  allChecks(r32s, zorsFFTFwd_RToPerm_32s_Sfs, zorsFFTInv_PermToR_32s_Sfs, zorsFFTFwd_RToPack_32s_Sfs,
-            zorsFFTInv_PackToR_32s_Sfs, zorsFFTFwd_RToCCS_32s_Sfs, zorsFFTInv_CCSToR_32s_Sfs,
-            zorsFFTFwd_RToPerm_32s_ISfs, zorsFFTInv_PermToR_32s_ISfs, zorsFFTFwd_RToPack_32s_ISfs,
-            zorsFFTInv_PackToR_32s_ISfs, zorsFFTFwd_RToCCS_32s_ISfs, zorsFFTInv_CCSToR_32s_ISfs);
-  allChecks(r16s32s, zorsFFTFwd_RToCCS_16s32s_Sfs, zorsFFTInv_CCSToR_32s16s_Sfs);
+  kinds::contracts(c32sc, zorsFFTFwd_CToC_32sc_Sfs, zorsFFTInv_CToC_32sc_Sfs, zorsFFTFwd_CToC_32sc_ISfs,
+                   zorsFFTInv_CToC_32sc_ISfs);
+  kinds::contracts(c32s, zorsFFTFwd_CToC_32s_Sfs, zorsFFTInv_CToC_32s_Sfs, zorsFFTFwd_CToC_32s_ISfs,
+                   zorsFFTInv_CToC_32s_ISfs);
+  kinds::contracts(r32s, zorsFFTFwd_RToPerm_32s_Sfs, zorsFFTInv_PermToR_32s_Sfs, zorsFFTFwd_RToPack_32s_Sfs,
+                   zorsFFTInv_PackToR_32s_Sfs, zorsFFTFwd_RToCCS_32s_Sfs, zorsFFTInv_CCSToR_32s_Sfs,
+                   zorsFFTFwd_RToPerm_32s_ISfs, zorsFFTInv_PermToR_32s_ISfs, zorsFFTFwd_RToPack_32s_ISfs,
+                   zorsFFTInv_PackToR_32s_ISfs, zorsFFTFwd_RToCCS_32s_ISfs, zorsFFTInv_CCSToR_32s_ISfs);
+  kinds::contracts(r16s32s, zorsFFTFwd_RToCCS_16s32s_Sfs, zorsFFTInv_CCSToR_32s16s_Sfs);
 }
 
 TEST(FFTInteger, WithoutMemoryNothingIsWritten) {

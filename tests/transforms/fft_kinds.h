@@ -3,8 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
 #include <optional>
+#include <utility>
+#include <vector>
 
+#include "kit/contract.h"
 #include "kit/guarded.h"
 #include "kit/services.h"
 #include "kit/values.h"
@@ -122,5 +128,40 @@ template <class S, class T> class Built {
   std::optional<kit::Guarded<Zor8u>> block_, work_;
   S* spec_ = nullptr;
 };
+
+// ---- Checks -------------------------------------------------------------------------------------
+
+// A transform tests the specification, its kind, then the data pointers, which stand before it; a null buffer is none.
+template <class S, class... P>
+void contract(const char* name, ZorStatus (*transform)(P...), const S* good, const S* foreign) {
+  std::vector<std::max_align_t> data(32);
+  const auto argument = [&]<class T>(std::type_identity<T>) -> T {
+    if constexpr (std::is_same_v<T, const S*>)
+      return good;
+    else if constexpr (std::is_pointer_v<T> && !std::is_same_v<T, Zor8u*>)
+      return reinterpret_cast<T>(data.data());
+    else
+      return T{};
+  };
+  constexpr std::size_t specAt = [] {
+    constexpr bool isSpec[] = {std::is_same_v<P, const S*>...};
+    return static_cast<std::size_t>(std::find(std::begin(isSpec), std::end(isSpec), true) - std::begin(isSpec));
+  }();
+  kit::Contract test(transform, argument(std::type_identity<P>{})...);
+  test.template null<specAt>().template bad<specAt>({foreign}, zorStatusBadContext);
+  [&]<std::size_t... at>(std::index_sequence<at...>) { (test.template null<at>(), ...); }
+  (std::make_index_sequence<specAt>{});
+  test.untouched(data).verify(name);
+}
+template <class K, class... F> void contracts(const K& kind, F... transforms) {
+  typename K::Spec *good = nullptr, *foreign = nullptr;
+  ASSERT_EQ(kind.initAlloc(&good, 4, 8, 0), zorStatusOk);
+  ASSERT_EQ(kind.initAlloc(&foreign, 4, 8, 0), zorStatusOk);
+  ++*reinterpret_cast<Zor32u*>(foreign);
+  (contract<typename K::Spec>(kind.name, transforms, good, foreign), ...);
+  --*reinterpret_cast<Zor32u*>(foreign);
+  EXPECT_EQ(kind.free(good), zorStatusOk);
+  EXPECT_EQ(kind.free(foreign), zorStatusOk);
+}
 
 }  // namespace kinds

@@ -209,88 +209,21 @@ TEST(FFTSpec, InitAllocReportsEveryFailureAndLeaksNothing) {
 
 // ---- Process functions: their checks ------------------------------------------------------------
 
-template <class S, class P>
-void processContract(const char* name, ZorStatus (*f)(const P*, P*, const S*, Zor8u*), const S* good, const S* foreign,
-                     std::vector<P>& data) {
-  const std::vector<P> src(data.size());
-  kit::Contract(f, src.data(), data.data(), good, nullptr)
-      .template null<2>()
-      .template bad<2>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .untouched(data)
-      .verify(name);
-}
-template <class S, class P>
-void processContract(const char* name, ZorStatus (*f)(P*, const S*, Zor8u*), const S* good, const S* foreign,
-                     std::vector<P>& data) {
-  kit::Contract(f, data.data(), good, nullptr)
-      .template null<1>()
-      .template bad<1>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .untouched(data)
-      .verify(name);
-}
-template <class S, class T>
-void processContract(const char* name, ZorStatus (*f)(const T*, const T*, T*, T*, const S*, Zor8u*), const S* good,
-                     const S* foreign, std::vector<T>& data) {
-  const std::vector<T> src(data.size());
-  auto other = data;
-  kit::Contract(f, src.data(), src.data(), data.data(), other.data(), good, nullptr)
-      .template null<4>()
-      .template bad<4>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .template null<2>()
-      .template null<3>()
-      .untouched(data)
-      .untouched(other)
-      .verify(name);
-}
-template <class S, class T>
-void processContract(const char* name, ZorStatus (*f)(T*, T*, const S*, Zor8u*), const S* good, const S* foreign,
-                     std::vector<T>& data) {
-  auto other = data;
-  kit::Contract(f, data.data(), other.data(), good, nullptr)
-      .template null<2>()
-      .template bad<2>({foreign}, zorStatusBadContext)
-      .template null<0>()
-      .template null<1>()
-      .untouched(data)
-      .untouched(other)
-      .verify(name);
-}
-
-template <class K, class P, class... F> void processContracts(const K& kind, std::vector<P> data, F... functions) {
-  typename K::Spec *good = nullptr, *foreign = nullptr;
-  ASSERT_EQ(kind.initAlloc(&good, 4, 8, 0), zorStatusOk);
-  ASSERT_EQ(kind.initAlloc(&foreign, 4, 8, 0), zorStatusOk);
-  ++*reinterpret_cast<Zor32u*>(foreign);
-  (processContract(kind.name, functions, static_cast<const typename K::Spec*>(good),
-                   static_cast<const typename K::Spec*>(foreign), data),
-   ...);
-  --*reinterpret_cast<Zor32u*>(foreign);
-  EXPECT_EQ(kind.free(good), zorStatusOk);
-  EXPECT_EQ(kind.free(foreign), zorStatusOk);
-}
-
 TEST(FFTProcess, ChecksTheSpecificationThenItsKindThenTheData) {
-  processContracts(kinds::c32fc, std::vector<Zor32fc>(16), zorsFFTFwd_CToC_32fc, zorsFFTInv_CToC_32fc,
-                   zorsFFTFwd_CToC_32fc_I, zorsFFTInv_CToC_32fc_I);
-  processContracts(kinds::c64fc, std::vector<Zor64fc>(16), zorsFFTFwd_CToC_64fc, zorsFFTInv_CToC_64fc,
-                   zorsFFTFwd_CToC_64fc_I, zorsFFTInv_CToC_64fc_I);
-  processContracts(kinds::c32f, std::vector<Zor32f>(16), zorsFFTFwd_CToC_32f, zorsFFTInv_CToC_32f,
-                   zorsFFTFwd_CToC_32f_I, zorsFFTInv_CToC_32f_I);
-  processContracts(kinds::c64f, std::vector<Zor64f>(16), zorsFFTFwd_CToC_64f, zorsFFTInv_CToC_64f,
-                   zorsFFTFwd_CToC_64f_I, zorsFFTInv_CToC_64f_I);
-  processContracts(kinds::r32f, std::vector<Zor32f>(18), zorsFFTFwd_RToPerm_32f, zorsFFTFwd_RToPack_32f,
-                   zorsFFTFwd_RToCCS_32f, zorsFFTInv_PermToR_32f, zorsFFTInv_PackToR_32f, zorsFFTInv_CCSToR_32f,
-                   zorsFFTFwd_RToPerm_32f_I, zorsFFTFwd_RToPack_32f_I, zorsFFTFwd_RToCCS_32f_I,
-                   zorsFFTInv_PermToR_32f_I, zorsFFTInv_PackToR_32f_I, zorsFFTInv_CCSToR_32f_I);
-  processContracts(kinds::r64f, std::vector<Zor64f>(18), zorsFFTFwd_RToPerm_64f, zorsFFTFwd_RToPack_64f,
-                   zorsFFTFwd_RToCCS_64f, zorsFFTInv_PermToR_64f, zorsFFTInv_PackToR_64f, zorsFFTInv_CCSToR_64f,
-                   zorsFFTFwd_RToPerm_64f_I, zorsFFTFwd_RToPack_64f_I, zorsFFTFwd_RToCCS_64f_I,
-                   zorsFFTInv_PermToR_64f_I, zorsFFTInv_PackToR_64f_I, zorsFFTInv_CCSToR_64f_I);
+  kinds::contracts(kinds::c32fc, zorsFFTFwd_CToC_32fc, zorsFFTInv_CToC_32fc, zorsFFTFwd_CToC_32fc_I,
+                   zorsFFTInv_CToC_32fc_I);
+  kinds::contracts(kinds::c64fc, zorsFFTFwd_CToC_64fc, zorsFFTInv_CToC_64fc, zorsFFTFwd_CToC_64fc_I,
+                   zorsFFTInv_CToC_64fc_I);
+  kinds::contracts(kinds::c32f, zorsFFTFwd_CToC_32f, zorsFFTInv_CToC_32f, zorsFFTFwd_CToC_32f_I, zorsFFTInv_CToC_32f_I);
+  kinds::contracts(kinds::c64f, zorsFFTFwd_CToC_64f, zorsFFTInv_CToC_64f, zorsFFTFwd_CToC_64f_I, zorsFFTInv_CToC_64f_I);
+  kinds::contracts(kinds::r32f, zorsFFTFwd_RToPerm_32f, zorsFFTFwd_RToPack_32f, zorsFFTFwd_RToCCS_32f,
+                   zorsFFTInv_PermToR_32f, zorsFFTInv_PackToR_32f, zorsFFTInv_CCSToR_32f, zorsFFTFwd_RToPerm_32f_I,
+                   zorsFFTFwd_RToPack_32f_I, zorsFFTFwd_RToCCS_32f_I, zorsFFTInv_PermToR_32f_I,
+                   zorsFFTInv_PackToR_32f_I, zorsFFTInv_CCSToR_32f_I);
+  kinds::contracts(kinds::r64f, zorsFFTFwd_RToPerm_64f, zorsFFTFwd_RToPack_64f, zorsFFTFwd_RToCCS_64f,
+                   zorsFFTInv_PermToR_64f, zorsFFTInv_PackToR_64f, zorsFFTInv_CCSToR_64f, zorsFFTFwd_RToPerm_64f_I,
+                   zorsFFTFwd_RToPack_64f_I, zorsFFTFwd_RToCCS_64f_I, zorsFFTInv_PermToR_64f_I,
+                   zorsFFTInv_PackToR_64f_I, zorsFFTInv_CCSToR_64f_I);
 }
 
 TEST(FFTProcess, WithoutABufferTheWorkMemoryIsAllocatedAndReleased) {
