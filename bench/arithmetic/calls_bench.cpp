@@ -1,6 +1,6 @@
 // What a call of eight elements costs, over one that only checks its arguments.
 #include "kit/bench.h"
-#include "zors.h"
+#include "zors/arithmetic.h"
 
 namespace {
 

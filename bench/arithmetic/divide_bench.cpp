@@ -2,7 +2,8 @@
 #include <limits>
 
 #include "kit/bench.h"
-#include "zors.h"
+#include "zors/arithmetic.h"
+#include "zors/memory.h"
 
 #ifdef HAVE_VOLK
 #include <volk/volk.h>

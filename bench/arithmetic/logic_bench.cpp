@@ -1,5 +1,5 @@
 #include "kit/bench.h"
-#include "zors.h"
+#include "zors/arithmetic.h"
 
 namespace {
 

@@ -1,4 +1,5 @@
 #include "arithmetic/scaled_loops.h"
+#include "zors/arithmetic.h"
 
 #ifdef HAVE_VOLK
 #include <volk/volk.h>

@@ -7,7 +7,6 @@
 #include <type_traits>
 
 #include "kit/bench.h"
-#include "zors.h"
 
 namespace bench {
 

@@ -1,7 +1,7 @@
 #include <algorithm>
 
 #include "kit/bench.h"
-#include "zors.h"
+#include "zors/statistics.h"
 
 #ifdef HAVE_VOLK
 #include <volk/volk.h>

@@ -3,7 +3,7 @@
 #include <numeric>
 
 #include "kit/bench.h"
-#include "zors.h"
+#include "zors/statistics.h"
 
 #ifdef HAVE_VOLK
 #include <volk/volk.h>

@@ -1,5 +1,6 @@
 // zorsAdd_*: sums of two vectors.
-#include "arithmetic/elementwise.h"
+#include "exports/arithmetic.h"
+#include "frame/elementwise.h"
 
 namespace zors {
 namespace {
@@ -35,7 +36,7 @@ ZorStatus add64(const Zor64s* src1, const Zor64s* src2, Zor64s* dst, Zor32s len,
     if (scaleFactor < 2 || scaleFactor > 63)  // from 64 on zeros, also where the rule would give 1
       return mapScaled(Plus{}, scaleFactor == 64 ? 65 : scaleFactor, len, dst, src1, src2);
     const ScaleDown64 scale{scaleFactor};
-    map<block<Zor64s>>([=](auto a, auto b) ZORS_INLINE_LAMBDA { return scale(Sum{a, b}); }, len, dst, src1, src2);
+    map<mapStep<Zor64s>>([=](auto a, auto b) ZORS_INLINE_LAMBDA { return scale(Sum{a, b}); }, len, dst, src1, src2);
   });
 }
 

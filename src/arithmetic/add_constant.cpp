@@ -1,5 +1,6 @@
 // zorsAddC_*: sums of a vector and a constant.
-#include "arithmetic/elementwise.h"
+#include "exports/arithmetic.h"
+#include "frame/elementwise.h"
 
 namespace zors {
 namespace {
@@ -47,16 +48,16 @@ template <class T> ZorStatus addRounded(const T* src, T val, T* dst, Zor32u len,
   return check().pointers(src, dst).require(len != 0, zorStatusBadSize).then([&] {
     const auto exact = [=](auto x) ZORS_INLINE_LAMBDA { return Sum{x, same(x, val)}; };
     const auto run = [&](auto scale) {
-      map<block<T>>([=](auto x) ZORS_INLINE_LAMBDA { return scale(exact(x)); }, len, dst, src);
+      map<mapStep<T>>([=](auto x) ZORS_INLINE_LAMBDA { return scale(exact(x)); }, len, dst, src);
     };
-    constexpr int largest = largestShift<Sum<Vec<T, block<T>>>>;
+    constexpr int largest = largestShift<Sum<Vec<T, mapStep<T>>>>;
     const bool even = rnd == zorRoundNearestEven, truncates = rnd == zorRoundTowardZero;
     if (scaleFactor == 0)
       run(ScaleNone<T>{});
     else if (scaleFactor < 0)
       run(ScaleUp<T>{scaleFactor < -64 ? 64 : -scaleFactor});
     else if (scaleFactor > largest && (std::is_unsigned_v<T> || scaleFactor > 65 || even || truncates))
-      map<block<T>>([]() ZORS_INLINE_LAMBDA { return splat<Vec<T, block<T>>>(0); }, len, dst);
+      map<mapStep<T>>([]() ZORS_INLINE_LAMBDA { return splat<Vec<T, mapStep<T>>>(0); }, len, dst);
     else if (scaleFactor > largest)
       run(RoundLeastAway{});
     else if (truncates)

@@ -1,5 +1,7 @@
 // zorsAddProduct_*, zorsAddProductC_*: products added to a vector.
-#include "arithmetic/products.h"
+#include "exports/arithmetic.h"
+#include "exports/memory.h"
+#include "frame/products.h"
 
 namespace zors {
 namespace {
@@ -27,14 +29,14 @@ struct AddProduct {
 
 template <class T> ZorStatus addProduct(const T* src1, const T* src2, T* srcDst, Zor32s len) {
   return check().pointers(src1, src2, srcDst).size(len).then([&] {
-    map<block<T>>(AddProduct{}, len, srcDst, src1, src2, static_cast<const T*>(srcDst));
+    map<mapStep<T>>(AddProduct{}, len, srcDst, src1, src2, static_cast<const T*>(srcDst));
   });
 }
 
 // The exact product is scaled and saturated, then added with saturation.
 template <class Op, class D, class S>
 void addScaledProduct(const S* src1, const S* src2, D* srcDst, Zor32s len, Zor32s scaleFactor) {
-  constexpr int L = block<D, S>;
+  constexpr int L = mapStep<D, S>;
   using Exact = decltype(Op{}(std::declval<Vec<S, L>>(), std::declval<Vec<S, L>>()));
   if (scaleFactor > largestShift<Exact>) return;  // every product rounds to 0
   withScale<D, Exact>(scaleFactor, [&](auto scale) {
@@ -70,7 +72,7 @@ ZorStatus zorsAddProduct_32s_Sfs(const Zor32s* src1, const Zor32s* src2, Zor32s*
 
 ZorStatus zorsAddProductC_32f(const Zor32f* src, Zor32f val, Zor32f* srcDst, Zor32s len) {
   return check().pointers(src, srcDst).size(len).then([&] {
-    map<block<Zor32f>>([=](auto x, auto y) ZORS_INLINE_LAMBDA { return fma(x, same(x, val), y); }, len, srcDst, src,
+    map<mapStep<Zor32f>>([=](auto x, auto y) ZORS_INLINE_LAMBDA { return fma(x, same(x, val), y); }, len, srcDst, src,
                        static_cast<const Zor32f*>(srcDst));
   });
 }

@@ -5,7 +5,8 @@
 #include <bit>
 #include <limits>
 
-#include "arithmetic/products.h"
+#include "frame/products.h"
+#include "zors/types.h"
 
 namespace zors {
 

@@ -1,6 +1,7 @@
 // zorsDivC_* of integers of 8 and 16 bits, zorsDivCRev_16u.
 #include "arithmetic/divide.h"
 #include "arithmetic/known_results.h"
+#include "exports/arithmetic.h"
 
 namespace zors {
 namespace {
@@ -8,7 +9,7 @@ namespace {
 template <class T>
 [[gnu::flatten, gnu::noinline]] ZorStatus quotients(const T* src, T val, T* dst, Zor32s len, int scale) {
   return withDivision<T, T, zorRoundNearestEven>(scale, [&](auto division) {
-    return map<block<T>>(DivisionBy{division, val}, len, dst, src).division.status();
+    return map<mapStep<T>>(DivisionBy{division, val}, len, dst, src).division.status();
   });
 }
 // Above the range all elements are zeros, also the one that for 16u would round to 1.
@@ -22,7 +23,7 @@ template <class T> ZorStatus dividedBy(const T* src, T val, T* dst, Zor32s len, 
   const bool isZero = val.re == 0 && val.im == 0;
   return check().pointers(src, dst).size(len).require(!isZero, zorStatusDivideByZero).then([&] {
     const ComplexIntegerDivision division(ScaleRange{-16, 32, -96}.drawnIn(scaleFactor));
-    return map<block<Zor16sc>>(DivisionBy{division, val}, len, dst, src).division.status();
+    return map<mapStep<Zor16sc>>(DivisionBy{division, val}, len, dst, src).division.status();
   });
 }
 

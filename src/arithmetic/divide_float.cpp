@@ -1,5 +1,6 @@
 // zorsDiv_* of floats, zorsDivC_* of floats, zorsDivCRev_32f.
 #include "arithmetic/divide.h"
+#include "exports/arithmetic.h"
 
 namespace zors {
 namespace {
@@ -38,7 +39,7 @@ template <class Part> class ComplexDivision {
 template <class Division, class T>
 [[gnu::flatten, gnu::noinline]] ZorStatus divided(const T* src1, const T* src2, T* dst, Zor32s len) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
-    return map<block<T>>(Division{}, len, dst, src1, src2).status();
+    return map<mapStep<T>>(Division{}, len, dst, src1, src2).status();
   });
 }
 

@@ -1,5 +1,6 @@
 // zorsDiv_*, zorsDiv_Round_* of integers: exact quotients of two vectors.
 #include "arithmetic/divide.h"
+#include "exports/arithmetic.h"
 
 namespace zors {
 namespace {
@@ -11,7 +12,7 @@ constexpr ScaleRange range8u{-16, 8, -16}, range16s{-29, 15, -96}, range16u{-15,
 template <ZorRoundMode rnd, class D, class S1, class S2>
 [[gnu::flatten, gnu::noinline]] ZorStatus quotients(const S1* src1, const S2* src2, D* dst, Zor32s len, int scale) {
   return withDivision<D, S2, rnd>(scale, [&](auto division) ZORS_INLINE_LAMBDA {
-    return map<block<D, S1, S2>>(division, len, dst, src1, src2).status();
+    return map<mapStep<D, S1, S2>>(division, len, dst, src1, src2).status();
   });
 }
 
@@ -25,7 +26,7 @@ ZorStatus divided(const S1* src1, const S2* src2, D* dst, Zor32s len, Zor32s sca
                                                   Zor32s scaleFactor) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
     const int scale = ScaleRange{-32, 32, -96}.drawnIn(scaleFactor);
-    return map<block<Zor16sc>>(ComplexIntegerDivision(scale), len, dst, src1, src2).status();
+    return map<mapStep<Zor16sc>>(ComplexIntegerDivision(scale), len, dst, src1, src2).status();
   });
 }
 

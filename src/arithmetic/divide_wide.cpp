@@ -1,8 +1,9 @@
 // zorsDivC_64s_ISfs: quotients of 64 bits by a constant.
 #include <algorithm>
 
-#include "arithmetic/elementwise.h"
 #include "arithmetic/signed_64.h"
+#include "exports/arithmetic.h"
+#include "frame/elementwise.h"
 
 namespace zors {
 namespace {

@@ -2,6 +2,7 @@
 // exports that move and clear raw bits, whose checks apply.
 #pragma once
 
+#include "exports/memory.h"
 #include "frame/check.h"
 
 namespace zors {

@@ -1,6 +1,7 @@
 // zorsAnd_*, zorsOr_*, zorsXor_*, zorsAndC_*, zorsOrC_*, zorsXorC_*, zorsNot_*: bitwise logic.
-#include "arithmetic/elementwise.h"
 #include "arithmetic/known_results.h"
+#include "exports/arithmetic.h"
+#include "frame/elementwise.h"
 
 namespace zors {
 namespace {

@@ -1,6 +1,7 @@
 // zorsMul_*: products of two vectors.
-#include "arithmetic/products.h"
+#include "frame/products.h"
 
+#include "exports/arithmetic.h"
 #include "frame/rounding.h"
 
 namespace zors {
@@ -18,7 +19,7 @@ struct TimesToFloat {
 ZorStatus inDouble(const Zor32s* src1, const Zor32s* src2, Zor32s* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
-    map<block<Zor32s>>(TimesInDouble{productFactor(scaleFactor)}, len, dst, src1, src2);
+    map<mapStep<Zor32s>>(TimesInDouble{productFactor(scaleFactor)}, len, dst, src1, src2);
   });
 }
 
@@ -38,13 +39,13 @@ ZorStatus zorsMul_Low_32s_Sfs(const Zor32s* src1, const Zor32s* src2, Zor32s* ds
       return mapScaled(Times{}, scaleFactor < 0 ? scaleFactor : 64, len, dst, src1, src2);
     const int down = std::max(scaleFactor, 0), up = std::max(-scaleFactor, 0);
     if (scaleFactor > 0)
-      map<block<Zor32s>>(
+      map<mapStep<Zor32s>>(
           [=](auto a, auto b) ZORS_INLINE_LAMBDA {
             return lowHalves(a, b, [=](auto t) ZORS_INLINE_LAMBDA { return shiftRight(t, down); });
           },
           len, dst, src1, src2);
     else
-      map<block<Zor32s>>([=](auto a, auto b) ZORS_INLINE_LAMBDA { return shiftLeft(mul(a, b), up); }, len, dst, src1,
+      map<mapStep<Zor32s>>([=](auto a, auto b) ZORS_INLINE_LAMBDA { return shiftLeft(mul(a, b), up); }, len, dst, src1,
                          src2);
   });
 }

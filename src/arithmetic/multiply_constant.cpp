@@ -2,9 +2,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "arithmetic/convert_round.h"
-#include "arithmetic/products.h"
 #include "arithmetic/signed_64.h"
+#include "exports/arithmetic.h"
+#include "frame/convert_round.h"
+#include "frame/products.h"
 
 namespace zors {
 namespace {
@@ -15,7 +16,7 @@ ZorStatus inDouble(const Zor32s* src, Zor32s val, Zor32s* dst, Zor32s len, Zor32
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
     const Zor64f factor = productFactor(scaleFactor) * val;  // exact, whichever operand the power of two joins
-    map<block<Zor32s>>(
+    map<mapStep<Zor32s>>(
         [=](auto x) ZORS_INLINE_LAMBDA {
           const auto y = toDouble(x);
           return toSaturated32s(mul(y, same(y, factor)));
@@ -77,7 +78,7 @@ ZorStatus zorsMulC_32f16s_Sfs(const Zor32f* src, Zor32f val, Zor16s* dst, Zor32s
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
     const auto factor = static_cast<Zor32f>(inScope(val * scalePower(std::clamp(scaleFactor, -512, 512))));
-    map<block<Zor16s>>([=](auto x) ZORS_INLINE_LAMBDA { return to16s<Rounding::nearestEven>(mul(x, same(x, factor))); },
+    map<mapStep<Zor16s>>([=](auto x) ZORS_INLINE_LAMBDA { return to16s<Rounding::nearestEven>(mul(x, same(x, factor))); },
                        len, dst, src);
   });
 }
@@ -85,7 +86,7 @@ ZorStatus zorsMulC_32f16s_Sfs(const Zor32f* src, Zor32f val, Zor16s* dst, Zor32s
 // In the current rounding direction; products past 32 bits convert to 0x80000000.
 ZorStatus zorsMulC_Low_32f16s(const Zor32f* src, Zor32f val, Zor16s* dst, Zor32s len) {
   return check().pointers(src, dst).size(len).then([&] {
-    map<block<Zor16s>>([=](auto x)
+    map<mapStep<Zor16s>>([=](auto x)
                            ZORS_INLINE_LAMBDA { return saturate<Zor16s>(toIntegerCurrent(mul(x, same(x, val)))); },
                        len, dst, src);
   });

@@ -1,6 +1,7 @@
 // zorsLShiftC_*, zorsRShiftC_*: shifts by a constant count. zorsLShiftC_16s is zorsLShiftC_16u.
-#include "arithmetic/elementwise.h"
 #include "arithmetic/known_results.h"
+#include "exports/arithmetic.h"
+#include "frame/elementwise.h"
 
 namespace zors {
 namespace {
@@ -20,7 +21,7 @@ template <class Shift, class T> ZorStatus shifted(const T* src, Zor32s val, T* d
   if (val == 0) return copied(src, dst, len);
   if (Shift::template fillsWithZeros<T> && val >= int{8 * sizeof(T)}) return zeroed(src, dst, len);
   return check().pointers(src, dst).size(len).require(val > 0, zorStatusBadShift).then([&] {
-    map<block<T>>([=](auto x) ZORS_INLINE_LAMBDA { return Shift{}(x, val); }, len, dst, src);
+    map<mapStep<T>>([=](auto x) ZORS_INLINE_LAMBDA { return Shift{}(x, val); }, len, dst, src);
   });
 }
 

@@ -3,7 +3,8 @@
 
 #include <cstddef>
 
-#include "zors.h"
+#include "zors/types.h"
+
 
 namespace zors {
 

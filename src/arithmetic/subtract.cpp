@@ -1,5 +1,6 @@
 // zorsSub_*: differences of two vectors, the second operand less the first.
-#include "arithmetic/elementwise.h"
+#include "exports/arithmetic.h"
+#include "frame/elementwise.h"
 
 namespace zors {
 namespace {

@@ -1,5 +1,6 @@
 // zorsSubC_*, zorsSubCRev_*: differences of a vector and a constant, src - val and val - src.
-#include "arithmetic/elementwise.h"
+#include "exports/arithmetic.h"
+#include "frame/elementwise.h"
 
 namespace zors {
 namespace {

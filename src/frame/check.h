@@ -7,7 +7,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "frame/internal.h"
+#include "zors/types.h"
+
 
 namespace zors {
 

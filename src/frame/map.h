@@ -11,7 +11,7 @@
 namespace zors {
 
 // Elements per step such that the narrowest of the types fills one register.
-template <class... T> inline constexpr int block = 32 / int{std::min({sizeof(T)...})};
+template <class... T> inline constexpr int mapStep = 32 / int{std::min({sizeof(T)...})};
 
 namespace detail {
 

@@ -4,7 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "frame/internal.h"
+#include "exports/memory.h"
+
 
 namespace zors {
 

@@ -5,6 +5,7 @@
 #include <cstring>
 
 #include "frame/simd.h"
+#include "zors/types.h"
 
 namespace zors::simd {
 namespace part {

@@ -9,6 +9,7 @@
 #include <type_traits>
 
 #include "frame/simd.h"
+#include "zors/types.h"
 
 namespace zors {
 

@@ -2,7 +2,7 @@
 #include <cstddef>
 #include <type_traits>
 
-#include "frame/internal.h"
+#include "zors.h"
 
 namespace zors {
 namespace {

@@ -13,7 +13,8 @@
 #include <type_traits>
 #include <utility>
 
-#include "zors.h"
+#include "zors/types.h"
+
 
 #define ZORS_INLINE [[gnu::always_inline]] inline
 #define ZORS_INLINE_LAMBDA __attribute__((always_inline))  // between the parameters and the body

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "statistics/partial_sums.h"
+#include "zors/types.h"
 
 namespace zors::sums {
 

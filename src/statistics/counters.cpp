@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/rows.h"
 

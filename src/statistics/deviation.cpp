@@ -1,6 +1,7 @@
 // zorsStdDev_*, zorsMeanStdDev_*: the root of V / (n (n - 1)) with V = n * sum of squares - (sum)^2, not below 0.
 #include <cmath>
 
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/exact_sums.h"
 #include "statistics/partial_sums.h"

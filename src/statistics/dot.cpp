@@ -1,4 +1,5 @@
 // zorsDotProd_* of floats. Products and sums round apart.
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/complex_products.h"
 

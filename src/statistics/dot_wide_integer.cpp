@@ -1,5 +1,6 @@
 // zorsDotProd_32s_Sfs, zorsDotProd_32s32sc_Sfs, zorsDotProd_32sc_Sfs, zorsDotProd_16s32s32s_Sfs: through binary64,
 // always to nearest, whatever the caller's direction is.
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "frame/rounding.h"
 #include "statistics/complex_products.h"

@@ -1,4 +1,5 @@
 // zorsMaxEvery_*, zorsMinEvery_*: the greater or the smaller of two elements; the second where neither is.
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/extremes.h"
 
@@ -10,7 +11,7 @@ using extremes::Min;
 
 template <class Side, class T> ZorStatus every(const T* src1, const T* src2, T* dst, Zor32s len) {
   return check().pointers(src1, src2, dst).size(len).then([&] {
-    map<block<T>>([](auto a, auto b) ZORS_INLINE_LAMBDA { return Side::pick(a, b); }, len, dst, src1, src2);
+    map<mapStep<T>>([](auto a, auto b) ZORS_INLINE_LAMBDA { return Side::pick(a, b); }, len, dst, src1, src2);
   });
 }
 

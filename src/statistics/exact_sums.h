@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "statistics/rows.h"
+#include "zors/types.h"
 
 namespace zors::exact {
 

@@ -14,6 +14,7 @@
 
 #include "frame/map.h"
 #include "statistics/rows.h"
+#include "zors/types.h"
 
 namespace zors::extremes {
 

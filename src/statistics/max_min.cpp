@@ -1,4 +1,5 @@
 // zorsMax_*, zorsMin_*, zorsMaxIndx_*, zorsMinIndx_*, zorsMaxAbs_*, zorsMinAbs_*, zorsMaxAbsIndx_*, zorsMinAbsIndx_*.
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/extremes.h"
 

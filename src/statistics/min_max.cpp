@@ -1,4 +1,5 @@
 // zorsMinMax_*, zorsMinMaxIndx_*: both extremes in one pass.
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/extremes.h"
 

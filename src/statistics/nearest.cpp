@@ -1,4 +1,5 @@
 // zorsFindNearestOne_16u, zorsFindNearest_16u: the nearest entry of an ascending table.
+#include "exports/statistics.h"
 #include "frame/check.h"
 
 namespace zors {

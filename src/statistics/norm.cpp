@@ -1,6 +1,7 @@
 // zorsNorm_*, zorsNormDiff_* of floats.
 #include <cmath>
 
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/extremes.h"
 #include "statistics/partial_sums.h"

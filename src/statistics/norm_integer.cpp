@@ -2,6 +2,7 @@
 #include <bit>
 #include <cmath>
 
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/exact_sums.h"
 #include "statistics/extremes.h"

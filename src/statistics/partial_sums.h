@@ -4,6 +4,7 @@
 #pragma once
 
 #include "statistics/rows.h"
+#include "zors/types.h"
 
 namespace zors::sums {
 

@@ -7,7 +7,8 @@
 #include <bit>
 #include <limits>
 
-#include "zors.h"
+#include "zors/types.h"
+
 
 namespace zors {
 

@@ -1,4 +1,5 @@
 // zorsSum_*, zorsMean_*.
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/exact_sums.h"
 #include "statistics/partial_sums.h"

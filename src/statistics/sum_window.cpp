@@ -1,4 +1,5 @@
 // zorsSumWindow_*: sums of a moving window.
+#include "exports/statistics.h"
 #include "frame/check.h"
 #include "statistics/partial_sums.h"
 

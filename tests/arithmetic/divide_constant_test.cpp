@@ -1,4 +1,5 @@
-#include "quotient_model.h"
+#include "arithmetic/quotient_model.h"
+#include "zors/arithmetic.h"
 
 namespace {
 

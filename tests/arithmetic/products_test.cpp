@@ -1,7 +1,8 @@
 // Products of two vectors, of a vector and a constant, and products added to a vector.
 #include <cfenv>
 
-#include "arithmetic/scale_model.h"
+#include "kit/scale_model.h"
+#include "zors/arithmetic.h"
 
 namespace {
 

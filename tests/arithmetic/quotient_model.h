@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "kit/elementwise.h"
+#include "zors/types.h"
 
 namespace quotient {
 

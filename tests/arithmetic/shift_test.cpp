@@ -1,4 +1,5 @@
 #include "kit/elementwise.h"
+#include "zors/arithmetic.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // Sums and differences of two vectors.
-#include "arithmetic/scale_model.h"
+#include "kit/scale_model.h"
+#include "zors/arithmetic.h"
 
 namespace {
 

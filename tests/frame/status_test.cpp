@@ -1,3 +1,4 @@
+#include "zors/types.h"
 #include "zors_status.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +12,7 @@ extern "C" int zorsHeadersInC();
 namespace {
 
 TEST(Status, NamesAndTextsAreThoseOfTheHeader) {
-  std::ifstream header(ZORS_SOURCE_DIR "/include/zors.h");
+  std::ifstream header(ZORS_SOURCE_DIR "/include/zors/types.h");
   int codes = 0;
   for (std::string line; std::getline(header, line);) {
     char name[64];

@@ -8,6 +8,7 @@
 #include "frame/rounding.h"
 #include "kit/elementwise.h"
 #include "kit/services.h"
+#include "zors/types.h"
 
 namespace {
 

@@ -9,6 +9,7 @@
 
 #include "kit/guarded.h"
 #include "kit/values.h"
+#include "zors/types.h"
 
 namespace kit {
 

@@ -13,7 +13,8 @@
 #include <tuple>
 #include <vector>
 
-#include "zors.h"
+#include "zors/types.h"
+
 
 namespace kit {
 

@@ -7,6 +7,7 @@
 #include "kit/contract.h"
 #include "kit/guarded.h"
 #include "kit/values.h"
+#include "zors/types.h"
 
 namespace kit {
 

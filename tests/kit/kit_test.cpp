@@ -4,6 +4,7 @@
 #include "kit/contract.h"
 #include "kit/elementwise.h"
 #include "kit/services.h"
+#include "zors/memory.h"
 
 namespace {
 

@@ -12,7 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "zors.h"
+#include "zors/types.h"
+
 
 namespace kit {
 

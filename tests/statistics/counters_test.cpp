@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "kit/elementwise.h"
+#include "zors/statistics.h"
 
 namespace {
 

@@ -1,5 +1,6 @@
 // zorsMax*, zorsMin*, zorsMinMax*, with and without index, of elements and magnitudes.
 #include "kit/elementwise.h"
+#include "zors/statistics.h"
 
 namespace {
 

@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "kit/elementwise.h"
+#include "zors/types.h"
 
 namespace kit {
 

@@ -1,4 +1,5 @@
 #include "statistics/models.h"
+#include "zors/statistics.h"
 
 namespace {
 

@@ -1,0 +1,289 @@
+// Complex points in vector registers: L real parts in one register, L imaginary parts in another. Kernels of small
+// orders have fewer points than a 256-bit register has lanes, so registers of 128 bits serve here too.
+//
+// Interleaved points are taken apart and put together within 128-bit halves, which leaves them in "lane order": lane l
+// of a 256-bit register holds point lanePoint<T>(l). The order is its own inverse. Work arrays and twiddle tables keep
+// it, so that values cross from one half to the other in the one transposition of a transform and nowhere else.
+#pragma once
+
+#include "frame/simd.h"
+#include "zors/types.h"
+
+namespace zors::fft {
+
+template <class T, int L> struct LaneRegister;
+template <> struct LaneRegister<Zor32f, 8> { using type = __m256; };
+template <> struct LaneRegister<Zor32f, 4> { using type = __m128; };
+template <> struct LaneRegister<Zor64f, 4> { using type = __m256d; };
+template <> struct LaneRegister<Zor32f, 1> { using type = Zor32f; };
+template <> struct LaneRegister<Zor64f, 1> { using type = Zor64f; };
+
+template <class T> inline constexpr int fullLanes = 32 / int{sizeof(T)};
+
+// The two middle quarters of a register change places.
+template <class T> constexpr int lanePoint(int lane) {
+  constexpr int quarter = fullLanes<T> / 4;
+  const int at = lane / quarter;
+  return lane % quarter + quarter * (at == 1 ? 2 : at == 2 ? 1 : at);
+}
+
+// Operators round once each; nothing is fused but by fma and fnma.
+template <class T, int L> struct Lanes {
+  using Register = typename LaneRegister<T, L>::type;
+  Register r;
+  ZORS_INLINE friend Lanes operator+(Lanes a, Lanes b) { return {a.r + b.r}; }
+  ZORS_INLINE friend Lanes operator-(Lanes a, Lanes b) { return {a.r - b.r}; }
+  ZORS_INLINE friend Lanes operator*(Lanes a, Lanes b) { return {a.r * b.r}; }
+  ZORS_INLINE friend Lanes operator-(Lanes a) { return {-a.r}; }
+};
+
+// -x as an operand of its own: of (-c) * d the compiler would make -(c * d), which is not the same where results are
+// rounded up or down.
+template <class T, int L> ZORS_INLINE Lanes<T, L> negated(Lanes<T, L> x) {
+  Lanes<T, L> y = -x;
+  __asm__("" : "+x"(y.r));
+  return y;
+}
+
+// round(a * b + c) and round(c - a * b)
+#define ZORS_FUSED(T, L, plus, minus)                                                                        \
+  ZORS_INLINE Lanes<T, L> fma(Lanes<T, L> a, Lanes<T, L> b, Lanes<T, L> c) { return {plus(a.r, b.r, c.r)}; } \
+  ZORS_INLINE Lanes<T, L> fnma(Lanes<T, L> a, Lanes<T, L> b, Lanes<T, L> c) { return {minus(a.r, b.r, c.r)}; }
+ZORS_FUSED(Zor32f, 8, _mm256_fmadd_ps, _mm256_fnmadd_ps)
+ZORS_FUSED(Zor32f, 4, _mm_fmadd_ps, _mm_fnmadd_ps)
+ZORS_FUSED(Zor64f, 4, _mm256_fmadd_pd, _mm256_fnmadd_pd)
+#undef ZORS_FUSED
+#define ZORS_FUSED(T, fused)                                                                                  \
+  ZORS_INLINE Lanes<T, 1> fma(Lanes<T, 1> a, Lanes<T, 1> b, Lanes<T, 1> c) { return {fused(a.r, b.r, c.r)}; } \
+  ZORS_INLINE Lanes<T, 1> fnma(Lanes<T, 1> a, Lanes<T, 1> b, Lanes<T, 1> c) { return {fused(-a.r, b.r, c.r)}; }
+ZORS_FUSED(Zor32f, __builtin_fmaf)
+ZORS_FUSED(Zor64f, __builtin_fma)
+#undef ZORS_FUSED
+
+template <int L, class T> ZORS_INLINE Lanes<T, L> loadLanes(const T* p) {
+  if constexpr (L == 1)
+    return {*p};
+  else if constexpr (sizeof(T) == 8)
+    return {_mm256_loadu_pd(p)};
+  else if constexpr (L == 8)
+    return {_mm256_loadu_ps(p)};
+  else
+    return {_mm_loadu_ps(p)};
+}
+// The same, and the value stays in its register: g++ would rather load it again for each use, and loads are what limits
+// a stage.
+template <int L, class T> ZORS_INLINE Lanes<T, L> loadOnce(const T* p) {
+  auto x = loadLanes<L>(p);
+  __asm__("" : "+x"(x.r));
+  return x;
+}
+template <int L, class T> ZORS_INLINE void storeLanes(T* p, Lanes<T, L> x) {
+  if constexpr (L == 1)
+    *p = x.r;
+  else if constexpr (sizeof(T) == 8)
+    _mm256_storeu_pd(p, x.r);
+  else if constexpr (L == 8)
+    _mm256_storeu_ps(p, x.r);
+  else
+    _mm_storeu_ps(p, x.r);
+}
+template <int L, class T> ZORS_INLINE Lanes<T, L> allLanes(T value) {
+  if constexpr (L == 1)
+    return {value};
+  else if constexpr (sizeof(T) == 8)
+    return {_mm256_set1_pd(value)};
+  else if constexpr (L == 8)
+    return {_mm256_set1_ps(value)};
+  else
+    return {_mm_set1_ps(value)};
+}
+
+// Between lane order and memory order, either way.
+template <class T, int L> ZORS_INLINE Lanes<T, L> reorder(Lanes<T, L> x) {
+  if constexpr (L < fullLanes<T>)
+    return x;
+  else if constexpr (sizeof(T) == 8)
+    return {_mm256_permute4x64_pd(x.r, 0xD8)};
+  else
+    return {_mm256_castpd_ps(_mm256_permute4x64_pd(_mm256_castps_pd(x.r), 0xD8))};
+}
+
+// The lanes backwards; lane order stays lane order.
+template <class T, int L> ZORS_INLINE Lanes<T, L> reversed(Lanes<T, L> x) {
+  if constexpr (L == 1)
+    return x;
+  else if constexpr (sizeof(T) == 8)
+    return {_mm256_permute4x64_pd(x.r, 0x1B)};
+  else
+    return {_mm256_permutevar8x32_ps(x.r, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0))};
+}
+
+// L complex points.
+template <class T, int L> struct Points {
+  Lanes<T, L> re, im;
+  ZORS_INLINE friend Points operator+(Points a, Points b) { return {a.re + b.re, a.im + b.im}; }
+  ZORS_INLINE friend Points operator-(Points a, Points b) { return {a.re - b.re, a.im - b.im}; }
+  ZORS_INLINE friend Points operator*(Points a, Lanes<T, L> factor) { return {a.re * factor, a.im * factor}; }
+};
+
+// L real parts, then L imaginary parts.
+template <int L, class T> ZORS_INLINE Points<T, L> loadPoints(const T* p) {
+  return {loadOnce<L>(p), loadOnce<L>(p + L)};
+}
+template <int L, class T> ZORS_INLINE void storePoints(T* p, Points<T, L> x) {
+  storeLanes<L>(p, x.re);
+  storeLanes<L>(p + L, x.im);
+}
+
+// Interleaved points from and to memory. Full registers are in lane order, 128-bit ones in memory order.
+template <int L, class T> ZORS_INLINE Points<T, L> loadInterleaved(const T* p) {
+  if constexpr (L == 1) {
+    return {{p[0]}, {p[1]}};
+  } else {
+    const auto a = loadOnce<L>(p).r, b = loadOnce<L>(p + L).r;
+    if constexpr (sizeof(T) == 8)
+      return {{_mm256_unpacklo_pd(a, b)}, {_mm256_unpackhi_pd(a, b)}};
+    else if constexpr (L == 8)
+      return {{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
+    else
+      return {{_mm_shuffle_ps(a, b, 0x88)}, {_mm_shuffle_ps(a, b, 0xDD)}};
+  }
+}
+template <int L, class T> ZORS_INLINE void storeInterleaved(T* p, Points<T, L> x) {
+  if constexpr (L == 1) {
+    p[0] = x.re.r;
+    p[1] = x.im.r;
+  } else if constexpr (sizeof(T) == 8) {
+    _mm256_storeu_pd(p, _mm256_unpacklo_pd(x.re.r, x.im.r));
+    _mm256_storeu_pd(p + 4, _mm256_unpackhi_pd(x.re.r, x.im.r));
+  } else if constexpr (L == 8) {
+    _mm256_storeu_ps(p, _mm256_unpacklo_ps(x.re.r, x.im.r));
+    _mm256_storeu_ps(p + 8, _mm256_unpackhi_ps(x.re.r, x.im.r));
+  } else {
+    _mm_storeu_ps(p, _mm_unpacklo_ps(x.re.r, x.im.r));
+    _mm_storeu_ps(p + 4, _mm_unpackhi_ps(x.re.r, x.im.r));
+  }
+}
+
+// An address that the compiler cannot derive again: it would keep a pointer for every stream of a pass, in memory.
+template <class T> ZORS_INLINE T* inRegister(T* p) {
+  __asm__("" : "+r"(p));
+  return p;
+}
+
+// A work array between the stages: full registers of real and of imaginary parts by turns, in lane order.
+template <class T> struct WorkPoints {
+  T* points;
+  ZORS_INLINE WorkPoints from(std::size_t k) const { return {inRegister(points + 2 * k)}; }
+  ZORS_INLINE T* re(std::size_t k) const { return points + 2 * k; }
+  ZORS_INLINE T* im(std::size_t k) const { return points + 2 * k + fullLanes<T>; }
+};
+// One register of a work array, k a multiple of its lanes.
+template <class Work> ZORS_INLINE auto loadWork(Work work, std::size_t k) {
+  using T = std::remove_cvref_t<decltype(*work.re(0))>;
+  return Points<T, fullLanes<T>>{loadOnce<fullLanes<T>>(work.re(k)), loadOnce<fullLanes<T>>(work.im(k))};
+}
+template <class Work, class T, int L> ZORS_INLINE void storeWork(Work work, std::size_t k, Points<T, L> x) {
+  storeLanes<L>(work.re(k), x.re);
+  storeLanes<L>(work.im(k), x.im);
+}
+
+// Where a transform reads and writes: interleaved points, or real and imaginary parts in arrays of their own. Full
+// registers come in the order that sourcePoint tells, and are given in lane order.
+template <class T> struct Interleaved {
+  using Value = std::remove_const_t<T>;
+  T* points;
+  ZORS_INLINE Interleaved from(std::size_t k) const { return {inRegister(points + 2 * k)}; }
+  template <int L> ZORS_INLINE Points<Value, L> load(std::size_t j) const { return loadInterleaved<L>(points + 2 * j); }
+  template <int L> ZORS_INLINE void store(std::size_t k, Points<Value, L> x) const {
+    storeInterleaved<L>(points + 2 * k, x);
+  }
+  static constexpr int sourcePoint(int lane, int lanes) {
+    return lanes == fullLanes<Value> ? lanePoint<Value>(lane) : lane;
+  }
+  // Eight points in memory order.
+  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const {
+    const auto pieces = [&](std::size_t at) ZORS_INLINE_LAMBDA {
+      return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(points + 2 * at)),
+                                  _mm_loadu_ps(points + 2 * at + 8), 1);
+    };
+    const __m256 a = pieces(j), b = pieces(j + 2);
+    return {{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
+  }
+};
+template <class T> struct SplitPoints {
+  using Value = std::remove_const_t<T>;
+  T *reals, *imaginaries;
+  ZORS_INLINE SplitPoints from(std::size_t k) const { return {inRegister(reals + k), inRegister(imaginaries + k)}; }
+  ZORS_INLINE T* re(std::size_t k) const { return reals + k; }
+  ZORS_INLINE T* im(std::size_t k) const { return imaginaries + k; }
+  template <int L> ZORS_INLINE Points<Value, L> load(std::size_t j) const {
+    return {loadLanes<L>(re(j)), loadLanes<L>(im(j))};
+  }
+  template <int L> ZORS_INLINE void store(std::size_t k, Points<Value, L> x) const {
+    storeLanes<L>(re(k), reorder(x.re));
+    storeLanes<L>(im(k), reorder(x.im));
+  }
+  static constexpr int sourcePoint(int lane, int) { return lane; }
+  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const { return load<8>(j); }
+};
+
+// The columns of four rows of four in each half: lanes of one column in lane order, if the halves of r0, r1, r2, r3 are
+// rows 0 and 2, 1 and 3, 4 and 6, 5 and 7.
+template <int column, class Store>
+ZORS_INLINE void transposeHalves(__m256 r0, __m256 r1, __m256 r2, __m256 r3, Store store) {
+  const __m256 t0 = _mm256_unpacklo_ps(r0, r1), t1 = _mm256_unpackhi_ps(r0, r1);
+  const __m256 t2 = _mm256_unpacklo_ps(r2, r3), t3 = _mm256_unpackhi_ps(r2, r3);
+  store(column, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0x44)});
+  store(column + 1, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0xEE)});
+  store(column + 2, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0x44)});
+  store(column + 3, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0xEE)});
+}
+
+// The columns of a matrix in memory of fullLanes<T> rows of L lanes, each given to store(column, register) in lane
+// order; row(i) is the address of row i.
+template <int L, class Row, class Store> ZORS_INLINE void transposeRows(Row row, Store store) {
+  using T = std::remove_cvref_t<decltype(*row(0))>;
+  if constexpr (sizeof(T) == 8) {
+    const auto r0 = loadLanes<4>(row(0)).r, r1 = loadLanes<4>(row(1)).r, r2 = loadLanes<4>(row(2)).r,
+               r3 = loadLanes<4>(row(3)).r;
+    const __m256d a = _mm256_permute2f128_pd(r0, r1, 0x20), b = _mm256_permute2f128_pd(r2, r3, 0x20);
+    const __m256d c = _mm256_permute2f128_pd(r0, r1, 0x31), d = _mm256_permute2f128_pd(r2, r3, 0x31);
+    store(0, Lanes<T, 4>{_mm256_unpacklo_pd(a, b)});
+    store(1, Lanes<T, 4>{_mm256_unpackhi_pd(a, b)});
+    store(2, Lanes<T, 4>{_mm256_unpacklo_pd(c, d)});
+    store(3, Lanes<T, 4>{_mm256_unpackhi_pd(c, d)});
+  } else {
+    constexpr auto at = lanePoint<T>;
+    if constexpr (L == 4) {
+      const auto pair = [&](int i) ZORS_INLINE_LAMBDA {
+        return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(row(at(i)))), _mm_loadu_ps(row(at(i + 4))), 1);
+      };
+      transposeHalves<0>(pair(0), pair(1), pair(2), pair(3), store);
+    } else {
+      __m256 low[4], high[4];
+      simd::unrolled<4>([&](auto i) ZORS_INLINE_LAMBDA {
+        const __m256 a = loadLanes<8>(row(at(i))).r, b = loadLanes<8>(row(at(i + 4))).r;
+        low[i] = _mm256_permute2f128_ps(a, b, 0x20);
+        high[i] = _mm256_permute2f128_ps(a, b, 0x31);
+      });
+      transposeHalves<0>(low[0], low[1], low[2], low[3], store);
+      transposeHalves<4>(high[0], high[1], high[2], high[3], store);
+    }
+  }
+}
+
+// Four rows of four lanes; the columns of a full register have their elements in lane order.
+ZORS_INLINE void transpose4(Lanes<Zor32f, 4> (&x)[4]) { _MM_TRANSPOSE4_PS(x[0].r, x[1].r, x[2].r, x[3].r); }
+ZORS_INLINE void transpose4(Lanes<Zor64f, 4> (&x)[4]) {
+  const __m256d low02 = _mm256_permute2f128_pd(x[0].r, x[1].r, 0x20),
+                low13 = _mm256_permute2f128_pd(x[2].r, x[3].r, 0x20);
+  const __m256d high02 = _mm256_permute2f128_pd(x[0].r, x[1].r, 0x31),
+                high13 = _mm256_permute2f128_pd(x[2].r, x[3].r, 0x31);
+  x[0].r = _mm256_unpacklo_pd(low02, low13);  // rows 0, 2, 1, 3
+  x[1].r = _mm256_unpackhi_pd(low02, low13);
+  x[2].r = _mm256_unpacklo_pd(high02, high13);
+  x[3].r = _mm256_unpackhi_pd(high02, high13);
+}
+
+}  // namespace zors::fft
