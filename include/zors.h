@@ -32,6 +32,7 @@
 #include "zors/fir.h"
 #include "zors/functions.h"
 #include "zors/memory.h"
+#include "zors/sorting.h"
 #include "zors/statistics.h"
 #include "zors/thresholds.h"
 
