@@ -31,6 +31,8 @@ inline constexpr Tag all[] = {
     spelled("FI25"), spelled("FI26"), spelled("FI27"), spelled("FI28"),  // 64f_16s
     spelled("FI29"), spelled("FI30"), spelled("FI31"), spelled("FI32"),  // 16s, its multi-rate and streams
     spelled("FI33"), spelled("FI34"),                                    // streams of 32f
+    // wavelet states: forward from, and inverse to, 32f, 8u, 8s, 16u, 16s
+    41, 42, 43, 44, 45, 50, 51, 52, 53, 54,
 };
 
 consteval bool distinct() {
