@@ -31,6 +31,7 @@
 #include "zors/fft.h"
 #include "zors/fir.h"
 #include "zors/functions.h"
+#include "zors/generators.h"
 #include "zors/memory.h"
 #include "zors/statistics.h"
 #include "zors/thresholds.h"

@@ -3,7 +3,7 @@
 
 #include "exports/functions.h"
 #include "frame/convert_round.h"
-#include "functions/elementary.h"
+#include "frame/elementary.h"
 
 namespace zors {
 namespace {

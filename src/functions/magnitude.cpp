@@ -4,8 +4,8 @@
 
 #include "exports/functions.h"
 #include "frame/complex_squares.h"
+#include "frame/elementary.h"
 #include "frame/elementwise.h"
-#include "functions/elementary.h"
 
 namespace zors {
 namespace {

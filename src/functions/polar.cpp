@@ -5,7 +5,7 @@
 #include "exports/functions.h"
 #include "frame/complex_squares.h"
 #include "frame/convert_round.h"
-#include "functions/elementary.h"
+#include "frame/elementary.h"
 
 namespace zors {
 namespace {
@@ -90,7 +90,7 @@ ZorStatus toIntegerPairs(const S* srcMagn, const S* srcPhase, D* dst, Zor32s len
 template <class F> ZorStatus toPlanes(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, Zor32s len) {
   return check().pointers(srcMagn, srcPhase, dstRe, dstIm).size(len).then([&] {
     mapToTwo<mapStep<F>>([](auto magnitude, auto phase) ZORS_INLINE_LAMBDA { return cartesian(magnitude, phase); }, len,
-                       dstRe, dstIm, srcMagn, srcPhase);
+                         dstRe, dstIm, srcMagn, srcPhase);
   });
 }
 

@@ -131,4 +131,32 @@ template <int L> ZORS_INLINE Vec<Zor8u, L> lookUp(const Zor8u (&table)[16], Vec<
   return build<Vec<Zor8u, L>>([&](auto i) ZORS_INLINE_LAMBDA { return _mm256_shuffle_epi8(entries, index.r[i]); });
 }
 
+template <int part, int L> ZORS_INLINE Vec<Zor8s, L> partOf(Vec<Zor8sc, L> z) {
+  return build<Vec<Zor8s, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const auto bytes = [&](__m256i x) ZORS_INLINE_LAMBDA {
+      return _mm256_srai_epi16(part == 0 ? _mm256_slli_epi16(x, 8) : x, 8);
+    };
+    return _mm256_permute4x64_epi64(_mm256_packs_epi16(bytes(z.r[2 * i]), bytes(z.r[2 * i + 1])), 0xD8);
+  });
+}
+template <int part, int L> ZORS_INLINE Vec<Zor32s, L> partOf(Vec<Zor32sc, L> z) {
+  return as<Zor32s>(partOf<part>(as<Zor32fc>(z)));
+}
+template <int part, int L> ZORS_INLINE Vec<Zor64s, L> partOf(Vec<Zor64sc, L> z) {
+  return as<Zor64s>(partOf<part>(as<Zor64fc>(z)));
+}
+template <int L> ZORS_INLINE Vec<Zor8sc, L> toComplex(Vec<Zor8s, L> re, Vec<Zor8s, L> im) {
+  return build<Vec<Zor8sc, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256i low = _mm256_unpacklo_epi8(re.r[i / 2], im.r[i / 2]),
+                  high = _mm256_unpackhi_epi8(re.r[i / 2], im.r[i / 2]);
+    return _mm256_permute2x128_si256(low, high, i % 2 == 0 ? 0x20 : 0x31);
+  });
+}
+template <int L> ZORS_INLINE Vec<Zor32sc, L> toComplex(Vec<Zor32s, L> re, Vec<Zor32s, L> im) {
+  return as<Zor32sc>(toComplex(as<Zor32f>(re), as<Zor32f>(im)));
+}
+template <int L> ZORS_INLINE Vec<Zor64sc, L> toComplex(Vec<Zor64s, L> re, Vec<Zor64s, L> im) {
+  return as<Zor64sc>(toComplex(as<Zor64f>(re), as<Zor64f>(im)));
+}
+
 }  // namespace zors::simd

@@ -89,4 +89,14 @@ template <int L> ZORS_INLINE Vec<Zor32s, L> toIntegerTowardZero(Vec<Zor64f, L> x
   });
 }
 
+// The low 32 bits of integral values below 2^51.
+template <int L> ZORS_INLINE Vec<Zor32u, L> lowWords(Vec<Zor64f, L> x) {
+  const auto words = add(x, same(x, 0x1.8p52));
+  return build<Vec<Zor32u, L>>([&](auto i) ZORS_INLINE_LAMBDA {
+    const __m256 halves =
+        _mm256_shuffle_ps(_mm256_castpd_ps(words.r[2 * i]), _mm256_castpd_ps(words.r[2 * i + 1]), 0x88);
+    return _mm256_permute4x64_epi64(_mm256_castps_si256(halves), 0xD8);
+  });
+}
+
 }  // namespace zors::simd
