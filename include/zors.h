@@ -35,5 +35,6 @@
 #include "zors/memory.h"
 #include "zors/statistics.h"
 #include "zors/thresholds.h"
+#include "zors/windows.h"
 
 #endif
