@@ -29,9 +29,11 @@
 #include "zors/arithmetic.h"
 #include "zors/conversion.h"
 #include "zors/fft.h"
+#include "zors/filters.h"
 #include "zors/fir.h"
 #include "zors/functions.h"
 #include "zors/memory.h"
+#include "zors/resampling.h"
 #include "zors/statistics.h"
 #include "zors/thresholds.h"
 
