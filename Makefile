@@ -1,6 +1,7 @@
 # The short road. `make demo` and `make test` work on a fresh Debian machine: both install what they need first.
 PACKAGES = g++ clang cmake ninja-build make pkg-config libgtest-dev libbenchmark-dev libmpfr-dev \
            libsndfile1-dev gnuplot-nox libfftw3-dev libvolk2-dev libliquid-dev libsleef-dev libopenblas-dev libeigen3-dev \
+           libsamplerate0-dev libsoxr-dev \
            clang-format clang-tidy
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
