@@ -26,6 +26,7 @@
 
 #include "zors/types.h"
 
+#include "zors/adaptive.h"
 #include "zors/arithmetic.h"
 #include "zors/conversion.h"
 #include "zors/detection.h"

@@ -31,6 +31,8 @@ inline constexpr Tag all[] = {
     spelled("FI25"), spelled("FI26"), spelled("FI27"), spelled("FI28"),  // 64f_16s
     spelled("FI29"), spelled("FI30"), spelled("FI31"), spelled("FI32"),  // 16s, its multi-rate and streams
     spelled("FI33"), spelled("FI34"),                                    // streams of 32f
+    // Adaptive filters: 32f, 32f_16s; integer multi-rate ones, 32s_16s, 32sc_16sc
+    spelled("LMS1"), spelled("LMS\0"), spelled("LMSR"), spelled("LMSC"),
 };
 
 consteval bool distinct() {

@@ -7,8 +7,8 @@
 #include <numbers>
 
 #include "frame/check.h"
+#include "frame/float_samples.h"
 #include "frame/memory.h"
-#include "frame/part.h"
 
 namespace zors::resample {
 
@@ -45,19 +45,7 @@ class WindowedSinc {
 inline constexpr Zor32f largestTap = 16383;
 inline Zor64f halfAway(Zor64f x) { return std::trunc(x < 0 ? x - 0.5 : x + 0.5); }
 
-// ---- Samples, sums, results ---------------------------------------------------------------------
-
-ZORS_INLINE Vec<Zor32f, 8> samples(const Zor32f* p) { return simd::load<8>(p); }
-ZORS_INLINE Vec<Zor32f, 8> samples(const Zor16s* p) {
-  return toFloat(Vec<Zor32s, 8>{{_mm256_cvtepi16_epi32(_mm_loadu_si128(reinterpret_cast<const __m128i*>(p)))}});
-}
-// count of them, from 0 to 7, and zeros behind.
-ZORS_INLINE Vec<Zor32f, 8> someSamples(const Zor32f* p, int count) { return simd::loadThenZeros(p, count); }
-ZORS_INLINE Vec<Zor32f, 8> someSamples(const Zor16s* p, int count) {
-  Zor16s some[8] = {};
-  for (int i = 0; i < count; ++i) some[i] = p[i];
-  return samples(some);
-}
+// ---- Sums, results ---------------------------------------------------------------------
 
 // The sum of products in Sum, Zor32f or Zor64f.
 template <class Sum> class Products {

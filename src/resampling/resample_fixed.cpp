@@ -172,14 +172,14 @@ template <class Sum, class Sample> ZORS_INLINE Sum dot(const Zor32f* row, const 
   Products<Sum> even, odd;
   std::ptrdiff_t k = 0;
   for (; k + 16 <= taps; k += 16) {
-    even.add(simd::load<8>(row + k), samples(x + k));
-    odd.add(simd::load<8>(row + k + 8), samples(x + k + 8));
+    even.add(simd::load<8>(row + k), simd::floatsAt(x + k));
+    odd.add(simd::load<8>(row + k + 8), simd::floatsAt(x + k + 8));
   }
   if (k + 8 <= taps) {
-    even.add(simd::load<8>(row + k), samples(x + k));
+    even.add(simd::load<8>(row + k), simd::floatsAt(x + k));
     k += 8;
   }
-  if (k < taps) odd.add(simd::loadThenZeros(row + k, int(taps - k)), someSamples(x + k, int(taps - k)));
+  if (k < taps) odd.add(simd::loadThenZeros(row + k, int(taps - k)), simd::floatsThenZeros(x + k, int(taps - k)));
   return even.total() + odd.total();
 }
 

@@ -55,7 +55,8 @@ ZorStatus init(Zor32f window, Zor32s nStep, Zor32f rollf, Zor32f alpha, ZorResam
           if (k % nStep == 0) sum += 2 * response[k];
         }
         Zor64f scale = 1 / sum;
-        *record = {.nStep = nStep, .tableLen = len, .accurate = accurate, .tableScale = 1};
+        *record = {
+            .nStep = nStep, .tableLen = len, .accurate = accurate, .tableScale = 1, .table = nullptr, .rows = nullptr};
         if (integers) {
           Zor64f largest = 0;
           for (Zor32s k = 0; k < len; ++k) largest = std::max(largest, std::fabs(response[k] * scale));
@@ -143,7 +144,9 @@ template <class Sum> class GatheredWeights {
 
  private:
   ZORS_INLINE __m256 pairs(__m128i index) const {
-    return _mm256_castpd_ps(_mm256_i32gather_pd(reinterpret_cast<const double*>(table_), index, 4));
+    const __m256d all = _mm256_castsi256_pd(_mm256_set1_epi64x(-1));
+    return _mm256_castpd_ps(
+        _mm256_mask_i32gather_pd(_mm256_setzero_pd(), reinterpret_cast<const double*>(table_), index, all, 4));
   }
   const Zor32f* table_;
   Zor32s lastIndex_;
@@ -154,18 +157,18 @@ template <class Sum> class GatheredWeights {
 template <class Sum, class Sample, class Weights>
 ZORS_INLINE void addForward(Products<Sum>& sum, const Weights& weights, const Sample* x, std::ptrdiff_t count) {
   std::ptrdiff_t k = 0;
-  for (; k + 8 <= count; k += 8) sum.add(weights(k), samples(x + k));
-  if (k < count) sum.add(weights.some(k, int(count - k)), someSamples(x + k, int(count - k)));
+  for (; k + 8 <= count; k += 8) sum.add(weights(k), simd::floatsAt(x + k));
+  if (k < count) sum.add(weights.some(k, int(count - k)), simd::floatsThenZeros(x + k, int(count - k)));
 }
 template <class Sum, class Sample, class Weights>
 ZORS_INLINE void addBackward(Products<Sum>& sum, const Weights& weights, const Sample* x, std::ptrdiff_t count) {
   std::ptrdiff_t k = 0;
-  for (; k + 8 <= count; k += 8) sum.add(weights(k), reversed(samples(x - k - 7)));
+  for (; k + 8 <= count; k += 8) sum.add(weights(k), reversed(simd::floatsAt(x - k - 7)));
   if (k >= count) return;
   const int some = int(count - k);  // turned about so that the first lanes are the samples and the others zeros
   const __m256i turned = _mm256_sub_epi32(_mm256_set1_epi32(some - 1), _mm256_setr_epi32(0, 1, 2, 3, 4, 5, 6, 7));
   sum.add(weights.some(k, some),
-          Vec<Zor32f, 8>{{_mm256_permutevar8x32_ps(someSamples(x - count + 1, some).r[0], turned)}});
+          Vec<Zor32f, 8>{{_mm256_permutevar8x32_ps(simd::floatsThenZeros(x - count + 1, some).r[0], turned)}});
 }
 
 template <class Sum, class Sample>

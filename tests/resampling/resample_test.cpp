@@ -116,7 +116,7 @@ void checkFree(Zor32f window, Zor32s nStep, Zor32f rollf, Zor32f alpha, double f
     const T* src = readable.data() + reach - first;
     std::vector<long double> wanted, mass;
     double t = start;
-    for (; t < len + first; t += 1 / factor) {
+    for (; t < double(len + first); t += 1 / factor) {
       const auto i = std::ptrdiff_t(t);
       const double frac = t - double(i);
       long double sum = 0, sumOfMagnitudes = 0;
