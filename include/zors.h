@@ -28,9 +28,11 @@
 
 #include "zors/arithmetic.h"
 #include "zors/conversion.h"
+#include "zors/design.h"
 #include "zors/fft.h"
 #include "zors/fir.h"
 #include "zors/functions.h"
+#include "zors/iir.h"
 #include "zors/memory.h"
 #include "zors/statistics.h"
 #include "zors/thresholds.h"
