@@ -16,7 +16,8 @@ template <class Value> void normalise(const Value* taps, Value r, Zor32s count, 
 // h[0] = 1, h[1], ... h[len - 1]: the response of 1 / (1 + a[1]/z + ... + a[order]/z^order) to an impulse.
 template <class Value> void impulseResponse(const Value* a, Zor32s order, Wide<Value>* h, Zor32s len) {
   for (Zor32s k = 0; k < len; ++k) {
-    Wide<Value> sum = k == 0 ? Wide<Value>{1} : zero<Wide<Value>>();
+    auto sum = zero<Wide<Value>>();
+    if (k == 0) *components(&sum) = 1;
     for (Zor32s j = 1; j <= std::min(k, order); ++j) sum = mulAdd(negated(wide(a[j - 1])), h[k - j], sum);
     h[k] = sum;
   }
