@@ -183,8 +183,8 @@ template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Z
   if (specOut == nullptr) return zorStatusNullPointer;
   if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk)
     return status;
-  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) {
-    return init(specOut, order, flag, hint, block, initBuffer);
+  return allocated(specOut, specSize, initSize, [&](S** spec, Zor8u* block, Zor8u* initBuffer) {
+    return init(spec, order, flag, hint, block, initBuffer);
   });
 }
 

@@ -15,7 +15,6 @@
 
 #include "zors/types.h"
 
-
 #define ZORS_INLINE [[gnu::always_inline]] inline
 #define ZORS_INLINE_LAMBDA __attribute__((always_inline))  // between the parameters and the body
 
