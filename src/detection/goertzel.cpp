@@ -125,7 +125,7 @@ struct Scaled {  // to nearest whatever the caller's direction, saturated
   Zor32s scaleFactor;
   Zor16sc to(Zor64fc x, const Zor16sc*) const { return {part(x.re), part(x.im)}; }
   Zor16s part(Zor64f x) const {
-    const Zor64f scaled = std::clamp(x * scalePower(scaleFactor), -32768.0, 32767.0);
+    const Zor64f scaled = std::clamp(x * exactPower(scaleFactor), -32768.0, 32767.0);
     return static_cast<Zor16s>(
         _mm_cvtsd_si32(_mm_round_pd(_mm_set_sd(scaled), _MM_FROUND_TO_NEAREST_INT | _MM_FROUND_NO_EXC)));
   }
