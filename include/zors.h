@@ -34,6 +34,7 @@
 #include "zors/fir.h"
 #include "zors/functions.h"
 #include "zors/memory.h"
+#include "zors/multirate.h"
 #include "zors/resampling.h"
 #include "zors/statistics.h"
 #include "zors/thresholds.h"
