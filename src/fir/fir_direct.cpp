@@ -4,6 +4,7 @@
 #include "exports/memory.h"
 #include "fir/fir_integer.h"
 #include "frame/dot_kernels.h"
+#include "frame/power_of_two.h"
 #include "frame/rounding.h"
 
 namespace zors {
