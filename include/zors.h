@@ -38,6 +38,7 @@
 #include "zors/generators.h"
 #include "zors/iir.h"
 #include "zors/memory.h"
+#include "zors/multirate.h"
 #include "zors/resampling.h"
 #include "zors/sorting.h"
 #include "zors/statistics.h"
