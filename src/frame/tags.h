@@ -31,6 +31,8 @@ inline constexpr Tag all[] = {
     spelled("FI25"), spelled("FI26"), spelled("FI27"), spelled("FI28"),  // 64f_16s
     spelled("FI29"), spelled("FI30"), spelled("FI31"), spelled("FI32"),  // 16s, its multi-rate and streams
     spelled("FI33"), spelled("FI34"),                                    // streams of 32f
+    // generators: uniform 8u, 16s, 32f; Gaussian 8u, 16s, 32f; tone, triangle
+    35, 36, 37, 38, 39, 40, spelled("CMAH"), spelled("CMAI"),
 };
 
 consteval bool distinct() {
