@@ -44,6 +44,8 @@ inline constexpr Tag all[] = {
     spelled("II21"), spelled("II22"), spelled("II23"), spelled("II24"),  // 64f_32s
     spelled("II25"), spelled("II26"), spelled("II27"), spelled("II28"),  // 64f_16s
     spelled("II29"), spelled("II30"),                                    // sections of the first form: 32f, 64f_32s
+    // generators: uniform 8u, 16s, 32f; Gaussian 8u, 16s, 32f; tone, triangle
+    35, 36, 37, 38, 39, 40, spelled("CMAH"), spelled("CMAI"),
 };
 
 consteval bool distinct() {
