@@ -28,6 +28,7 @@
 
 #include "zors/arithmetic.h"
 #include "zors/conversion.h"
+#include "zors/correlation.h"
 #include "zors/fft.h"
 #include "zors/fir.h"
 #include "zors/functions.h"
