@@ -31,6 +31,7 @@
 #include "zors/conversion.h"
 #include "zors/design.h"
 #include "zors/detection.h"
+#include "zors/correlation.h"
 #include "zors/fft.h"
 #include "zors/filters.h"
 #include "zors/fir.h"
