@@ -30,8 +30,8 @@ template <class Float> struct Wrapper {
   static constexpr Zor64s initBytes(Zor64s inner) { return inner > 0 ? inner + 64 : 0; }
 
   Zor32u tag;
-  Zor32s order, hint, workSize, ownsBlock;
-  void* block;
+  Zor32s order, hint, workSize;
+  Zor8u* owned;
   typename Float::Spec* inner;
 };
 // What a kind adds: its tag, `kind`; the room of the converted data, headBytes; and with a fixed-point path
@@ -113,8 +113,8 @@ template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Z
   if (specOut == nullptr) return zorStatusNullPointer;
   if (const ZorStatus status = getSize<S>(order, flag, hint, &specSize, &initSize, &workSize); status != zorStatusOk)
     return status;
-  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) {
-    return init(specOut, order, flag, hint, block, initBuffer);
+  return allocated(specOut, specSize, initSize, [&](S** spec, Zor8u* block, Zor8u* initBuffer) {
+    return init(spec, order, flag, hint, block, initBuffer);
   });
 }
 

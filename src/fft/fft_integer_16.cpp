@@ -45,17 +45,17 @@ constexpr IntegerSizes fixedComplexSizes(Zor32s order, Zor64s workPerPoint) {
 }  // namespace zors::fft
 
 struct ZorsFFTSpec_C_16sc : zors::fft::Wrapper16<zors::fft::Complex32> {
-  static constexpr zors::Tag kind = 1;
+  static constexpr zors::Tag kind = zors::tag(1);
   static constexpr Zor64s headBytes(Zor64s n) { return 8 * n; }
   static constexpr zors::fft::IntegerSizes fixedSizes(Zor32s order) { return zors::fft::fixedComplexSizes(order, 8); }
 };
 struct ZorsFFTSpec_C_16s : zors::fft::Wrapper16<zors::fft::SplitComplex32> {
-  static constexpr zors::Tag kind = 2;
+  static constexpr zors::Tag kind = zors::tag(2);
   static constexpr Zor64s headBytes(Zor64s n) { return 8 * n; }
   static constexpr zors::fft::IntegerSizes fixedSizes(Zor32s order) { return zors::fft::fixedComplexSizes(order, 12); }
 };
 struct ZorsFFTSpec_R_16s : zors::fft::Wrapper16<zors::fft::Real32> {
-  static constexpr zors::Tag kind = 3;
+  static constexpr zors::Tag kind = zors::tag(3);
   static constexpr Zor64s headBytes(Zor64s n) { return 4 * n + 8; }
   static constexpr zors::fft::IntegerSizes fixedSizes(Zor32s order) {
     if (order == 0) return zors::fft::fixedComplexSizes(0, 0);

@@ -84,7 +84,7 @@ template <class S> constexpr void lay(Layout& block, S& spec, int order) {
   block.take<Spec<T>>(1);
   if (engine > largestSmallOrder) {
     spec.bitReverse = block.take<Zor32u>(power(reversalBits<T>(engine)));
-    spec.twiddles = block.take<T>(stageTwiddleValues(innermostOrder<T>(engine)));
+    spec.twiddles = block.take<T>(stageTwiddleValues<T>(innermostOrder<T>(engine)));
     for (int level = 0; engine >= blockedOrder<T>; ++level, engine -= tileBits<T>(engine))
       spec.levelTwiddles[level] = block.take<T>(levelTwiddleValues<T>(engine));
   }
@@ -183,8 +183,8 @@ template <class S> ZorStatus initAlloc(S** specOut, Zor32s order, Zor32s flag, Z
   if (specOut == nullptr) return zorStatusNullPointer;
   if (const ZorStatus status = getSize<S>(order, flag, &specSize, &initSize, &workSize); status != zorStatusOk)
     return status;
-  return allocated(specOut, specSize, initSize, [&](Zor8u* block, Zor8u* initBuffer) {
-    return init(specOut, order, flag, hint, block, initBuffer);
+  return allocated(specOut, specSize, initSize, [&](S** spec, Zor8u* block, Zor8u* initBuffer) {
+    return init(spec, order, flag, hint, block, initBuffer);
   });
 }
 

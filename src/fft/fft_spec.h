@@ -5,7 +5,7 @@
 #include "exports/memory.h"
 #include "fft/fft_lanes.h"
 #include "frame/check.h"
-#include "frame/memory.h"
+#include "frame/object.h"
 
 namespace zors::fft {
 
@@ -17,8 +17,7 @@ template <class T> struct Spec {
   T scale;
   Zor32s hint;
   Zor32s workSize;  // bytes, without the slack for aligning
-  Zor32s ownsBlock;
-  void* block;
+  Zor8u* owned;
   Zor32u* bitReverse;  // places of groups of the first pass, or of its tiles
   T* twiddles;         // of the stages from the third on, in the order of use
   T* realForward;      // long transforms have one table for both directions
@@ -99,25 +98,19 @@ template <Tag tag, class T, Field dataField> struct Kind : Spec<T> {
 // Bytes to report: with room for aligning, where any are needed.
 constexpr Zor64s withSlack(Zor64s bytes) { return bytes >= 1 ? bytes + 64 : 0; }
 
-// A specification in memory of its own: init(block, initBuffer) builds it.
+// A specification in memory of its own: init(&spec, block, initBuffer) builds it.
 template <class S, class Init> ZorStatus allocated(S** specOut, Zor32s specSize, Zor32s initSize, Init init) {
-  Zor8u* const block = zors::zorsMalloc_8u(specSize);
-  if (block == nullptr) return zorStatusNoMemory;
-  const Scratch initBuffer(static_cast<std::size_t>(initSize));
-  const ZorStatus status = initBuffer ? init(block, initBuffer.data()) : zorStatusNoMemory;
-  if (status != zorStatusOk) {
-    zors::zorsFree(block);
-    return status;
-  }
-  (*specOut)->ownsBlock = 1;
-  (*specOut)->block = block;
-  return zorStatusOk;
+  return initAllocated(specOut, static_cast<std::size_t>(specSize), [&](Zor8u* block, S** spec) -> ZorStatus {
+    const Scratch initBuffer(static_cast<std::size_t>(initSize));
+    return initBuffer ? init(spec, block, initBuffer.data()) : zorStatusNoMemory;
+  });
 }
 
+// The tag is cleared wherever the specification lies.
 template <class S> ZorStatus release(S* spec) {
   return check().pointers(spec).state(spec, S::kind).then([&] {
     spec->tag = 0;
-    if (spec->ownsBlock == 1) zors::zorsFree(spec->block);
+    releaseOwned(spec);
   });
 }
 
@@ -142,9 +135,9 @@ template <class S, class Run, class... P> ZorStatus withSpec(const S* spec, Zor8
 }  // namespace zors::fft
 
 // The public kinds.
-struct ZorsFFTSpec_C_32fc : zors::fft::Kind<4, Zor32f, zors::fft::Field::complex> {};
-struct ZorsFFTSpec_C_32f : zors::fft::Kind<5, Zor32f, zors::fft::Field::complex> {};
-struct ZorsFFTSpec_R_32f : zors::fft::Kind<6, Zor32f, zors::fft::Field::real> {};
-struct ZorsFFTSpec_C_64fc : zors::fft::Kind<7, Zor64f, zors::fft::Field::complex> {};
-struct ZorsFFTSpec_C_64f : zors::fft::Kind<8, Zor64f, zors::fft::Field::complex> {};
-struct ZorsFFTSpec_R_64f : zors::fft::Kind<9, Zor64f, zors::fft::Field::real> {};
+struct ZorsFFTSpec_C_32fc : zors::fft::Kind<zors::tag(4), Zor32f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_C_32f : zors::fft::Kind<zors::tag(5), Zor32f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_R_32f : zors::fft::Kind<zors::tag(6), Zor32f, zors::fft::Field::real> {};
+struct ZorsFFTSpec_C_64fc : zors::fft::Kind<zors::tag(7), Zor64f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_C_64f : zors::fft::Kind<zors::tag(8), Zor64f, zors::fft::Field::complex> {};
+struct ZorsFFTSpec_R_64f : zors::fft::Kind<zors::tag(9), Zor64f, zors::fft::Field::real> {};

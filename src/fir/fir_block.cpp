@@ -2,53 +2,39 @@
 #include <algorithm>
 
 #include "exports/fir.h"
-#include "fir/fir_kernels.h"
 #include "fir/fir_state.h"
+#include "frame/converted_stream.h"
+#include "frame/dot_kernels.h"
 #include "frame/rounding.h"
 
 namespace zors {
 namespace {
-
-// Samples into the delay line's type, and results out of it; neither moves where the types agree and src is what is
-// asked for.
-template <class Kind> void widen(const typename Kind::Sample* src, typename Kind::Value* dst, Zor32s len) {
-  firWiden(firParts(src), firParts(dst), firPartsLen<typename Kind::Sample>(len));
-}
-template <class Kind>
-void narrow(const typename Kind::Value* src, typename Kind::Sample* dst, Zor32s len, Zor32s scaleFactor) {
-  firNarrow(firParts(src), firParts(dst), firPartsLen<typename Kind::Sample>(len), scaleFactor);
-}
 
 template <class Kind>
 void runKernel(const ZorFIRState* state, const typename Kind::Value* in, typename Kind::Value* out, Zor32s len) {
   using Value = typename Kind::Value;
   const std::ptrdiff_t n = state->tapsLen;
   if constexpr (Kind::fourLaneRows)
-    fir::block(fir::TapRowsOfFour<Value>{static_cast<const Value*>(state->tapsRows) + 4 * (n - 1)}, n, in, out, len);
+    dot::slide(dot::TapRowsOfFour<Value>{static_cast<const Value*>(state->tapsRows) + 4 * (n - 1)}, n, in, out, len);
   else
-    fir::block(fir::TapRow<Value>{firTaps<Kind>(state)}, n, in, out, len);
-}
-
-// The newest tapsLen samples, which the next call starts from. They end at `end`.
-template <class Kind> void keepHistory(ZorFIRState* state, const typename Kind::Value* end) {
-  firMove(end - state->tapsLen, firDlyLine<Kind>(state), state->tapsLen);
+    dot::slide(dot::TapRow<Value>{firTaps<Kind>(state)}, n, in, out, len);
 }
 
 // At most dlyBlock samples, by way of the delay line.
 template <class Kind>
 void filterTile(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len,
                 Zor32s scaleFactor) {
-  auto* history = firDlyLine<Kind>(state) + state->dlyIndex;
-  state->dlyIndex = 0;
-  widen<Kind>(src, history + state->tapsLen, len);
+  const auto delay = firDelay<Kind>(state);
+  const auto* history = delay.history();
+  by_type::widen(src, delay.room(), len);
   if constexpr (Kind::converts) {
     auto* results = static_cast<typename Kind::Value*>(state->blockScratch);
     runKernel<Kind>(state, history + 1, results, len);
-    narrow<Kind>(results, dst, len, scaleFactor);
+    by_type::narrow(results, dst, len, scaleFactor);
   } else {
     runKernel<Kind>(state, history + 1, dst, len);
   }
-  keepHistory<Kind>(state, history + state->tapsLen + len);
+  delay.keep(history + state->tapsLen + len);
 }
 
 template <class Kind>
@@ -65,7 +51,7 @@ void filterDirect(ZorFIRState* state, const typename Kind::Sample* src, typename
     // Outputs that need history come by way of the delay line, the others straight from the source.
     const Zor32s n = state->tapsLen, first = firRows<Kind>(n);
     filterTile<Kind>(state, src, dst, first, scaleFactor);
-    keepHistory<Kind>(state, src + len);
+    firDelay<Kind>(state).keep(src + len);
     runKernel<Kind>(state, src + (first - n + 1), dst + first, len - first);
   }
 }
@@ -80,25 +66,25 @@ ZorStatus filterByFft(ZorFIRState* state, const typename Kind::Sample* src, type
   auto* buffer = static_cast<Value*>(state->fftBuffer);
   const auto* spectrum = static_cast<const Value*>(state->tapsSpectrum);
   const auto* spec = firFftSpec<Kind>(state);
-  const auto* history = firDlyLine<Kind>(state) + state->dlyIndex;
+  const auto delay = firDelay<Kind>(state);
   // from is the buffer itself or a stretch of the source; the results for `count` outputs end in `to`.
   const auto convolve = [&](const Value* from, typename Kind::Sample* to, Zor32s count) {
     ZorStatus status = Fft::forward(from, buffer, spec, state->fftWork);
     if (status == zorStatusOk) status = Fft::multiply(spectrum, buffer, fftLen);
     if (status == zorStatusOk) status = Fft::inverse(buffer, buffer, spec, state->fftWork);
-    if (status == zorStatusOk) narrow<Kind>(buffer + n - 1, to, count, scaleFactor);
+    if (status == zorStatusOk) by_type::narrow(buffer + n - 1, to, count, scaleFactor);
     return status;
   };
-  state->dlyIndex = 0;
-  if (n > 1) firCopy(history + 1, buffer, n - 1);
+  if (n > 1) by_type::copy(delay.history() + 1, buffer, n - 1);
   const Zor32s count = std::min(len, outputs);
-  widen<Kind>(src, buffer + n - 1, count);
-  if (len <= outputs) keepHistory<Kind>(state, buffer + n - 1 + len);
+  by_type::widen(src, buffer + n - 1, count);
+  if (len <= outputs) delay.keep(buffer + n - 1 + len);
   std::fill(buffer + n - 1 + count, buffer + fftLen, Value{});
   ZorStatus status = convolve(buffer, dst, count);
   if (status != zorStatusOk || len <= outputs) return status;
 
-  widen<Kind>(src + len - n, firDlyLine<Kind>(state), n);
+  state->dlyIndex = 0;
+  by_type::widen(src + len - n, delay.history(), n);
   for (Zor32s done = outputs; done < len; done += outputs) {
     const Zor32s left = len - done;
     const auto* window = src + done - n + 1;
@@ -106,7 +92,7 @@ ZorStatus filterByFft(ZorFIRState* state, const typename Kind::Sample* src, type
       if constexpr (!Kind::converts) status = convolve(window, dst + done, outputs);
     } else {
       const Zor32s taken = left >= fftLen ? fftLen : std::min(n + left - 1, fftLen);
-      widen<Kind>(window, buffer, taken);
+      by_type::widen(window, buffer, taken);
       std::fill(buffer + taken, buffer + fftLen, Value{});
       status = convolve(buffer, dst + done, std::min(left, outputs));
     }
@@ -117,7 +103,7 @@ ZorStatus filterByFft(ZorFIRState* state, const typename Kind::Sample* src, type
 
 // samples: those that the test for the FFT path counts.
 template <class Kind> bool takesFft(const ZorFIRState* state, Zor32s samples) {
-  return samples >= Kind::Fft::leastBlock && state->fftLen >= 1;
+  return samples >= Kind::leastBlock && state->fftLen >= 1;
 }
 
 // A chunk is filtered into scratch memory and copied back. Deviation, kept: where nothing is converted the path is
@@ -141,7 +127,7 @@ ZorStatus filterInPlace(ZorFIRState* state, typename Kind::Sample* srcDst, Zor32
     } else {
       filterDirect<Kind>(state, srcDst, scratch, chunk, scaleFactor);
     }
-    firCopy(scratch, srcDst, chunk);
+    by_type::copy(scratch, srcDst, chunk);
     srcDst += chunk;
   }
   return zorStatusOk;
@@ -163,22 +149,13 @@ ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Z
 template <class Kind>
 ZorStatus filterOne(typename Kind::Sample val, typename Kind::Sample* dst, ZorFIRState* state, Zor32s scaleFactor = 0) {
   return check().pointers(state, dst).state(state, Kind::tags[0]).then([&] {
-    auto* line = firDlyLine<Kind>(state);
-    const Zor32s n = state->tapsLen, at = state->dlyIndex;
     const auto result = [&](typename Kind::Value value) {
-      line[at + n] = value;
-      line[at] = value;
-      state->dlyIndex = at + 1 < n ? at + 1 : 0;
-      return fir::dotNewest(firTaps<Kind>(state), n, line + state->dlyIndex, value);
+      return dot::dotNewest(firTaps<Kind>(state), state->tapsLen, firDelay<Kind>(state).put(value), value);
     };
-    if constexpr (Kind::converts) {
-      typename Kind::Value value;
-      widen<Kind>(&val, &value, 1);
-      value = result(value);
-      narrow<Kind>(&value, dst, 1, scaleFactor);
-    } else {
+    if constexpr (Kind::converts)
+      throughValue<typename Kind::Value>(val, dst, scaleFactor, result);
+    else
       *dst = result(val);
-    }
   });
 }
 

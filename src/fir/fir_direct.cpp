@@ -4,7 +4,8 @@
 #include "exports/fir.h"
 #include "exports/memory.h"
 #include "fir/fir_integer.h"
-#include "fir/fir_kernels.h"
+#include "frame/dot_kernels.h"
+#include "frame/power_of_two.h"
 #include "frame/rounding.h"
 
 namespace zors {
@@ -28,7 +29,7 @@ template <class T> const T* push(T val, T* dly, Zor32s* dlyIndex, Zor32s tapsLen
 template <class F, class T, int L> ZORS_INLINE auto samplesAs(Vec<T, L> x) {
   if constexpr (std::is_same_v<F, T>)
     return x;
-  else if constexpr (FirComplex<F>)
+  else if constexpr (Complex<F>)
     return as<F>(samplesAs<decltype(F::re)>(as<decltype(T::re)>(x)));
   else if constexpr (sizeof(F) == 4)
     return toFloat(x);
@@ -36,12 +37,12 @@ template <class F, class T, int L> ZORS_INLINE auto samplesAs(Vec<T, L> x) {
     return toDouble(x);
 }
 template <class F, class T> F sampleAs(T x) {
-  if constexpr (FirComplex<F>)
+  if constexpr (Complex<F>)
     return {static_cast<decltype(F::re)>(x.re), static_cast<decltype(F::im)>(x.im)};
   else
     return static_cast<F>(x);
 }
-template <class C> C addTerm(C sum, C tap, C x) requires FirComplex<C> {
+template <class C> C addTerm(C sum, C tap, C x) requires Complex<C> {
   return {sum.re + (tap.re * x.re - tap.im * x.im), sum.im + (tap.re * x.im + tap.im * x.re)};
 }
 template <class Sum, class F> Sum addTerm(Sum sum, F tap, F x) {
@@ -54,8 +55,8 @@ template <class Sum, class Tap, class Sample>
 [[gnu::flatten]] Sum windowSum(const Tap* taps, Zor32s tapsLen, const Sample* window) {
   constexpr int lanes = 16;
   using Parts =
-      std::conditional_t<FirComplex<Sum>, std::remove_pointer_t<decltype(firParts(static_cast<Sum*>(nullptr)))>, Sum>;
-  Vec<Parts, FirComplex<Sum> ? 2 * lanes : lanes> sum = splat<decltype(sum)>(0);
+      std::conditional_t<Complex<Sum>, std::remove_pointer_t<decltype(components(static_cast<Sum*>(nullptr)))>, Sum>;
+  Vec<Parts, Complex<Sum> ? 2 * lanes : lanes> sum = splat<decltype(sum)>(0);
   const Tap* tapsEnd = taps + tapsLen;
   Zor32s j = 0;
   for (; j + lanes <= tapsLen; j += lanes) {
@@ -67,12 +68,12 @@ template <class Sum, class Tap, class Sample>
   }
   Sum y{};
   if (j > 0) {
-    constexpr int parts = decltype(sum)::lanes, step = FirComplex<Sum> ? 2 : 1;
+    constexpr int parts = decltype(sum)::lanes, step = Complex<Sum> ? 2 : 1;
     Parts lane[parts];
     store(lane, sum);
     for (int distance = parts / 2; distance >= step; distance /= 2)
       for (int i = 0; i < distance; ++i) lane[i] += lane[i + distance];
-    if constexpr (FirComplex<Sum>)
+    if constexpr (Complex<Sum>)
       y = {lane[0], lane[1]};
     else
       y = lane[0];
@@ -85,22 +86,15 @@ template <class Sum, class Tap, class Sample>
 
 // A float sum times 2^-scaleFactor, the factor from exponent bits that wrap; limited to the integer's range, NaN to its
 // lower bound; rounded with ties away from zero.
-inline Zor32f scaleOf(Zor32f, Zor32s scaleFactor) {
-  return std::bit_cast<Zor32f>(Zor32u{0x3F800000} - (static_cast<Zor32u>(scaleFactor) << 23));
-}
-inline Zor64f scaleOf(Zor64f, Zor32s scaleFactor) {
-  return std::bit_cast<Zor64f>(static_cast<Zor64u>(Zor32u{0x3FF00000} - (static_cast<Zor32u>(scaleFactor) << 20))
-                               << 32);
-}
 template <class D, class F> D awayFromZero(F sum, Zor32s scaleFactor) {
   constexpr auto low = std::numeric_limits<D>::min(), high = std::numeric_limits<D>::max();
-  const Zor64f y = sum * scaleOf(F{}, scaleFactor);
+  const Zor64f y = sum * wrappingPower<F>(scaleFactor);
   if (!(y >= low)) return low;
   if (y > high) return high;
   return static_cast<D>(std::clamp(y < 0 ? y - 0.5 : y + 0.5, Zor64f(low), Zor64f(high)));
 }
 template <class D, class F> D resultOf(F sum, Zor32s scaleFactor) {
-  if constexpr (FirComplex<D>)
+  if constexpr (Complex<D>)
     return {resultOf<decltype(D::re)>(sum.re, scaleFactor), resultOf<decltype(D::im)>(sum.im, scaleFactor)};
   else if constexpr (std::is_integral_v<D>)
     return awayFromZero<D>(sum, scaleFactor);
@@ -153,7 +147,7 @@ ZorStatus one(const T* val, T* dst, const Tap* taps, Zor32s tapsLen, T* dly, Zor
 template <class Tap, class T> T integerResult(const Tap* taps, Zor32s tapsLen, const T* window, int shift) {
   const Tap* last = taps + tapsLen - 1;
   const auto times = [](auto a, auto b) { return static_cast<Zor32u>(a) * static_cast<Zor32u>(Zor32s{b}); };
-  if constexpr (FirComplex<T>) {
+  if constexpr (Complex<T>) {
     Zor32u re = 0, im = 0;
     for (Zor32s j = 0; j < tapsLen; ++j) {
       re += times(last[-j].re, window[j].re) - times(last[-j].im, window[j].im);
@@ -250,7 +244,7 @@ ZorStatus byState(const T* src, T* dst, Zor32s len, const T* taps, Zor32s tapsLe
   const ZorStatus built = Form::initAlloc(&state, taps, tapsLen, window);
   if (built != zorStatusOk) return built;
   const ZorStatus status = Form::filter(src, dst, len, state);
-  firCopy(firDlyLine<Form>(state), window, tapsLen);
+  by_type::copy(firDlyLine<Form>(state), window, tapsLen);
   Form::free(state);
   return status;
 }
@@ -269,7 +263,7 @@ void byKernel(const T* src, T* dst, Zor32s len, const T* taps, Zor32s tapsLen, T
     std::copy(src, src + len, padded);
     in = padded;
   }
-  fir::block(fir::TapRow<T>{reversedTaps}, tapsLen, in, dst + first, count);
+  dot::slide(dot::TapRow<T>{reversedTaps}, tapsLen, in, dst + first, count);
   std::copy(src + len - first, src + len, dly);
   *dlyIndex = tapsLen - 1;
 }

@@ -14,11 +14,11 @@ namespace zors {
 namespace {
 
 // All parts of the taps, one after another.
-template <class T> Zor64s partCount(Zor32s tapsLen) { return FirComplex<T> ? 2 * Zor64s{tapsLen} : Zor64s{tapsLen}; }
+template <class T> Zor64s partCount(Zor32s tapsLen) { return Complex<T> ? 2 * Zor64s{tapsLen} : Zor64s{tapsLen}; }
 
 // f(part) for each part of a tap.
 template <class T, class F> auto eachPart(T tap, F f) {
-  if constexpr (FirComplex<T>)
+  if constexpr (Complex<T>)
     return Zor16sc{f(tap.re), f(tap.im)};
   else
     return f(tap);
@@ -38,7 +38,7 @@ void writeTaps(ZorFIRState* state, const Zor16s* taps, Zor32s tapsFactor) {
 // Integer taps are shifted right until the largest magnitude fits; small ones are not scaled up. One shift for all
 // parts.
 template <class Kind> void writeTaps(ZorFIRState* state, const typename Kind::Tap* taps, Zor32s tapsFactor) {
-  const Zor32s* parts = firParts(taps);
+  const Zor32s* parts = components(taps);
   Zor64s largest = 0;
   for (Zor64s i = 0; i < partCount<typename Kind::Tap>(state->tapsLen); ++i)
     largest = std::max(largest, std::abs(Zor64s{parts[i]}));
@@ -52,7 +52,7 @@ template <class Kind> void writeTaps(ZorFIRState* state, const typename Kind::Ta
 // zero.
 template <class Kind, class T> void writeFloatTaps(ZorFIRState* state, const T* taps) {
   constexpr int mostSteps = 33;
-  const Zor32f* parts = firParts(taps);
+  const Zor32f* parts = components(taps);
   Zor32f largest = 0;
   for (Zor64s i = 0; i < partCount<T>(state->tapsLen); ++i) largest = std::max(largest, std::fabs(parts[i]));
   int s = 0;
@@ -71,54 +71,47 @@ template <class Kind, class T> void writeFloatTaps(ZorFIRState* state, const T* 
 
 template <class Kind> ZorStatus getStateSize(Zor32s tapsLen, Zor32s* size) {
   return check().pointers(size).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
-    *size = static_cast<Zor32s>(firIntegerStateSize<Kind>(tapsLen));
+    return tellSize(firIntegerStateSize<Kind>(tapsLen), size);
   });
-}
-
-template <class Kind> void setDlyLine(ZorFIRState* state, const typename Kind::Sample* dly) {
-  auto* line = firDlyLine<Kind>(state);
-  if (dly == nullptr)
-    std::fill_n(line, state->dlyLen, typename Kind::Sample{});
-  else
-    std::reverse_copy(dly, dly + state->dlyLen, line);
-  state->dlyIndex = 0;
 }
 
 // write(state) stores the taps.
+template <class Kind, class Write>
+ZorFIRState* build(Zor8u* memory, Zor32s tapsLen, const typename Kind::Sample* dly, Write write) {
+  ZorFIRState* state = firBuildInteger<Kind>(memory, tapsLen);
+  write(state);
+  firDelay<Kind>(state).set(dly);
+  return state;
+}
 template <class Kind, class T, class Write>
 ZorStatus init(ZorFIRState** state, const T* taps, Zor32s tapsLen, const typename Kind::Sample* dly, Zor8u* buffer,
                Write write) {
-  return check().pointers(state, taps, buffer).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
-    ZorFIRState* built = firBuildInteger<Kind>(buffer, tapsLen);
-    write(built);
-    setDlyLine<Kind>(built, dly);
-    *state = built;
-  });
+  return check()
+      .pointers(state, taps, buffer)
+      .require(tapsLen >= 1, zorStatusBadTapsLength)
+      .require(firIntegerStateSize<Kind>(tapsLen) <= INT32_MAX, zorStatusNoMemory)
+      .then([&] { *state = build<Kind>(buffer, tapsLen, dly, write); });
 }
 template <class Kind, class T, class Write>
 ZorStatus initAlloc(ZorFIRState** state, const T* taps, Zor32s tapsLen, const typename Kind::Sample* dly, Write write) {
-  return check().pointers(state, taps).require(tapsLen >= 1, zorStatusBadTapsLength).then([&]() -> ZorStatus {
-    const std::size_t size = firIntegerStateSize<Kind>(tapsLen);
-    Zor8u* memory = size <= INT32_MAX ? zors::zorsMalloc_8u(static_cast<Zor32s>(size)) : nullptr;
-    if (memory == nullptr) return zorStatusNoMemory;
-    const ZorStatus status = init<Kind>(state, taps, tapsLen, dly, memory, write);
-    (*state)->ownsMemory = 1;
-    (*state)->block = memory;
-    return status;
+  return check().pointers(state, taps).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
+    return initAllocated(state, firIntegerStateSize<Kind>(tapsLen),
+                         [&](Zor8u* memory, ZorFIRState** built) -> ZorStatus {
+                           *built = build<Kind>(memory, tapsLen, dly, write);
+                           return zorStatusOk;
+                         });
   });
 }
 
 template <class Kind> ZorStatus release(ZorFIRState* state) {
-  return firState<Kind>(check().pointers(state), state).then([&] {
-    if (state->ownsMemory != 0) zors::zorsFree(state->block);
-  });
+  return firState<Kind>(check().pointers(state), state).then([&] { releaseOwned(state); });
 }
 
 template <class Kind> ZorStatus getTaps(const ZorFIRState* state, typename Kind::Tap* taps, Zor32s* tapsFactor) {
   return firState<Kind>(check().pointers(state, taps, tapsFactor), state).then([&] {
     for (Zor32s k = 0; k < state->tapsLen; ++k) {
       const auto tap = firStoredTap<Kind>(state, state->tapsLen - 1 - k);
-      if constexpr (FirComplex<typename Kind::Tap>)
+      if constexpr (Complex<typename Kind::Tap>)
         taps[k] = {tap.re, tap.im};
       else
         taps[k] = tap;
@@ -132,7 +125,7 @@ template <class Kind, class T> ZorStatus getFloatTaps(const ZorFIRState* state, 
     const auto asFloat = [state](Zor16s tap) { return std::ldexp(static_cast<Zor32f>(tap), state->tapsFactor); };
     for (Zor32s k = 0; k < state->tapsLen; ++k) {
       const auto tap = firStoredTap<Kind>(state, state->tapsLen - 1 - k);
-      if constexpr (FirComplex<T>)
+      if constexpr (Complex<T>)
         taps[k] = {asFloat(tap.re), asFloat(tap.im)};
       else
         taps[k] = asFloat(tap);
@@ -144,13 +137,10 @@ template <class Kind, class T, class Write> ZorStatus setTaps(const T* taps, Zor
 }
 
 template <class Kind> ZorStatus getDlyLine(const ZorFIRState* state, typename Kind::Sample* dly) {
-  return firState<Kind>(check().pointers(state, dly), state).then([&] {
-    const auto* first = firDlyLine<Kind>(state) + state->dlyIndex;
-    std::reverse_copy(first, first + state->dlyLen, dly);
-  });
+  return firState<Kind>(check().pointers(state, dly), state).then([&] { firDelay<Kind>(state).get(dly); });
 }
-template <class Kind> ZorStatus setDlyLineChecked(ZorFIRState* state, const typename Kind::Sample* dly) {
-  return firState<Kind>(check().pointers(state), state).then([&] { setDlyLine<Kind>(state, dly); });
+template <class Kind> ZorStatus setDlyLine(ZorFIRState* state, const typename Kind::Sample* dly) {
+  return firState<Kind>(check().pointers(state), state).then([&] { firDelay<Kind>(state).set(dly); });
 }
 
 // ---- Filtering ----------------------------------------------------------------------------------
@@ -162,10 +152,11 @@ ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Z
     const int shift = fir::integerShift(state->tapsFactor, scaleFactor);
     if (src != dst) return firFilterInteger<Kind>(state, src, dst, len, shift);
     auto* scratch = static_cast<typename Kind::Sample*>(state->blockScratch);
-    for (Zor32s done = 0; done < len; done += firChunk) {
+    for (Zor32s done = 0; done < len;) {
       const Zor32s chunk = std::min(len - done, firChunk);
       firFilterInteger<Kind>(state, src + done, scratch, chunk, shift);
-      firCopy(scratch, dst + done, chunk);
+      by_type::copy(scratch, dst + done, chunk);
+      done += chunk;
     }
   });
 }
@@ -175,7 +166,7 @@ Zor32u product(Zor16s a, Zor16s b) { return static_cast<Zor32u>(Zor32s{a} * b); 
 // The sum of a window, in 32 bits that wrap.
 template <class Kind> auto windowSum(const ZorFIRState* state, const typename Kind::Sample* window) {
   const Zor32s n = state->tapsLen;
-  if constexpr (FirComplex<typename Kind::Sample>) {
+  if constexpr (Complex<typename Kind::Sample>) {
     Zor32u re = 0, im = 0;
     for (Zor32s j = 0; j < n; ++j) {
       const Zor16sc tap = firStoredTap<Kind>(state, j), x = window[j];
@@ -194,14 +185,9 @@ template <class Kind> auto windowSum(const ZorFIRState* state, const typename Ki
 template <class Kind>
 ZorStatus filterOne(typename Kind::Sample val, typename Kind::Sample* dst, ZorFIRState* state, Zor32s scaleFactor) {
   return check().pointers(state, dst).state(state, Kind::tags[0]).then([&] {
-    auto* line = firDlyLine<Kind>(state);
-    const Zor32s n = state->tapsLen, at = state->dlyIndex;
-    line[at + n] = val;
-    line[at] = val;
-    state->dlyIndex = at + 1 < n ? at + 1 : 0;
     const int shift = fir::integerShift(state->tapsFactor, scaleFactor);
-    const auto sum = windowSum<Kind>(state, line + state->dlyIndex);
-    if constexpr (FirComplex<typename Kind::Sample>)
+    const auto sum = windowSum<Kind>(state, firDelay<Kind>(state).put(val));
+    if constexpr (Complex<typename Kind::Sample>)
       *dst = {fir::scaledResult(sum.re, shift), fir::scaledResult(sum.im, shift)};
     else
       *dst = fir::scaledResult(sum, shift);
@@ -244,9 +230,9 @@ ZorStatus zorsFIRSetTaps32sc_16sc32fc(const Zor32fc* taps, ZorFIRState* state) {
 ZorStatus zorsFIRGetDlyLine_16s(const ZorFIRState* state, Zor16s* dly) { return getDlyLine<Fir16s>(state, dly); }
 ZorStatus zorsFIRGetDlyLine32s_16s(const ZorFIRState* state, Zor16s* dly) { return getDlyLine<Fir32s_16s>(state, dly); }
 ZorStatus zorsFIRGetDlyLine32sc_16sc(const ZorFIRState* state, Zor16sc* dly) { return getDlyLine<Fir32sc_16sc>(state, dly); }
-ZorStatus zorsFIRSetDlyLine_16s(ZorFIRState* state, const Zor16s* dly) { return setDlyLineChecked<Fir16s>(state, dly); }
-ZorStatus zorsFIRSetDlyLine32s_16s(ZorFIRState* state, const Zor16s* dly) { return setDlyLineChecked<Fir32s_16s>(state, dly); }
-ZorStatus zorsFIRSetDlyLine32sc_16sc(ZorFIRState* state, const Zor16sc* dly) { return setDlyLineChecked<Fir32sc_16sc>(state, dly); }
+ZorStatus zorsFIRSetDlyLine_16s(ZorFIRState* state, const Zor16s* dly) { return setDlyLine<Fir16s>(state, dly); }
+ZorStatus zorsFIRSetDlyLine32s_16s(ZorFIRState* state, const Zor16s* dly) { return setDlyLine<Fir32s_16s>(state, dly); }
+ZorStatus zorsFIRSetDlyLine32sc_16sc(ZorFIRState* state, const Zor16sc* dly) { return setDlyLine<Fir32sc_16sc>(state, dly); }
 
 ZorStatus zorsFIR_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, ZorFIRState* state, Zor32s scaleFactor) { return filter<Fir16s>(src, dst, len, state, scaleFactor); }
 ZorStatus zorsFIR_16s_ISfs(Zor16s* srcDst, Zor32s len, ZorFIRState* state, Zor32s scaleFactor) { return filter<Fir16s>(srcDst, srcDst, len, state, scaleFactor); }

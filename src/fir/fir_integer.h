@@ -114,7 +114,7 @@ struct ComplexKernel {
   }
 };
 
-template <class Sample> using IntegerKernel = std::conditional_t<FirComplex<Sample>, ComplexKernel, RealKernel>;
+template <class Sample> using IntegerKernel = std::conditional_t<Complex<Sample>, ComplexKernel, RealKernel>;
 
 template <int registers, class Sample>
 [[gnu::flatten]] void integerTile(const Sample* taps, std::ptrdiff_t tapsLen, const Sample* in, Sample* out,
@@ -146,27 +146,26 @@ namespace zors {
 // Stored taps: real ones reversed behind a zero where their number is odd, complex ones reversed in the kernel's two
 // forms.
 template <class Kind>
-Zor16s firStoredTap(const ZorFIRState* state, Zor32s j) requires(!FirComplex<typename Kind::Sample>) {
+Zor16s firStoredTap(const ZorFIRState* state, Zor32s j) requires(!Complex<typename Kind::Sample>) {
   return firTaps<Kind>(state)[j + (state->tapsLen & 1)];
 }
-template <class Kind>
-Zor16sc firStoredTap(const ZorFIRState* state, Zor32s j) requires FirComplex<typename Kind::Sample> {
+template <class Kind> Zor16sc firStoredTap(const ZorFIRState* state, Zor32s j) requires Complex<typename Kind::Sample> {
   return {firTaps<Kind>(state)[2 * j].re, firTaps<Kind>(state)[2 * j + 1].re};
 }
 template <class Kind>
-void firStoreTap(ZorFIRState* state, Zor32s j, Zor16s tap) requires(!FirComplex<typename Kind::Sample>) {
+void firStoreTap(ZorFIRState* state, Zor32s j, Zor16s tap) requires(!Complex<typename Kind::Sample>) {
   if (state->tapsLen & 1) firTaps<Kind>(state)[0] = 0;
   firTaps<Kind>(state)[j + (state->tapsLen & 1)] = tap;
 }
 template <class Kind>
-void firStoreTap(ZorFIRState* state, Zor32s j, Zor16sc tap) requires FirComplex<typename Kind::Sample> {
+void firStoreTap(ZorFIRState* state, Zor32s j, Zor16sc tap) requires Complex<typename Kind::Sample> {
   firTaps<Kind>(state)[2 * j] = {tap.re, static_cast<Zor16s>(-tap.im)};
   firTaps<Kind>(state)[2 * j + 1] = {tap.im, tap.re};
 }
 
 // Lays an integer record in a block and fills its delay line; the taps are stored by the caller.
 template <class Kind> ZorFIRState* firBuildInteger(Zor8u* memory, Zor32s tapsLen) {
-  Layout block(firAlignment, memory);
+  Layout block = firLayout<Kind>(memory);
   const FirParts parts = layFirInteger<Kind>(block, tapsLen);
   const Zor32s dlyBlock = firDirectBlock<Kind>(tapsLen);
   *parts.state = {.tag = Kind::tags[0],
@@ -186,19 +185,15 @@ void firFilterInteger(ZorFIRState* state, const typename Kind::Sample* src, type
                       int shift) {
   const Zor32s n = state->tapsLen;
   // An odd number of real taps starts one sample earlier, at its zero.
-  const Zor32s ahead = FirComplex<typename Kind::Sample> ? 0 : n & 1;
+  const Zor32s ahead = Complex<typename Kind::Sample> ? 0 : n & 1;
   const auto* taps = firTaps<Kind>(state);
-  auto* line = firDlyLine<Kind>(state);
-  auto* history = line + state->dlyIndex;
-  state->dlyIndex = 0;
+  const auto delay = firDelay<Kind>(state);
+  const auto* history = delay.history();
   const Zor32s first = len <= state->dlyBlock ? len : firRows<Kind>(n);
-  firCopy(src, history + n, first);
+  by_type::copy(src, delay.room(), first);
   fir::integerBlock(taps, n + ahead, history + 1 - ahead, dst, first, shift);
-  if (first == len) {
-    firMove(history + len, line, n);
-    return;
-  }
-  firCopy(src + len - n, line, n);
+  delay.keep(first == len ? history + n + len : src + len);
+  if (first == len) return;
   fir::integerBlock(taps, n + ahead, src + (first - n + 1 - ahead), dst + first, len - first, shift);
 }
 

@@ -1,9 +1,9 @@
 // zorsFIRGetStateSize*, zorsFIRInit*, zorsFIRInitAlloc*, zorsFIRFree*, zorsFIRGetTaps*, zorsFIRSetTaps*,
 // zorsFIRGetDlyLine*, zorsFIRSetDlyLine* of the kinds with floating arithmetic.
+#include "fir/fir_state.h"
 #include "exports/fft.h"
 #include "exports/fir.h"
 #include "exports/memory.h"
-#include "fir/fir_state.h"
 
 #include <algorithm>
 
@@ -14,29 +14,8 @@ template <class Kind> ZorStatus getStateSize(Zor32s tapsLen, Zor32s* size) {
   // Taps of Zor32s get an FFT only where InitAlloc makes room for it.
   const auto plan = [&] { return std::is_same_v<Kind, Fir32s> ? FirFftPlan{} : firFftPlan<Kind>(tapsLen); };
   return check().pointers(size).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
-    *size = static_cast<Zor32s>(firStateSize<Kind>(tapsLen, plan()));
+    return tellSize(firStateSize<Kind>(tapsLen, plan()), size);
   });
-}
-
-// The caller's order is newest first, ours oldest first, for taps and for samples alike. Values change their type part
-// by part, toward zero where it is an integer's.
-template <class To, class From> To valueAs(From x) {
-  if constexpr (FirComplex<To>)
-    return {static_cast<decltype(To::re)>(x.re), static_cast<decltype(To::im)>(x.im)};
-  else
-    return static_cast<To>(x);
-}
-template <class To, class From> void reverseInto(To* to, const From* from, Zor32s count) {
-  std::transform(from, from + count, std::make_reverse_iterator(to + count), valueAs<To, From>);
-}
-
-template <class Kind> void setDlyLine(ZorFIRState* state, const typename Kind::Sample* dly) {
-  auto* line = firDlyLine<Kind>(state);
-  if (dly == nullptr)
-    std::fill_n(line, state->dlyLen, typename Kind::Value{});
-  else
-    reverseInto(line, dly, state->dlyLen);
-  state->dlyIndex = 0;
 }
 
 template <class Kind> ZorStatus makeSpectrum(ZorFIRState* state, const typename Kind::Tap* taps) {
@@ -86,7 +65,7 @@ ZorStatus build(const FirParts& parts, const FirFftPlan& plan, const typename Ki
             .blockScratch = parts.blockScratch};
   writeTaps<Kind>(state, taps);
   std::fill_n(firDlyLine<Kind>(state), firDlyLineLen<Kind>(tapsLen, state->dlyBlock), typename Kind::Value{});
-  setDlyLine<Kind>(state, dly);
+  firDelay<Kind>(state).set(dly);
   if (!hasFft) return zorStatusOk;
   typename Kind::Fft::Spec* spec = nullptr;
   if (makeSpec(&spec) != zorStatusOk) {
@@ -102,20 +81,21 @@ ZorStatus build(const FirParts& parts, const FirFftPlan& plan, const typename Ki
 template <class Kind>
 ZorStatus init(ZorFIRState** state, const typename Kind::Tap* taps, Zor32s tapsLen, const typename Kind::Sample* dly,
                Zor8u* buffer) {
-  return check().pointers(state, taps, buffer).require(tapsLen >= 1, zorStatusBadTapsLength).then([&] {
+  return check().pointers(state, taps, buffer).require(tapsLen >= 1, zorStatusBadTapsLength).then([&]() -> ZorStatus {
     const FirFftPlan plan = std::is_same_v<Kind, Fir32s> ? FirFftPlan{} : firFftPlan<Kind>(tapsLen);
-    Layout block(firAlignment, buffer);
+    if (firStateSize<Kind>(tapsLen, plan) > INT32_MAX) return zorStatusNoMemory;
+    Layout block = firLayout<Kind>(buffer);
     const FirParts parts = layFir<Kind>(block, tapsLen, plan);
     build<Kind>(parts, plan, taps, tapsLen, dly, [&](auto** spec) {
       return Kind::Fft::init(spec, plan.order, ZOR_FFT_DIVIDE_INVERSE, zorAlgHintNone, parts.fftSpec, parts.fftInit);
     });
     *state = parts.state;
+    return zorStatusOk;
   });
 }
 
-template <class Kind> void releaseOwned(ZorFIRState* state) {
+template <class Kind> void freeFft(const ZorFIRState* state) {
   if (state->fftSpec != nullptr) Kind::Fft::free(firFftSpec<Kind>(state));
-  zors::zorsFree(state->block);
 }
 
 template <class Kind>
@@ -124,32 +104,32 @@ ZorStatus initAlloc(ZorFIRState** state, const typename Kind::Tap* taps, Zor32s 
   return check().pointers(state, taps).require(tapsLen >= 1, zorStatusBadTapsLength).then([&]() -> ZorStatus {
     // Taps of Zor32s take an FFT from 32 taps on, beyond the stated size, and are no filter without it.
     constexpr bool wide = std::is_same_v<Kind, Fir32s>;
-    const FirFftPlan plan = firFftPlan<Kind>(tapsLen, wide ? 32 : Kind::Fft::leastTaps);
-    Layout account(firAlignment);
-    layFir<Kind>(account, tapsLen, plan);
-    const std::size_t size =
-        wide ? std::max(account.size(), firStateSize<Kind>(tapsLen, plan)) : firStateSize<Kind>(tapsLen, plan);
-    Zor8u* memory = size <= INT32_MAX ? zors::zorsMalloc_8u(static_cast<Zor32s>(size)) : nullptr;
-    if (memory == nullptr) return zorStatusNoMemory;
-    Layout block(firAlignment, memory);
-    const FirParts parts = layFir<Kind>(block, tapsLen, plan);
-    const ZorStatus status = build<Kind>(parts, plan, taps, tapsLen, dly, [&](auto** spec) {
-      return Kind::Fft::initAlloc(spec, plan.order, ZOR_FFT_DIVIDE_INVERSE, zorAlgHintNone);
-    });
-    parts.state->ownsMemory = 1;
-    parts.state->block = memory;
-    if (wide && status != zorStatusOk) {
-      releaseOwned<Kind>(parts.state);
-      return status;
+    const FirFftPlan plan = firFftPlan<Kind>(tapsLen, wide ? 32 : Kind::leastTaps);
+    std::size_t size = firStateSize<Kind>(tapsLen, plan);
+    if (size > INT32_MAX) return zorStatusNoMemory;
+    if constexpr (wide) {
+      Layout account = firLayout<Kind>();
+      layFir<Kind>(account, tapsLen, plan);
+      size = std::max(size, account.size());
     }
-    *state = parts.state;
-    return zorStatusOk;
+    return initAllocated(state, size, [&](Zor8u* memory, ZorFIRState** built) -> ZorStatus {
+      Layout block = firLayout<Kind>(memory);
+      const FirParts parts = layFir<Kind>(block, tapsLen, plan);
+      const ZorStatus status = build<Kind>(parts, plan, taps, tapsLen, dly, [&](auto** spec) {
+        return Kind::Fft::initAlloc(spec, plan.order, ZOR_FFT_DIVIDE_INVERSE, zorAlgHintNone);
+      });
+      *built = parts.state;
+      if (!wide || status == zorStatusOk) return zorStatusOk;
+      freeFft<Kind>(parts.state);
+      return status;
+    });
   });
 }
 
 template <class Kind> ZorStatus release(ZorFIRState* state) {
   return firState<Kind>(check().pointers(state), state).then([&] {
-    if (state->ownsMemory != 0) releaseOwned<Kind>(state);
+    if (state->owned != nullptr) freeFft<Kind>(state);
+    releaseOwned(state);
   });
 }
 
@@ -197,13 +177,11 @@ ZorStatus setTapsInEightLanes(const Zor32f* taps, ZorFIRState* state) {
 }
 
 template <class Kind> ZorStatus getDlyLine(const ZorFIRState* state, typename Kind::Sample* dly) {
-  return firState<Kind>(check().pointers(state, dly), state).then([&] {
-    reverseInto(dly, firDlyLine<Kind>(state) + state->dlyIndex, state->dlyLen);
-  });
+  return firState<Kind>(check().pointers(state, dly), state).then([&] { firDelay<Kind>(state).get(dly); });
 }
 
-template <class Kind> ZorStatus setDlyLineChecked(ZorFIRState* state, const typename Kind::Sample* dly) {
-  return firState<Kind>(check().pointers(state), state).then([&] { setDlyLine<Kind>(state, dly); });
+template <class Kind> ZorStatus setDlyLine(ZorFIRState* state, const typename Kind::Sample* dly) {
+  return firState<Kind>(check().pointers(state), state).then([&] { firDelay<Kind>(state).set(dly); });
 }
 
 }  // namespace
@@ -218,7 +196,7 @@ template <class Kind> ZorStatus setDlyLineChecked(ZorFIRState* state, const type
   ZorStatus SET_TAPS(const Kind::Tap* taps, ZorFIRState* state) { return setTaps<Kind>(taps, state); }
 #define DLY_LINE(GET, SET, Kind)                                                                                                                 \
   ZorStatus GET(const ZorFIRState* state, Kind::Sample* dly) { return getDlyLine<Kind>(state, dly); }                                            \
-  ZorStatus SET(ZorFIRState* state, const Kind::Sample* dly) { return setDlyLineChecked<Kind>(state, dly); }
+  ZorStatus SET(ZorFIRState* state, const Kind::Sample* dly) { return setDlyLine<Kind>(state, dly); }
 ROWS(zorsFIRGetStateSize_32f, zorsFIRInit_32f, zorsFIRInitAlloc_32f, zorsFIRFree_32f, zorsFIRGetTaps_32f, zorsFIRSetTaps_32f, Fir32f)
 ROWS(zorsFIRGetStateSize_32fc, zorsFIRInit_32fc, zorsFIRInitAlloc_32fc, zorsFIRFree_32fc, zorsFIRGetTaps_32fc, zorsFIRSetTaps_32fc, Fir32fc)
 ROWS(zorsFIRGetStateSize_64f, zorsFIRInit_64f, zorsFIRInitAlloc_64f, zorsFIRFree_64f, zorsFIRGetTaps_64f, zorsFIRSetTaps_64f, Fir64f)

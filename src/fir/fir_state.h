@@ -8,13 +8,12 @@
 #include <type_traits>
 #include <utility>
 
-#include "exports/arithmetic.h"
-#include "exports/conversion.h"
-#include "exports/fft.h"
 #include "exports/fir.h"
-#include "exports/memory.h"
-#include "frame/check.h"
-#include "frame/memory.h"
+#include "frame/delay_line.h"
+#include "frame/fft_by_type.h"
+#include "frame/object.h"
+#include "frame/simd.h"
+#include "zorcore.h"
 
 // Pointers lead into the state's own block; their element types are those of the kind. Delay-line samples stand oldest
 // first.
@@ -27,8 +26,7 @@ struct ZorFIRState {
   Zor32s tapsFactor = 0;  // of integer kinds: the power of two that the taps are multiplied by
   Zor32s fftLen = -1;     // -1: no FFT path
   Zor32s fftWorkSize = 0;
-  Zor32s ownsMemory = 0;         // built by InitAlloc: the block and the FFT specification are to be released
-  Zor8u* block = nullptr;        // what InitAlloc allocated
+  Zor8u* owned = nullptr;        // built by InitAlloc: the block; the FFT specification is to be released with it
   void* tapsReversed = nullptr;  // tapsReversed[j] = taps[tapsLen - 1 - j]
   void* tapsRows = nullptr;      // of the kind that keeps a second copy
   void* dlyLine = nullptr;  // tapsLen samples of history, then room for a block; for one-sample calls a doubled ring
@@ -40,106 +38,6 @@ struct ZorFIRState {
 };
 
 namespace zors {
-
-// ---- Transforms by arithmetic type --------------------------------------------------------------
-
-template <class Value> struct FirFft;
-template <> struct FirFft<Zor32f> {
-  using Spec = ZorsFFTSpec_R_32f;
-  static constexpr Zor32s leastTaps = 64, leastBlock = 512;
-  static constexpr auto getSize = &zors::zorsFFTGetSize_R_32f;
-  static constexpr auto init = &zors::zorsFFTInit_R_32f;
-  static constexpr auto initAlloc = &zors::zorsFFTInitAlloc_R_32f;
-  static constexpr auto free = &zors::zorsFFTFree_R_32f;
-  static constexpr auto forward = &zors::zorsFFTFwd_RToPerm_32f;
-  static constexpr auto inverse = &zors::zorsFFTInv_PermToR_32f;
-  static constexpr auto multiply = &zors::zorsMulPerm_32f_I;
-};
-template <> struct FirFft<Zor64f> {
-  using Spec = ZorsFFTSpec_R_64f;
-  static constexpr Zor32s leastTaps = 64, leastBlock = 512;
-  static constexpr auto getSize = &zors::zorsFFTGetSize_R_64f;
-  static constexpr auto init = &zors::zorsFFTInit_R_64f;
-  static constexpr auto initAlloc = &zors::zorsFFTInitAlloc_R_64f;
-  static constexpr auto free = &zors::zorsFFTFree_R_64f;
-  static constexpr auto forward = &zors::zorsFFTFwd_RToPerm_64f;
-  static constexpr auto inverse = &zors::zorsFFTInv_PermToR_64f;
-  static constexpr auto multiply = &zors::zorsMulPerm_64f_I;
-};
-template <> struct FirFft<Zor32fc> {
-  using Spec = ZorsFFTSpec_C_32fc;
-  static constexpr Zor32s leastTaps = 16, leastBlock = 256;
-  static constexpr auto getSize = &zors::zorsFFTGetSize_C_32fc;
-  static constexpr auto init = &zors::zorsFFTInit_C_32fc;
-  static constexpr auto initAlloc = &zors::zorsFFTInitAlloc_C_32fc;
-  static constexpr auto free = &zors::zorsFFTFree_C_32fc;
-  static constexpr auto forward = &zors::zorsFFTFwd_CToC_32fc;
-  static constexpr auto inverse = &zors::zorsFFTInv_CToC_32fc;
-  static constexpr auto multiply = &zors::zorsMul_32fc_I;
-};
-template <> struct FirFft<Zor64fc> {
-  using Spec = ZorsFFTSpec_C_64fc;
-  static constexpr Zor32s leastTaps = 32, leastBlock = 256;
-  static constexpr auto getSize = &zors::zorsFFTGetSize_C_64fc;
-  static constexpr auto init = &zors::zorsFFTInit_C_64fc;
-  static constexpr auto initAlloc = &zors::zorsFFTInitAlloc_C_64fc;
-  static constexpr auto free = &zors::zorsFFTFree_C_64fc;
-  static constexpr auto forward = &zors::zorsFFTFwd_CToC_64fc;
-  static constexpr auto inverse = &zors::zorsFFTInv_CToC_64fc;
-  static constexpr auto multiply = &zors::zorsMul_64fc_I;
-};
-
-// ---- Moves and conversions ----------------------------------------------------------------------
-
-// Items of one size move alike.
-inline void firCopy(const Zor16s* src, Zor16s* dst, Zor32s len) { zors::zorsCopy_16s(src, dst, len); }
-inline void firCopy(const Zor16sc* src, Zor16sc* dst, Zor32s len) { zors::zorsCopy_16sc(src, dst, len); }
-inline void firCopy(const Zor32f* src, Zor32f* dst, Zor32s len) { zors::zorsCopy_32f(src, dst, len); }
-inline void firCopy(const Zor32fc* src, Zor32fc* dst, Zor32s len) { zors::zorsCopy_32fc(src, dst, len); }
-inline void firCopy(const Zor64f* src, Zor64f* dst, Zor32s len) { zors::zorsCopy_64f(src, dst, len); }
-inline void firCopy(const Zor64fc* src, Zor64fc* dst, Zor32s len) { zors::zorsCopy_64fc(src, dst, len); }
-inline void firCopy(const Zor32s* src, Zor32s* dst, Zor32s len) { zors::zorsCopy_32s(src, dst, len); }
-inline void firCopy(const Zor32sc* src, Zor32sc* dst, Zor32s len) { zors::zorsCopy_32sc(src, dst, len); }
-inline void firMove(const Zor16s* src, Zor16s* dst, Zor32s len) { zors::zorsMove_16s(src, dst, len); }
-inline void firMove(const Zor16sc* src, Zor16sc* dst, Zor32s len) { zors::zorsMove_16sc(src, dst, len); }
-inline void firMove(const Zor32f* src, Zor32f* dst, Zor32s len) { zors::zorsMove_32f(src, dst, len); }
-inline void firMove(const Zor32fc* src, Zor32fc* dst, Zor32s len) { zors::zorsMove_32fc(src, dst, len); }
-inline void firMove(const Zor64f* src, Zor64f* dst, Zor32s len) { zors::zorsMove_64f(src, dst, len); }
-inline void firMove(const Zor64fc* src, Zor64fc* dst, Zor32s len) { zors::zorsMove_64fc(src, dst, len); }
-
-// The real parts of a vector, and their number.
-template <class T>
-concept FirComplex = requires(T z) {
-  z.re, z.im;
-};
-template <class T> auto* firParts(T* p) {
-  if constexpr (FirComplex<std::remove_const_t<T>>)
-    return &p->re;
-  else
-    return p;
-}
-template <class T> Zor32s firPartsLen(Zor32s len) { return FirComplex<T> ? 2 * len : len; }
-
-// Samples to the type of the arithmetic: exact.
-inline void firWiden(const Zor32f* src, Zor32f* dst, Zor32s len) { firCopy(src, dst, len); }
-inline void firWiden(const Zor64f* src, Zor64f* dst, Zor32s len) { firCopy(src, dst, len); }
-inline void firWiden(const Zor16s* src, Zor32f* dst, Zor32s len) { zors::zorsConvert_16s32f(src, dst, len); }
-inline void firWiden(const Zor16s* src, Zor64f* dst, Zor32s len) { zors::zorsConvert_16s64f_Sfs(src, dst, len, 0); }
-inline void firWiden(const Zor32s* src, Zor64f* dst, Zor32s len) { zors::zorsConvert_32s64f(src, dst, len); }
-inline void firWiden(const Zor32f* src, Zor64f* dst, Zor32s len) { zors::zorsConvert_32f64f(src, dst, len); }
-// And back, integers scaled and rounded to nearest even.
-inline void firNarrow(const Zor32f* src, Zor32f* dst, Zor32s len, Zor32s) { firCopy(src, dst, len); }
-inline void firNarrow(const Zor64f* src, Zor64f* dst, Zor32s len, Zor32s) { firCopy(src, dst, len); }
-inline void firNarrow(const Zor32f* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
-  zors::zorsConvert_32f16s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
-}
-inline void firNarrow(const Zor64f* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
-  zors::zorsConvert_64f16s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
-}
-inline void firNarrow(const Zor64f* src, Zor32s* dst, Zor32s len, Zor32s scaleFactor) {
-  zors::zorsConvert_64f32s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
-}
-inline void firNarrow(const Zor64f* src, Zor32f* dst, Zor32s len, Zor32s) { zors::zorsConvert_64f32f(src, dst, len); }
 
 // ---- Kinds --------------------------------------------------------------------------------------
 
@@ -169,12 +67,17 @@ struct FirFloatKind {
   using Tap = TapType;
   using Sample = SampleType;
   using Value = ValueType;
-  using Fft = FirFft<Value>;
+  using Fft = FftOf<Value>;
+  // Tap counts and blocks that are filtered by way of the FFT.
+  static constexpr Zor32s leastTaps = !Complex<Value> ? 64 : sizeof(Value) == 8 ? 16 : 32;
+  static constexpr Zor32s leastBlock = Complex<Value> ? 256 : 512;
   static constexpr Tag tags[] = {acceptedTags...};  // the single-rate tag first
   static constexpr bool converts = !std::is_same_v<Sample, Value>;
   static constexpr Zor32s row = 32 / Zor32s{sizeof(Value)};  // samples a vector
   static constexpr auto size = statedSize;
   static constexpr bool fourLaneRows = false;
+  // The record starts at a boundary of so many bytes.
+  static constexpr std::size_t alignment = sizeof(simd::Part<Value>) == 8 && !std::is_same_v<Tap, Zor32s> ? 32 : 16;
 };
 struct Fir32f : FirFloatKind<Zor32f, Zor32f, Zor32f, firSize32f, tag("FI01"), tag("FI03"), tag("FI33"), tag("FI34")> {};
 struct Fir32fc : FirFloatKind<Zor32fc, Zor32fc, Zor32fc, firSize32fc, tag("FI02"), tag("FI04")> {};
@@ -199,7 +102,8 @@ template <class TapType, class SampleType, Tag... acceptedTags> struct FirIntege
   using Sample = SampleType;
   using Value = SampleType;  // taps are stored as, and samples are, this
   static constexpr Tag tags[] = {acceptedTags...};
-  static constexpr Zor32s row = FirComplex<SampleType> ? 8 : 16;
+  static constexpr Zor32s row = Complex<SampleType> ? 8 : 16;
+  static constexpr std::size_t alignment = 16;
 };
 struct Fir16s : FirIntegerKind<Zor16s, Zor16s, tag("FI29"), tag("FI30"), tag("FI31"), tag("FI32")> {};
 struct Fir32s_16s : FirIntegerKind<Zor32s, Zor16s, tag("FI09"), tag("FI11")> {};
@@ -227,7 +131,7 @@ template <class Kind> constexpr Zor32s firDirectBlock(Zor32s tapsLen) { return f
 struct FirFftPlan {
   Zor32s order = 0, fftLen = 0, specSize = 0, initSize = 0, workSize = 0;
 };
-template <class Kind> FirFftPlan firFftPlan(Zor32s tapsLen, Zor32s leastTaps = Kind::Fft::leastTaps) {
+template <class Kind> FirFftPlan firFftPlan(Zor32s tapsLen, Zor32s leastTaps = Kind::leastTaps) {
   if (tapsLen < leastTaps) return {};
   Zor32s o = 2;
   while ((std::int64_t{1} << o) <= tapsLen) ++o;
@@ -261,7 +165,13 @@ template <class Kind> constexpr std::size_t firDlyLineLen(Zor32s tapsLen, Zor32s
   return (n - 1) + n + static_cast<std::size_t>(blockLen) + std::size_t{Kind::row};
 }
 
-inline constexpr std::size_t firAlignment = 32;
+// The place of a state in a block, or the account of one without a block.
+template <class Kind> Layout firLayout(Zor8u* block = nullptr) {
+  if constexpr (Kind::alignment == 32) {
+    if (block != nullptr) block = static_cast<Zor8u*>(zorAlignPtr(block, Kind::alignment));
+  }
+  return Layout(Kind::alignment, block);
+}
 
 // The one account of what a state of floating arithmetic holds.
 template <class Kind> FirParts layFir(Layout& block, Zor32s tapsLen, const FirFftPlan& plan) {
@@ -297,7 +207,7 @@ template <class Kind> std::size_t firStateSize(Zor32s tapsLen, const FirFftPlan&
 constexpr Zor32s firPairedTaps(Zor32s tapsLen) { return (tapsLen + 1) / 2 * 2; }
 template <class Kind> FirParts layFirInteger(Layout& block, Zor32s tapsLen) {
   using Value = typename Kind::Value;
-  const auto taps = static_cast<std::size_t>(FirComplex<Value> ? 2 * tapsLen : firPairedTaps(tapsLen));
+  const auto taps = static_cast<std::size_t>(Complex<Value> ? 2 * tapsLen : firPairedTaps(tapsLen));
   return {.state = block.take<ZorFIRState>(1),
           .tapsReversed = block.take<Value>(taps),
           .dlyLine = block.take<Value>(firDlyLineLen<Kind>(tapsLen, firDirectBlock<Kind>(tapsLen))),
@@ -310,8 +220,8 @@ template <class Kind> FirParts layFirInteger(Layout& block, Zor32s tapsLen) {
           .fftInit = nullptr};
 }
 template <class Kind> std::size_t firIntegerStateSize(Zor32s tapsLen) {
-  if constexpr (FirComplex<typename Kind::Sample>) {
-    Layout block(firAlignment);
+  if constexpr (Complex<typename Kind::Sample>) {
+    Layout block = firLayout<Kind>();
     layFirInteger<Kind>(block, tapsLen);
     return block.size();
   } else {
@@ -329,6 +239,14 @@ template <class Kind> auto* firTaps(const ZorFIRState* state) {
 }
 template <class Kind> auto* firDlyLine(const ZorFIRState* state) {
   return static_cast<typename Kind::Value*>(state->dlyLine);
+}
+// The delay line: tapsLen samples, of which the oldest weighs nothing.
+template <class Kind> DelayLine<typename Kind::Value> firDelay(ZorFIRState* state) {
+  return {firDlyLine<Kind>(state), state->tapsLen, &state->dlyIndex};
+}
+// For reading alone.
+template <class Kind> const DelayLine<typename Kind::Value> firDelay(const ZorFIRState* state) {
+  return firDelay<Kind>(const_cast<ZorFIRState*>(state));
 }
 
 }  // namespace zors

@@ -7,17 +7,10 @@
 #include <type_traits>
 #include <utility>
 
+#include "frame/tags.h"
 #include "zors/types.h"
 
-
 namespace zors {
-
-using Tag = Zor32u;
-
-// The tag that four characters spell, most significant byte first: tag("FI01").
-consteval Tag tag(const char (&text)[5]) {
-  return Tag(Zor8u(text[0])) << 24 | Tag(Zor8u(text[1])) << 16 | Tag(Zor8u(text[2])) << 8 | Tag(Zor8u(text[3]));
-}
 
 class Checks {
  public:

@@ -6,7 +6,6 @@
 
 #include "exports/memory.h"
 
-
 namespace zors {
 
 template <class T> T* alignUp(T* pointer, std::uintptr_t alignment) {

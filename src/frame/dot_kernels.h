@@ -1,16 +1,17 @@
-// Direct FIR kernels: out[i] = sum over j of taps[j] * in[i + j], taps reversed. Every output sums in one and the same
-// order, whatever its place in a block.
+// Sliding dot products: out[i] = sum over j of taps[j] * in[i + j]. Every output sums in one and the same order,
+// whatever its place in a block.
 #pragma once
 
 #include <array>
 #include <cmath>
 
+#include "frame/by_type.h"
 #include "frame/part.h"
 #include "zors/types.h"
 
-namespace zors::fir {
+namespace zors::dot {
 
-// The reversed taps in a row, or in the rows of four that one kind keeps in forward order.
+// Taps in a row, or reversed from rows of four equal ones.
 template <class T> struct TapRow {
   const T* first;
   ZORS_INLINE T operator()(std::ptrdiff_t j) const { return first[j]; }
@@ -73,12 +74,7 @@ template <> struct ComplexArithmetic<Zor64fc> {
   ZORS_INLINE static __m256d evens(__m256d x) { return _mm256_movedup_pd(x); }
   ZORS_INLINE static __m256d odds(__m256d x) { return _mm256_permute_pd(x, 0xF); }
 };
-template <class T>
-concept ComplexValue = requires(T z) {
-  z.re;
-};
-
-template <int registers, ComplexValue C, class Taps>
+template <int registers, Complex C, class Taps>
 ZORS_INLINE simd::Vec<C, registers * simd::lanesOf<C>> outputs(Taps taps, std::ptrdiff_t tapsLen, const C* in) {
   using namespace simd;
   using Arithmetic = ComplexArithmetic<C>;
@@ -101,7 +97,7 @@ ZORS_INLINE simd::Vec<C, registers * simd::lanesOf<C>> outputs(Taps taps, std::p
 }
 
 template <class T> constexpr int widestTile = 12;
-template <ComplexValue C> constexpr int widestTile<C> = ComplexArithmetic<C>::widest;
+template <Complex C> constexpr int widestTile<C> = ComplexArithmetic<C>::widest;
 
 template <int registers, class T, class Taps>
 [[gnu::flatten]] void tile(Taps taps, std::ptrdiff_t tapsLen, const T* in, T* out) {
@@ -109,7 +105,7 @@ template <int registers, class T, class Taps>
 }
 
 // len outputs; reads in[0 .. len + tapsLen - 2], or, where len is less than a register's lanes, as if it were those.
-template <class T, class Taps> void block(Taps taps, std::ptrdiff_t tapsLen, const T* in, T* out, std::ptrdiff_t len) {
+template <class T, class Taps> void slide(Taps taps, std::ptrdiff_t tapsLen, const T* in, T* out, std::ptrdiff_t len) {
   constexpr int lanes = simd::lanesOf<T>, widest = widestTile<T>;
   using Tile = void (*)(Taps, std::ptrdiff_t, const T*, T*);
   static constexpr auto tiles = []<int... i>(std::integer_sequence<int, i...>) {
@@ -151,7 +147,7 @@ template <class T> [[gnu::flatten]] T dotNewest(const T* taps, std::ptrdiff_t ta
 }
 
 // The same of complex points, by two sums as in a block.
-template <ComplexValue C> [[gnu::flatten]] C dotNewest(const C* taps, std::ptrdiff_t tapsLen, const C* older, C val) {
+template <Complex C> [[gnu::flatten]] C dotNewest(const C* taps, std::ptrdiff_t tapsLen, const C* older, C val) {
   using namespace simd;
   using Arithmetic = ComplexArithmetic<C>;
   using T = typename Arithmetic::Part;
@@ -185,4 +181,4 @@ template <ComplexValue C> [[gnu::flatten]] C dotNewest(const C* taps, std::ptrdi
           std::fma(tap.re, val.im, re[1]) + std::fma(tap.im, val.re, im[0])};
 }
 
-}  // namespace zors::fir
+}  // namespace zors::dot

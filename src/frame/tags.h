@@ -1,0 +1,57 @@
+// The tags of all objects: the first 32-bit word of a state or specification, which tells its kind.
+#pragma once
+
+#include <algorithm>
+#include <iterator>
+
+#include "zors/types.h"
+
+namespace zors {
+
+using Tag = Zor32u;
+
+namespace tags {
+
+// The tag that four characters spell, most significant byte first.
+consteval Tag spelled(const char (&text)[5]) {
+  return Tag(Zor8u(text[0])) << 24 | Tag(Zor8u(text[1])) << 16 | Tag(Zor8u(text[2])) << 8 | Tag(Zor8u(text[3]));
+}
+
+// Every tag stands here, once, by family. A kind whose tag does not stand here does not compile.
+inline constexpr Tag all[] = {
+    // FFT specifications: 16sc, 16s, real 16s; 32fc, 32f, real 32f; 64fc, 64f, real 64f; 32sc, 32s, real 32s, 16s32s
+    1, 2, 3, 4, 5, 6, 7, 8, 9, spelled("CMAL"), spelled("CMAM"), spelled("CMAN"), spelled("CMAO"),
+    // FIR states: taps_samples, single rate and multi-rate, real and complex
+    spelled("FI01"), spelled("FI02"), spelled("FI03"), spelled("FI04"),  // 32f, 32fc
+    spelled("FI05"), spelled("FI06"), spelled("FI07"), spelled("FI08"),  // 32f_16s
+    spelled("FI09"), spelled("FI10"), spelled("FI11"), spelled("FI12"),  // 32s_16s
+    spelled("FI13"), spelled("FI14"), spelled("FI15"), spelled("FI16"),  // 64f
+    spelled("FI17"), spelled("FI18"), spelled("FI19"), spelled("FI20"),  // 64f_32f
+    spelled("FI21"), spelled("FI22"), spelled("FI23"), spelled("FI24"),  // 64f_32s
+    spelled("FI25"), spelled("FI26"), spelled("FI27"), spelled("FI28"),  // 64f_16s
+    spelled("FI29"), spelled("FI30"), spelled("FI31"), spelled("FI32"),  // 16s, its multi-rate and streams
+    spelled("FI33"), spelled("FI34"),                                    // streams of 32f
+    // Adaptive filters: 32f, 32f_16s; integer multi-rate ones, 32s_16s, 32sc_16sc
+    spelled("LMS1"), spelled("LMS\0"), spelled("LMSR"), spelled("LMSC"),
+};
+
+consteval bool distinct() {
+  for (auto i = std::begin(all); i != std::end(all); ++i)
+    if (std::find(i + 1, std::end(all), *i) != std::end(all)) return false;
+  return true;
+}
+static_assert(distinct(), "two kinds of object have one tag");
+
+void tagIsNotListed();  // called at compile time, it stops the compiler
+
+consteval Tag listed(Tag tag) {
+  if (std::find(std::begin(all), std::end(all), tag) == std::end(all)) tagIsNotListed();
+  return tag;
+}
+
+}  // namespace tags
+
+consteval Tag tag(const char (&text)[5]) { return tags::listed(tags::spelled(text)); }
+consteval Tag tag(Tag number) { return tags::listed(number); }
+
+}  // namespace zors
