@@ -5,6 +5,7 @@
 #include "exports/memory.h"
 #include "fir/fir_integer.h"
 #include "frame/dot_kernels.h"
+#include "frame/power_of_two.h"
 #include "frame/rounding.h"
 
 namespace zors {
@@ -85,16 +86,9 @@ template <class Sum, class Tap, class Sample>
 
 // A float sum times 2^-scaleFactor, the factor from exponent bits that wrap; limited to the integer's range, NaN to its
 // lower bound; rounded with ties away from zero.
-inline Zor32f scaleOf(Zor32f, Zor32s scaleFactor) {
-  return std::bit_cast<Zor32f>(Zor32u{0x3F800000} - (static_cast<Zor32u>(scaleFactor) << 23));
-}
-inline Zor64f scaleOf(Zor64f, Zor32s scaleFactor) {
-  return std::bit_cast<Zor64f>(static_cast<Zor64u>(Zor32u{0x3FF00000} - (static_cast<Zor32u>(scaleFactor) << 20))
-                               << 32);
-}
 template <class D, class F> D awayFromZero(F sum, Zor32s scaleFactor) {
   constexpr auto low = std::numeric_limits<D>::min(), high = std::numeric_limits<D>::max();
-  const Zor64f y = sum * scaleOf(F{}, scaleFactor);
+  const Zor64f y = sum * wrappingPower<F>(scaleFactor);
   if (!(y >= low)) return low;
   if (y > high) return high;
   return static_cast<D>(std::clamp(y < 0 ? y - 0.5 : y + 0.5, Zor64f(low), Zor64f(high)));

@@ -40,6 +40,8 @@ inline constexpr Tag all[] = {
     spelled("II21"), spelled("II22"), spelled("II23"), spelled("II24"),  // 64f_32s
     spelled("II25"), spelled("II26"), spelled("II27"), spelled("II28"),  // 64f_16s
     spelled("II29"), spelled("II30"),                                    // sections of the first form: 32f, 64f_32s
+    // Adaptive filters: 32f, 32f_16s; integer multi-rate ones, 32s_16s, 32sc_16sc
+    spelled("LMS1"), spelled("LMS\0"), spelled("LMSR"), spelled("LMSC"),
 };
 
 consteval bool distinct() {

@@ -15,7 +15,6 @@
 
 #include "zors/types.h"
 
-
 namespace kit {
 
 template <class... P> class Contract {
