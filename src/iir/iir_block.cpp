@@ -1,5 +1,6 @@
 // zorsIIR_* and kin, zorsIIROne*: blocks and single samples through a state.
 #include "iir/iir_run.h"
+#include "iir/iir_step.h"
 
 namespace zors {
 namespace {
@@ -18,11 +19,10 @@ ZorStatus filterOne(typename Kind::Sample val, typename Kind::Sample* dst, ZorII
     if constexpr (Kind::converts) {
       typename Kind::Value value;
       by_type::widen(&val, &value, 1);
-      iirStep(state, &value, 1);
+      value = iir::step(state, value);
       iirNarrow<Kind>(&value, dst, 1, scaleFactor);
     } else {
-      iirStep(state, &val, 1);
-      *dst = val;
+      *dst = iir::step(state, val);
     }
   });
 }

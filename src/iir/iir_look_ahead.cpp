@@ -127,7 +127,8 @@ template <class T> void recursion(const T* table, Zor32s order, T* data, Zor32s 
   const T* response = table + std::ptrdiff_t{order} * n + n - 1;  // at h[0], which stands as 0
   for (Zor32s i = 0; i < len; i += n) {
     const T* p = data + i;
-    Products<T> sums[4] = {sumOf(load<n>(p)), simd::splat<Products<T>>(0), simd::splat<Products<T>>(0), simd::splat<Products<T>>(0)};
+    Products<T> sums[4] = {sumOf(load<n>(p)), simd::splat<Products<T>>(0), simd::splat<Products<T>>(0),
+                           simd::splat<Products<T>>(0)};
     simd::unrolled<n - 1>(
         [&](auto j) ZORS_INLINE_LAMBDA { sums[j % 4] = addProduct(factor(p[j]), load<n>(response - j), sums[j % 4]); });
     Zor32s m = std::min(order, i);

@@ -59,7 +59,7 @@ template <class T, int L>
 ZORS_INLINE Products<T, L / row<T>> addProduct(Factor<T> f, simd::Vec<T, L> x, Products<T, L / row<T>> sum) {
   constexpr int W = L / row<T>;
   return simd::build<Products<T, W>>([&](auto i)
-                                    ZORS_INLINE_LAMBDA { return fmaRegister(f.r[i / W], x.r[i % W], sum.r[i]); });
+                                         ZORS_INLINE_LAMBDA { return fmaRegister(f.r[i / W], x.r[i % W], sum.r[i]); });
 }
 template <class T, int W = 1> ZORS_INLINE Block<T, W> join(Products<T, W> sum) {
   return simd::build<Block<T, W>>([&](auto i) ZORS_INLINE_LAMBDA {

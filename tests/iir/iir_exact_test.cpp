@@ -36,8 +36,9 @@ void checkStream(const Filter& f, int count, const std::vector<int>& pieces, Zor
   std::size_t at = 0;
   for (int len : pieces) {
     const Numbers x = integerSamples(f, std::size_t(std::max(len, 1)), 1, random);
-    const std::string what = where(f, count, "at " + std::to_string(at) + ", len " + std::to_string(len) + ", scale " +
-                                                 std::to_string(scaleFactor));
+    const std::string what =
+        where(f, count,
+              "at " + std::to_string(at) + ", len " + std::to_string(len) + ", scale " + std::to_string(scaleFactor));
     if (len == 0) {
       Numbers wanted{model.step(x[0])};
       if (f.sampleBits != 0)
@@ -64,8 +65,7 @@ TEST(IirExact, BothSidesOfEveryThreshold) {
   kit::Random random(2);
   for (const Filter& f : filters()) {
     for (int count : {4, 5, 7, 8, 9, 16, 31, 64}) {
-      for (int len : {4 * count - 1, 4 * count, 4 * count + 1, 4 * count + 17})
-        checkStream(f, count, {len}, 0, random);
+      for (int len : {4 * count - 1, 4 * count, 4 * count + 1, 4 * count + 17}) checkStream(f, count, {len}, 0, random);
     }
     for (int len : {1023, 1024, 1025, 1028, 1029, 2047, 2048, 2050})
       for (int count : {1, 2}) checkStream(f, count, {len}, 0, random);
@@ -90,8 +90,8 @@ TEST(IirExact, ScaledResultsRoundToEvenAndTheFirstTwoOfACascadesChunkAreCut) {
   kit::Random random(4);
   for (const Filter& f : filters()) {
     if (f.sampleBits == 0) continue;
-    for (Zor32s scale : {-2000, -200, -127, -16, -15, -2, -1, 1, 2, 3, 5, 20, 31, 33, 126, 127, 150, 2000, INT32_MAX,
-                         INT32_MIN, -INT32_MAX})
+    for (Zor32s scale : {-2000, -200, -127, -16, -15, -2,  -1,   1,         2,         3,         5,
+                         20,    31,   33,   126, 127, 150, 2000, INT32_MAX, INT32_MIN, -INT32_MAX})
       for (int count : {1, 2, 3}) checkStream(f, count, {40, 0, 5, 1030, 8, 4, 12, 13}, scale, random);
   }
 }

@@ -45,7 +45,8 @@ struct Filter {
   // Null where a vector is null. factor is that of integer taps, of others unused.
   std::function<ZorStatus(ZorIIRState**, const Numbers* taps, Zor32s count, const Numbers* dly, Zor8u*, Zor32s factor)>
       init;
-  std::function<ZorStatus(ZorIIRState**, const Numbers* taps, Zor32s count, const Numbers* dly, Zor32s factor)> initAlloc;
+  std::function<ZorStatus(ZorIIRState**, const Numbers* taps, Zor32s count, const Numbers* dly, Zor32s factor)>
+      initAlloc;
   ZorStatus (*free)(ZorIIRState*);
   std::function<ZorStatus(const Numbers* taps, ZorIIRState*, Zor32s factor)> setTaps;
   std::function<ZorStatus(const ZorIIRState*, Numbers* dly)> getDly;  // dly->size() registers

@@ -57,17 +57,34 @@ Filter row(const char* name, Form form, Zor32u tag, ZorStatus (*size)(Zor32s, Zo
            RunInPlace runInPlace, One one) {
   using Dly = typename DlyOf<GetDly>::type;
   using SamplePart = decltype([] {
-    if constexpr (ComplexPair<Sample>) return decltype(Sample::re){};
-    else return Sample{};
+    if constexpr (ComplexPair<Sample>)
+      return decltype(Sample::re){};
+    else
+      return Sample{};
   }());
   constexpr bool integerTaps = std::is_same_v<Tap, Zor32s> || std::is_same_v<Tap, Zor32sc>;
-  Filter f{.name = name, .form = form, .tag = tag, .complex = ComplexPair<Value>,
+  Filter f{.name = name,
+           .form = form,
+           .tag = tag,
+           .complex = ComplexPair<Value>,
            .single = std::is_same_v<Value, Zor32f> || std::is_same_v<Value, Zor32fc>,
-           .integerTaps = integerTaps, .integerDly = std::is_same_v<Dly, Zor32s>,
+           .integerTaps = integerTaps,
+           .integerDly = std::is_same_v<Dly, Zor32s>,
            .sampleBits = std::is_integral_v<SamplePart> ? int{sizeof(SamplePart)} * 8 : 0,
-           .valueBytes = sizeof(Value), .dlyBytes = sizeof(Dly), .size = size, .init = {}, .initAlloc = {},
-           .free = free, .setTaps = {}, .getDly = {}, .setDly = {}, .run = {}, .one = {}, .call = {},
-           .callInPlace = {}, .callOne = {}};
+           .valueBytes = sizeof(Value),
+           .dlyBytes = sizeof(Dly),
+           .size = size,
+           .init = {},
+           .initAlloc = {},
+           .free = free,
+           .setTaps = {},
+           .getDly = {},
+           .setDly = {},
+           .run = {},
+           .one = {},
+           .call = {},
+           .callInPlace = {},
+           .callOne = {}};
   f.init = [init](ZorIIRState** state, const Numbers* taps, Zor32s count, const Numbers* dly, Zor8u* buffer,
                   Zor32s factor) {
     const auto t = guarded<Tap>(taps);
