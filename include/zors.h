@@ -29,6 +29,7 @@
 #include "zors/arithmetic.h"
 #include "zors/conversion.h"
 #include "zors/detection.h"
+#include "zors/dft.h"
 #include "zors/fft.h"
 #include "zors/fir.h"
 #include "zors/functions.h"
