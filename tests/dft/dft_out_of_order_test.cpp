@@ -96,8 +96,8 @@ template <class C> void checkOrder(const Order& order) {
     squares += std::pow(double(wanted[k].re), 2) + std::pow(double(wanted[k].im), 2);
   }
   ASSERT_LE(std::sqrt(errors), E::epsilon * 24 * std::sqrt(squares)) << n;
-  if (order.factors.empty() && n != 2120)
-    for (std::size_t k = 0; k < n; ++k) ASSERT_TRUE(sameBits(dst[k], wanted[k])) << n;
+  for (std::size_t k = 0; k < n && order.factors.empty() && n != 2120; ++k)
+    ASSERT_TRUE(sameBits(dst[k], wanted[k])) << n;
   ASSERT_EQ(E::inverse(dst.data(), back.data(), spec, nullptr), zorStatusOk);
   for (std::size_t i = 0; i < n; ++i) {
     ASSERT_NEAR(back[i].re, x[i].re, E::epsilon * 64) << n << " at " << i;
