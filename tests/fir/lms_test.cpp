@@ -403,8 +403,9 @@ template <class Form> void checkMultiRate() {
             ASSERT_TRUE(kit::sameBits(val, wanted));
           }
           if (i % 2 == 0) {
-            if (i % 4 == 0)
+            if (i % 4 == 0) {
               ASSERT_EQ(Form::setMu(state, mu = i % 8 == 0 ? 32768 : kit::anyValue<Zor32s>(random)), zorStatusOk);
+            }
             const Tap err = kit::anyValue<Tap>(random), e = Form::error(mu, err);
             ASSERT_EQ(Form::update(err, state), zorStatusOk);
             for (Zor32s k = 0; k < n; ++k)
