@@ -4,11 +4,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "zors/types.h"
+#include "frame/check.h"
 
 namespace zors {
-
-using Tag = Zor32u;
 
 namespace tags {
 
