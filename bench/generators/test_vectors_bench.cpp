@@ -25,16 +25,16 @@ void testVectors() {
     auto* yu = bench::array<Zor32u>(size);
     auto* y32f = bench::array<Zor32f>(size);
     auto* y64f = bench::array<Zor64f>(size);
-    workload("zorsVectorJaehne_16s", size)
-        .zors([=] { zorsVectorJaehne_16s(y16, len, 30000); })
-        .peer("loop", [=] { chirp(y16, len, 30000); });
+    workload("zorsVectorJaehne_16s", size).zors([=] { zorsVectorJaehne_16s(y16, len, 30000); }).peer("loop", [=] {
+      chirp(y16, len, 30000);
+    });
     workload("zorsVectorJaehne_32u", size).zors([=] { zorsVectorJaehne_32u(yu, len, 30000); });
-    workload("zorsVectorJaehne_32f", size)
-        .zors([=] { zorsVectorJaehne_32f(y32f, len, 1); })
-        .peer("loop", [=] { chirp(y32f, len, 1); });
-    workload("zorsVectorJaehne_64f", size)
-        .zors([=] { zorsVectorJaehne_64f(y64f, len, 1); })
-        .peer("loop", [=] { chirp(y64f, len, 1); });
+    workload("zorsVectorJaehne_32f", size).zors([=] { zorsVectorJaehne_32f(y32f, len, 1); }).peer("loop", [=] {
+      chirp(y32f, len, 1);
+    });
+    workload("zorsVectorJaehne_64f", size).zors([=] { zorsVectorJaehne_64f(y64f, len, 1); }).peer("loop", [=] {
+      chirp(y64f, len, 1);
+    });
     const auto slope = static_cast<Zor32f>(200.0 / len);
     workload("zorsVectorRamp_8u", size)
         .zors([=] { zorsVectorRamp_8u(y8, len, 3, slope); })
@@ -48,16 +48,12 @@ void testVectors() {
         .zors([=] { zorsVectorSlope_32s(y32, len, 3, slope); })
         .peer("loop", [=] { line<Zor32s, double>(y32, len, 3, slope); })
         .bound(streams(0, 4));
-    workload("zorsVectorSlope_32u", size)
-        .zors([=] { zorsVectorSlope_32u(yu, len, 3, slope); })
-        .bound(streams(0, 4));
+    workload("zorsVectorSlope_32u", size).zors([=] { zorsVectorSlope_32u(yu, len, 3, slope); }).bound(streams(0, 4));
     workload("zorsVectorRamp_32f", size)
         .zors([=] { zorsVectorRamp_32f(y32f, len, 3, slope); })
         .peer("loop", [=] { line<Zor32f, float>(y32f, len, 3, slope); })
         .bound(streams(0, 4));
-    workload("zorsVectorSlope_32f", size)
-        .zors([=] { zorsVectorSlope_32f(y32f, len, 3, slope); })
-        .bound(streams(0, 4));
+    workload("zorsVectorSlope_32f", size).zors([=] { zorsVectorSlope_32f(y32f, len, 3, slope); }).bound(streams(0, 4));
     workload("zorsVectorSlope_64f", size)
         .zors([=] { zorsVectorSlope_64f(y64f, len, 3, slope); })
         .peer("loop", [=] { line<Zor64f, double>(y64f, len, 3, slope); })

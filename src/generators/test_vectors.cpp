@@ -9,6 +9,7 @@ namespace zors {
 namespace {
 
 using namespace simd;
+using namespace generators;
 
 // The elements of one register of the narrower type; of floats four registers, so that no sum waits for the one before.
 template <class D> inline constexpr int lineStep = std::is_floating_point_v<D> ? 4 * lanesOf<D> : lanesOf<D>;
@@ -50,9 +51,9 @@ template <class D> void line(Zor32s first, Zor32s len, D* dst, Zor64f offset, Zo
   if constexpr (std::is_integral_v<D> && !std::is_same_v<D, Zor32u>) {
     const Zor64f begin = std::fma(slope, first, offset), end = std::fma(slope, first + (len - 1), offset);
     if (std::fabs(begin) < 0x1p31 && std::fabs(end) < 0x1p31)
-      return generators::fromIndices<L, Zor64f>(first, len, dst, Line<D, true>{offset, slope});
+      return fromIndices<L, Zor64f>(first, len, dst, Line<D, true>{offset, slope});
   }
-  generators::fromIndices<L, Zor64f>(first, len, dst, Line<D, false>{offset, slope});
+  fromIndices<L, Zor64f>(first, len, dst, Line<D, false>{offset, slope});
 }
 
 template <class D, class A> ZorStatus straight(D* dst, Zor32s len, A offset, A slope) {
@@ -60,9 +61,8 @@ template <class D, class A> ZorStatus straight(D* dst, Zor32s len, A offset, A s
     Zor32s begin = 0;
     if constexpr (std::is_same_v<D, Zor32f> && std::is_same_v<A, Zor32f>) {
       begin = std::min(len, Zor32s{1} << 24);  // up to there a binary32 number holds the index
-      generators::fromIndices<lineStep<D>, Zor32f>(0, begin, dst, [=](auto n) ZORS_INLINE_LAMBDA {
-        return fma(n, same(n, slope), same(n, offset));
-      });
+      fromIndices<lineStep<D>, Zor32f>(
+          0, begin, dst, [=](auto n) ZORS_INLINE_LAMBDA { return fma(n, same(n, slope), same(n, offset)); });
       if (begin == len) return;
     }
     line(begin, len - begin, dst + begin, Zor64f{offset}, Zor64f{slope});
@@ -77,10 +77,10 @@ template <class D> ZorStatus chirp(D* dst, Zor32s len, D magn) {
     }
     const Zor64f factor = 1.5707963267948966 / len, height = magn;
     constexpr int L = std::max(lanesOf<D>, 8);
-    generators::fromIndices<L, Zor64f>(0, len, dst, [=](auto n) ZORS_INLINE_LAMBDA {
+    fromIndices<L, Zor64f>(0, len, dst, [=](auto n) ZORS_INLINE_LAMBDA {
       const auto x = mul(mul(n, n), same(n, factor));
-      const auto y = generators::settled<D>(
-          mul(sine(x), same(x, height)), [=](Zor64f angle) { return height * std::sin(angle); }, x);
+      const auto y = settled<D>(
+          mul(circular<Circular::sine>(x), same(x, height)), [=](Zor64f angle) { return height * std::sin(angle); }, x);
       if constexpr (std::is_same_v<D, Zor64f>)
         return y;
       else if constexpr (std::is_same_v<D, Zor32f>)
@@ -88,7 +88,7 @@ template <class D> ZorStatus chirp(D* dst, Zor32s len, D magn) {
       else if constexpr (std::is_same_v<D, Zor32u>)
         return lowWords(integralTowardZero(y));
       else
-        return generators::lowBits<D>(toIntegerTowardZero(y));
+        return lowBits<D>(toIntegerTowardZero(y));
     });
   });
 }

@@ -6,7 +6,7 @@
 
 namespace zors::simd {
 
-// The fit of the 64-bit windows, to some 4e-7.
+// The fit of the 64-bit windows, to some 6e-6.
 struct FineBessel {
   static constexpr Zor64f threshold = 4, inverse = 0.25;
   static constexpr Zor64f low[] = {0.9999999985, 4.0000001935, 3.9999959541, 1.777809969,

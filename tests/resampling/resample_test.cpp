@@ -124,7 +124,8 @@ void checkFree(Zor32f window, Zor32s nStep, Zor32f rollf, Zor32f alpha, double f
         for (; pos < table.len - 1e-5; pos += s, at += step) {
           const auto k = size_t(pos);
           const long double w = table.response[k] + (pos - double(k)) * (table.response[k + 1] - table.response[k]);
-          sum += w * src[at], sumOfMagnitudes += std::fabs(w * src[at]);
+          sum += w * src[at];
+          sumOfMagnitudes += (std::fabs(table.response[k]) + std::fabs(table.response[k + 1])) * std::fabs(src[at]);
         }
       };
       walk(frac * s, i, -1);
