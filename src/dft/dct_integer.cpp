@@ -9,7 +9,7 @@ namespace zors::dct {
 
 // Its float specification lies behind it. One value alone needs none.
 template <Tag number, class Float> struct Wrapper {
-  static constexpr Tag kind = zors::tag(number);
+  static constexpr Tag kind = number;
   using Inner = Float;
   Tag tag;
   Zor32s len, hint, workSize;  // bytes, without the slack for aligning
@@ -25,11 +25,11 @@ template <auto sizes, auto build, auto convert> struct FloatOperations {
 
 }  // namespace zors::dct
 
-struct ZorsDCTFwdSpec_16s : zors::dct::Wrapper<19, ZorsDCTFwdSpec_32f> {
+struct ZorsDCTFwdSpec_16s : zors::dct::Wrapper<zors::tag(19), ZorsDCTFwdSpec_32f> {
   using Operations =
       zors::dct::FloatOperations<&zors::zorsDCTFwdGetSize_32f, &zors::zorsDCTFwdInit_32f, &zors::zorsDCTFwd_32f>;
 };
-struct ZorsDCTInvSpec_16s : zors::dct::Wrapper<20, ZorsDCTInvSpec_32f> {
+struct ZorsDCTInvSpec_16s : zors::dct::Wrapper<zors::tag(20), ZorsDCTInvSpec_32f> {
   using Operations =
       zors::dct::FloatOperations<&zors::zorsDCTInvGetSize_32f, &zors::zorsDCTInvInit_32f, &zors::zorsDCTInv_32f>;
 };

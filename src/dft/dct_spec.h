@@ -45,7 +45,7 @@ enum class Direction : bool { forward, inverse };
 
 template <Tag number, class T, Direction way> struct Kind : Spec<T> {
   using Element = T;
-  static constexpr Tag kind = zors::tag(number);
+  static constexpr Tag kind = number;
   static constexpr Direction direction = way;
 };
 
@@ -55,7 +55,7 @@ template <Direction direction, class T> ZorStatus transform(const Spec<T>& spec,
 }  // namespace zors::dct
 
 // The public kinds.
-struct ZorsDCTFwdSpec_32f : zors::dct::Kind<21, Zor32f, zors::dct::Direction::forward> {};
-struct ZorsDCTInvSpec_32f : zors::dct::Kind<22, Zor32f, zors::dct::Direction::inverse> {};
-struct ZorsDCTFwdSpec_64f : zors::dct::Kind<23, Zor64f, zors::dct::Direction::forward> {};
-struct ZorsDCTInvSpec_64f : zors::dct::Kind<24, Zor64f, zors::dct::Direction::inverse> {};
+struct ZorsDCTFwdSpec_32f : zors::dct::Kind<zors::tag(21), Zor32f, zors::dct::Direction::forward> {};
+struct ZorsDCTInvSpec_32f : zors::dct::Kind<zors::tag(22), Zor32f, zors::dct::Direction::inverse> {};
+struct ZorsDCTFwdSpec_64f : zors::dct::Kind<zors::tag(23), Zor64f, zors::dct::Direction::forward> {};
+struct ZorsDCTInvSpec_64f : zors::dct::Kind<zors::tag(24), Zor64f, zors::dct::Direction::inverse> {};

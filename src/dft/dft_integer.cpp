@@ -19,7 +19,7 @@ struct FloatKind {
 // room: floats of a converted copy, for each element and beside them.
 template <Tag number, class Float, int perElement, int beside> struct Wrapper {
   using Inner = Float;
-  static constexpr Tag kind = zors::tag(number);
+  static constexpr Tag kind = number;
   static Zor64s copyBytes(Zor32s len) { return (Zor64s{4} * (Zor64s{perElement} * len + beside) + 63) & ~Zor64s{63}; }
 
   Tag tag;
@@ -32,14 +32,16 @@ template <Tag number, class Float, int perElement, int beside> struct Wrapper {
 
 struct ZorsDFTSpec_C_16sc
     : zors::dft::Wrapper<
-          10, zors::dft::FloatKind<ZorsDFTSpec_C_32fc, zors::zorsDFTInitAlloc_C_32fc, zors::zorsDFTFree_C_32fc>, 2, 0> {
-};
+          zors::tag(10),
+          zors::dft::FloatKind<ZorsDFTSpec_C_32fc, zors::zorsDFTInitAlloc_C_32fc, zors::zorsDFTFree_C_32fc>, 2, 0> {};
 struct ZorsDFTSpec_C_16s
-    : zors::dft::Wrapper<
-          11, zors::dft::FloatKind<ZorsDFTSpec_C_32f, zors::zorsDFTInitAlloc_C_32f, zors::zorsDFTFree_C_32f>, 2, 0> {};
+    : zors::dft::Wrapper<zors::tag(11),
+                         zors::dft::FloatKind<ZorsDFTSpec_C_32f, zors::zorsDFTInitAlloc_C_32f, zors::zorsDFTFree_C_32f>,
+                         2, 0> {};
 struct ZorsDFTSpec_R_16s
-    : zors::dft::Wrapper<
-          12, zors::dft::FloatKind<ZorsDFTSpec_R_32f, zors::zorsDFTInitAlloc_R_32f, zors::zorsDFTFree_R_32f>, 1, 2> {};
+    : zors::dft::Wrapper<zors::tag(12),
+                         zors::dft::FloatKind<ZorsDFTSpec_R_32f, zors::zorsDFTInitAlloc_R_32f, zors::zorsDFTFree_R_32f>,
+                         1, 2> {};
 
 namespace zors {
 namespace {

@@ -25,10 +25,9 @@ template <class T> struct Engine {
   Zor32s stages;  // of a chain
   Stage<T> stage[Factors::capacity];
   Zor32s leaf;
-  const T* leafRoots;    // of a leaf without a kernel
-  const T* directRoots;  // cosines, then minus sines, of the powers of a generator
-  Zor8u logarithm[24],
-      power[24];  // of the direct method, for j from 1: the generator's power that is j or -j; its j-th power
+  const T* leafRoots;              // of a leaf without a kernel
+  const T* directRoots;            // cosines, then minus sines, of the powers of a generator
+  Zor8u power[24], logarithm[24];  // of the generator; for j from 1 that whose power is j or -j
   Zor32s convolutionLength;
   const T *chirp, *chirpSpectrum;
   void* fft;              // of a power of two: of the kind, or complex within a chirp
@@ -74,7 +73,7 @@ enum class Field { complex, real };
 template <Tag number, class T, Field dataField, class PowerOfTwo> struct Kind : Spec<T> {
   using Element = T;
   using Fft = PowerOfTwo;
-  static constexpr Tag kind = zors::tag(number);
+  static constexpr Tag kind = number;
   static constexpr Field field = dataField;
 };
 
@@ -124,9 +123,11 @@ template <class S, class Run, class... P> ZorStatus withSpec(const S* given, Zor
 }  // namespace zors::dft
 
 // The public kinds.
-struct ZorsDFTSpec_C_32fc : zors::dft::Kind<13, Zor32f, zors::dft::Field::complex, zors::FftOf<Zor32fc>> {};
-struct ZorsDFTSpec_C_32f : zors::dft::Kind<14, Zor32f, zors::dft::Field::complex, zors::dft::SplitFftOf<Zor32f>> {};
-struct ZorsDFTSpec_R_32f : zors::dft::Kind<15, Zor32f, zors::dft::Field::real, zors::FftOf<Zor32f>> {};
-struct ZorsDFTSpec_C_64fc : zors::dft::Kind<16, Zor64f, zors::dft::Field::complex, zors::FftOf<Zor64fc>> {};
-struct ZorsDFTSpec_C_64f : zors::dft::Kind<17, Zor64f, zors::dft::Field::complex, zors::dft::SplitFftOf<Zor64f>> {};
-struct ZorsDFTSpec_R_64f : zors::dft::Kind<18, Zor64f, zors::dft::Field::real, zors::FftOf<Zor64f>> {};
+struct ZorsDFTSpec_C_32fc : zors::dft::Kind<zors::tag(13), Zor32f, zors::dft::Field::complex, zors::FftOf<Zor32fc>> {};
+struct ZorsDFTSpec_C_32f
+    : zors::dft::Kind<zors::tag(14), Zor32f, zors::dft::Field::complex, zors::dft::SplitFftOf<Zor32f>> {};
+struct ZorsDFTSpec_R_32f : zors::dft::Kind<zors::tag(15), Zor32f, zors::dft::Field::real, zors::FftOf<Zor32f>> {};
+struct ZorsDFTSpec_C_64fc : zors::dft::Kind<zors::tag(16), Zor64f, zors::dft::Field::complex, zors::FftOf<Zor64fc>> {};
+struct ZorsDFTSpec_C_64f
+    : zors::dft::Kind<zors::tag(17), Zor64f, zors::dft::Field::complex, zors::dft::SplitFftOf<Zor64f>> {};
+struct ZorsDFTSpec_R_64f : zors::dft::Kind<zors::tag(18), Zor64f, zors::dft::Field::real, zors::FftOf<Zor64f>> {};
