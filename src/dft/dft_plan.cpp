@@ -2,6 +2,7 @@
 #include "dft/dft_plan.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 namespace zors::dft {
