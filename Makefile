@@ -7,7 +7,7 @@ OUT ?= demo-out.wav
 JOBS ?= $(shell nproc)
 build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help setup demo test test-gcc test-clang sanitize tsan bench accuracy format lint install clean
+.PHONY: help setup demo find pictures test test-gcc test-clang sanitize tsan bench accuracy format lint install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -23,6 +23,16 @@ setup:
 demo: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target telephone_band | tail -1
 	@./build/gcc-release/examples/telephone_band "$(IN)" "$(OUT)"
+
+## make find       look for a sound in a recording: make find IN=file.wav SOUND=file.wav; without SOUND for a piece of it
+find: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build build/gcc-release -j $(JOBS) --target find_sound | tail -1
+	@./build/gcc-release/examples/find_sound "$(IN)" $(SOUND)
+
+## make pictures   draw the windows and their spectra into docs/
+pictures: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build build/gcc-release -j $(JOBS) --target window_pictures | tail -1
+	@./build/gcc-release/examples/window_pictures docs
 
 ## make test       build with g++ and clang++, run all tests with each
 test: setup test-gcc test-clang

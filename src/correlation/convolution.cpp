@@ -81,7 +81,7 @@ ZorStatus convolvePiecewise(const Operands<Zor16s>& of, Zor16s* dst, Zor32s scal
     by_type::widen(of.x + from, x, static_cast<Zor32s>(to - from));
     direct::correlate(ReversedTaps<Zor32f>{taps + older}, of.tapsLen, x, to - from, done - std::ptrdiff_t(older) - from,
                       results, count);
-    by_type::narrow(results, dst + done, count, scaleFactor);
+    narrowSums(results, dst + done, count, scaleFactor);
   }
   return zorStatusOk;
 }
@@ -107,7 +107,7 @@ ZorStatus zorsConv_16s_Sfs(const Zor16s* src1, Zor32s len1, const Zor16s* src2, 
     by_type::widen(of.x, x, of.xLen);
     by_type::widen(of.taps, taps, of.tapsLen);
     const ZorStatus status = convolution(plan, Operands(x, of.xLen, taps, of.tapsLen), results);
-    if (status >= zorStatusOk) by_type::narrow(results, dst, static_cast<Zor32s>(all), scaleFactor);
+    if (status >= zorStatusOk) narrowSums(results, dst, static_cast<Zor32s>(all), scaleFactor);
     return status;
   });
 }
