@@ -1,8 +1,8 @@
 // zorsArctan_*: arc tangents.
 #include "exports/functions.h"
+#include "frame/elementary.h"
 #include "frame/elementwise.h"
 #include "frame/rounding.h"
-#include "functions/elementary.h"
 
 namespace zors {
 namespace {

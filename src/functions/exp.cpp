@@ -1,8 +1,8 @@
 // zorsExp_* of floats: e^src[i].
 #include "exports/functions.h"
+#include "frame/elementary.h"
 #include "frame/elementwise.h"
 #include "frame/rounding.h"
-#include "functions/elementary.h"
 
 namespace zors {
 namespace {

@@ -7,9 +7,9 @@
 #include <type_traits>
 
 #include "exports/functions.h"
+#include "frame/elementary.h"
 #include "frame/elementwise.h"
 #include "frame/rounding.h"
-#include "functions/elementary.h"
 
 namespace zors {
 namespace {

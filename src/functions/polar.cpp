@@ -5,7 +5,7 @@
 #include "exports/functions.h"
 #include "frame/complex_squares.h"
 #include "frame/convert_round.h"
-#include "functions/elementary.h"
+#include "frame/elementary.h"
 
 namespace zors {
 namespace {
@@ -90,7 +90,7 @@ ZorStatus toIntegerPairs(const S* srcMagn, const S* srcPhase, D* dst, Zor32s len
 template <class F> ZorStatus toPlanes(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, Zor32s len) {
   return check().pointers(srcMagn, srcPhase, dstRe, dstIm).size(len).then([&] {
     mapToTwo<mapStep<F>>([](auto magnitude, auto phase) ZORS_INLINE_LAMBDA { return cartesian(magnitude, phase); }, len,
-                       dstRe, dstIm, srcMagn, srcPhase);
+                         dstRe, dstIm, srcMagn, srcPhase);
   });
 }
 
@@ -121,7 +121,7 @@ ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* 
 ZorStatus zorsPolarToCart_16sc_Sfs(const Zor16s* srcMagn, const Zor16s* srcPhase, Zor16sc* dst, Zor32s len,
                                    Zor32s magnScaleFactor, Zor32s phaseScaleFactor) {
   return toIntegerPairs(srcMagn, srcPhase, dst, len,
-                        To16scScaled{scalePower(magnScaleFactor), phasePower(phaseScaleFactor)});
+                        To16scScaled{exactPower(magnScaleFactor), phasePower(phaseScaleFactor)});
 }
 
 }  // namespace zors
