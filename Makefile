@@ -9,12 +9,11 @@ RATE ?= 48000
 JOBS ?= $(shell nproc)
 build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help setup demo find pictures test test-gcc test-clang sanitize tsan bench accuracy format lint install clean
 # FAMILY=zorsFIR_32f, FAMILY='Sort.*32f': the tests of the files in which the expression stands, and no others.
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find pictures test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -31,24 +30,6 @@ demo: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target telephone_band | tail -1
 	@./build/gcc-release/examples/telephone_band "$(IN)" "$(OUT)"
 
-## make find       look for a sound in a recording: make find IN=file.wav SOUND=file.wav; without SOUND for a piece of it
-find: setup
-	@cmake --preset gcc-release >/dev/null && cmake --build build/gcc-release -j $(JOBS) --target find_sound | tail -1
-	@./build/gcc-release/examples/find_sound "$(IN)" $(SOUND)
-
-## make pictures   draw the windows and their spectra into docs/
-pictures: setup
-	@cmake --preset gcc-release >/dev/null && cmake --build build/gcc-release -j $(JOBS) --target window_pictures | tail -1
-	@./build/gcc-release/examples/window_pictures docs
-
-## make test       build with g++ and clang++, run all tests with each
-test: setup test-gcc test-clang
-test-gcc:
-	$(call build,gcc-release)
-	ctest --preset gcc-release -j $(JOBS)
-test-clang:
-	$(call build,clang-release)
-	ctest --preset clang-release -j $(JOBS)
 ## make demo-dtmf  the digits in a recording of a telephone's tones; without IN=file.wav a number is dialled here
 demo-dtmf: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target dialled_number | tail -1
@@ -57,6 +38,16 @@ demo-dtmf: setup
 demo-resample: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target resample | tail -1
 	@./build/gcc-release/examples/resample "$(IN)" "$(OUT)" "$(RATE)"
+
+## make demo-find  look for a sound in a recording: make demo-find IN=file.wav SOUND=file.wav; without SOUND for a piece of it
+demo-find: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target find_sound | tail -1
+	@./build/gcc-release/examples/find_sound "$(IN)" $(if $(SOUND),"$(SOUND)")
+
+## make pictures   draw the windows and their spectra into docs/
+pictures: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target window_pictures | tail -1
+	@./build/gcc-release/examples/window_pictures docs
 
 ## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
 test: setup
