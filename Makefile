@@ -1,13 +1,19 @@
 # The short road. `make demo` and `make test` work on a fresh Debian machine: both install what they need first.
 PACKAGES = g++ clang cmake ninja-build make pkg-config libgtest-dev libbenchmark-dev libmpfr-dev \
            libsndfile1-dev gnuplot-nox libfftw3-dev libvolk2-dev libliquid-dev libsleef-dev libopenblas-dev libeigen3-dev \
+           libsamplerate0-dev libsoxr-dev \
            clang-format clang-tidy
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
+RATE ?= 48000
 JOBS ?= $(shell nproc)
 build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 
-.PHONY: help setup demo test test-gcc test-clang sanitize tsan bench accuracy format lint install clean
+# FAMILY=zorsFIR_32f, FAMILY='Sort.*32f': the tests of the files in which the expression stands, and no others.
+FAMILY ?=
+run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
+
+.PHONY: help setup demo demo-dtmf demo-resample test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -24,28 +30,33 @@ demo: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target telephone_band | tail -1
 	@./build/gcc-release/examples/telephone_band "$(IN)" "$(OUT)"
 
-## make test       build with g++ and clang++, run all tests with each
-test: setup test-gcc test-clang
-test-gcc:
-	$(call build,gcc-release)
-	ctest --preset gcc-release -j $(JOBS)
-test-clang:
-	$(call build,clang-release)
-	ctest --preset clang-release -j $(JOBS)
+## make demo-dtmf  the digits in a recording of a telephone's tones; without IN=file.wav a number is dialled here
+demo-dtmf: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target dialled_number | tail -1
+	@./build/gcc-release/examples/dialled_number "$(if $(filter command line,$(origin OUT)),$(OUT),dtmf-out.wav)" $(if $(filter command line,$(origin IN)),"$(IN)")
+## make demo-resample  bring a recording to another sample rate: make demo-resample IN=file.wav OUT=file.wav RATE=48000
+demo-resample: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target resample | tail -1
+	@./build/gcc-release/examples/resample "$(IN)" "$(OUT)" "$(RATE)"
 
-## make sanitize   the tests under AddressSanitizer and UndefinedBehaviorSanitizer
+## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
+test: setup
+	$(call run_tests,gcc-release)
+test-clang: setup
+	$(call run_tests,clang-release)
+
+## make sanitize   the tests built by clang++ under AddressSanitizer and UndefinedBehaviorSanitizer
 sanitize: setup
-	$(call build,gcc-sanitize)
-	ctest --preset gcc-sanitize -j $(JOBS)
+	$(call run_tests,clang-sanitize)
 
 ## make tsan       the tests of threads under ThreadSanitizer
 tsan: setup
-	$(call build,clang-tsan)
-	./build/clang-tsan/tests/transforms_tests --gtest_filter='*Thread*'
+	cmake --preset clang-tsan >/dev/null && cmake --build --preset clang-tsan -j $(JOBS) --target fft_tests
+	./build/clang-tsan/tests/fft_tests --gtest_filter='*Thread*'
 
 ## make bench      speeds beside peers and bounds; BENCH=regex picks rows
 bench: setup
-	@$(call build,gcc-release) | tail -1
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target benchmarks | tail -1
 	@for program in build/gcc-release/bench/*_bench; do $$program $(if $(BENCH),--benchmark_filter='$(BENCH)'); done
 
 ## make accuracy   errors of the transcendental functions and of the transforms, as tables (minutes)
@@ -57,10 +68,16 @@ accuracy: setup
 format:
 	clang-format -i $$(git ls-files '*.cpp' '*.h' '*.c')
 
-## make lint       clang-tidy over the library
+## make lint       clang-tidy over the sources that differ from main (BASE=commit); make lint-all over all
+BASE ?= $(shell git merge-base HEAD origin/main 2>/dev/null || git rev-parse HEAD~1)
+tidy = clang-tidy -p build/clang-release --quiet
 lint: setup
-	cmake --preset clang-release >/dev/null
-	clang-tidy -p build/clang-release --quiet $$(git ls-files 'src/*.cpp')
+	@cmake --preset clang-release >/dev/null && cmake --build --preset clang-release --target exports_by_section >/dev/null
+	@changed=$$( (git diff --name-only --diff-filter=d $(BASE) -- 'src/*.cpp'; git ls-files -o --exclude-standard 'src/*.cpp') | sort -u); \
+	[ -z "$$changed" ] || echo $$changed | xargs -n 4 -P $(JOBS) $(tidy)
+lint-all: setup
+	@cmake --preset clang-release >/dev/null && cmake --build --preset clang-release --target exports_by_section >/dev/null
+	git ls-files 'src/*.cpp' | xargs -n 4 -P $(JOBS) $(tidy)
 
 ## make install    install library and headers below PREFIX (default /usr/local)
 PREFIX ?= /usr/local

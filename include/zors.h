@@ -26,14 +26,26 @@
 
 #include "zors/types.h"
 
+#include "zors/adaptive.h"
 #include "zors/arithmetic.h"
 #include "zors/conversion.h"
+#include "zors/correlation.h"
+#include "zors/design.h"
+#include "zors/detection.h"
+#include "zors/dft.h"
 #include "zors/fft.h"
+#include "zors/filters.h"
 #include "zors/fir.h"
 #include "zors/functions.h"
 #include "zors/generators.h"
+#include "zors/iir.h"
 #include "zors/memory.h"
+#include "zors/multirate.h"
+#include "zors/resampling.h"
+#include "zors/sorting.h"
 #include "zors/statistics.h"
 #include "zors/thresholds.h"
+#include "zors/wavelets.h"
+#include "zors/windows.h"
 
 #endif

@@ -57,7 +57,9 @@ constexpr int forwardSign = -1, inverseSign = 1;
 // Plans only what is to be run.
 template <class Fftw, class Plan> void addPeer(bench::Workload& row, const std::string& name, Plan plan) {
 #ifdef HAVE_FFTW
-  if (bench::wanted(name)) row.peer("FFTW", [made = plan()] { Fftw::execute(made); });
+  if (!bench::wanted(name)) return;
+  bench::announce("FFTW plans for " + name);
+  row.peer("FFTW", [made = plan()] { Fftw::execute(made); });
 #else
   (void)row, (void)name, (void)plan;
 #endif

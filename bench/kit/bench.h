@@ -51,8 +51,9 @@ class Workload {
 };
 inline Workload workload(std::string name, long size) { return {std::move(name), size}; }
 
-// Whether the filter of the command line may pick a row of this name: peers that plan for seconds ask first.
+// Whether the filter of the command line may pick a row of this name: peers that plan for seconds ask first, and say so.
 bool wanted(const std::string& name);
+void announce(const std::string& what);
 
 // Sizes of the one-pass families: a call's cost, small, in the first-level cache, in the last-level cache, in memory.
 inline constexpr long passSizes[] = {8, 63, 1000, 100'000, 10'000'000};

@@ -119,6 +119,8 @@ bool wanted(const std::string& name) {
   return filter.empty() || filter == "all" || std::regex_search(name + "/", std::regex(filter));
 }
 
+void announce(const std::string& what) { std::fprintf(stderr, "%s ...\n", what.c_str()); }
+
 // Arrays start at different places of their pages: a store and a load 4 KiB apart would stand in each other's way.
 void* arrayBytes(std::size_t bytes) {
   static std::size_t count = 0;
@@ -164,6 +166,8 @@ int main(int argc, char** argv) {
   int count = int(arguments.size());
   benchmark::Initialize(&count, arguments.data());
   for (const auto define : bench::registrations()) define();
+  const auto& rows = bench::rowOrder();
+  if (std::none_of(rows.begin(), rows.end(), bench::wanted)) return 0;
   bench::Table table;
   benchmark::RunSpecifiedBenchmarks(&table);
   return 0;

@@ -270,7 +270,7 @@ ZorStatus zorsFFTInv_CCSToR_16s_ISfs(Zor16s* srcDst, const ZorsFFTSpec_R_16s* sp
 
 /** @name Products of packed spectra of len values, even or odd
  *  Real terms by one product; pairs, with a = src1 and b = src2
- *  (src and srcDst in place): re = fma(a.re, b.re, -round(a.im * b.im)), im = fma(b.im, a.re, round(a.im * b.re)).
+ *  (src and srcDst in place; dst = src1 acts as in place, with src2 as src): re = fma(a.re, b.re, -round(a.im * b.im)), im = fma(b.im, a.re, round(a.im * b.re)).
  *  MulPackConj: srcDst = src * conj(srcDst): the operand that is overwritten is the one conjugated; s = src, d = srcDst:
  *  re = fma(d.re, s.re, round(s.im * d.im)), im = fma(d.re, s.im, -round(s.re * d.im)).
  *  16s: exact products divided by 2^scaleFactor; real terms scaled down are cut, not rounded; pairs as Mul_16sc.

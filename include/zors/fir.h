@@ -25,8 +25,10 @@ typedef struct ZorFIRState ZorFIRState;
  *  grows by the shift; float taps are scaled so that the largest ends in 16,384 to 32,767. GetTaps returns what is
  *  stored, and the factor; as floats, the products of both. SetTaps32f_16s keeps a deviation: it writes the taps in the
  *  layout of 32f over the state's own, history included; build a new state instead. Checks: pointers; then tapsLen below
- *  1, zorStatusBadTapsLength, or the state's tag. InitAlloc: zorStatusNoMemory leaves *state alone; where only the FFT
- *  cannot be had, the filter is a direct one (32s: the failure is returned).
+ *  1, zorStatusBadTapsLength, or the state's tag. A size that 32 bits do not hold: GetStateSize, Init and InitAlloc give
+ *  zorStatusNoMemory. InitAlloc: zorStatusNoMemory leaves *state alone; where only the FFT cannot be had, the filter is a
+ *  direct one (InitAlloc_32s returns the status of a transform of the taps that fails). Free clears the tag in the memory
+ *  that it releases; a state from Init stays as it is.
  *  @{ */
 ZorStatus zorsFIRGetStateSize_32f(Zor32s tapsLen, Zor32s* size);
 ZorStatus zorsFIRGetStateSize_32fc(Zor32s tapsLen, Zor32s* size);
@@ -244,7 +246,8 @@ ZorStatus zorsFIROne32sc_16sc_Sfs(Zor16sc val, Zor16sc* dst, ZorFIRState* state,
  *  sums for integer samples are multiplied by 2^-scaleFactor, limited, and rounded with ties away from zero. 32s and
  *  32sc taps: 32-bit sums that wrap, shifted by tapsFactor - scaleFactor as above; 16s taps have 15 fractional bits, a
  *  tapsFactor of -15. FIR_Direct_32fc, _64f, _64fc run long filters (32, 32, 16 taps), and their _I forms all, through a
- *  state made for the call (zorStatusNoMemory); *dlyIndex stays then, and tapsLen samples from it on are the history.
+ *  state made for the call; *dlyIndex stays then, and tapsLen samples from it on are the history, oldest first between
+ *  calls. Where the state cannot be had (zorStatusNoMemory) they stay in the reverse order.
  *  FIR_Direct_16s works through a state too: it reads the history from dly[*dlyIndex] on, newest first, leaves it so at
  *  dly[0] and sets *dlyIndex to 0; FIROne_Direct_16s works on the ring. The two do not mix. Checks: src, dst, len, taps,
  *  tapsLen, dly, dlyIndex; One: dst, taps, tapsLen, dly, dlyIndex; of 16s at last *dlyIndex outside 0 to tapsLen - 1,

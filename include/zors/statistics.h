@@ -157,7 +157,8 @@ ZorStatus zorsMean_64fc(const Zor64fc* src, Zor32s len, Zor64fc* mean);
 /** @name Mean of integers
  *  16s, 16sc: (sum / len) * 2^-scaleFactor in binary64, rounded in the current direction and
  *  saturated. 32s: the exact sum divided to nearest, ties to even; scaling down rounds a second time, halves away from
- *  zero; scaling up multiplies the sum where it fits 32 bits, else the quotient, and saturates.
+ *  zero; scaling up multiplies the sum where it fits 32 bits, else the quotient, and saturates. Its scale factors act
+ *  modulo 64, those above 0 as shifts of scaleFactor mod 64 bits.
  *  @{ */
 ZorStatus zorsMean_16s_Sfs(const Zor16s* src, Zor32s len, Zor16s* mean, Zor32s scaleFactor);
 ZorStatus zorsMean_16sc_Sfs(const Zor16sc* src, Zor32s len, Zor16sc* mean, Zor32s scaleFactor);

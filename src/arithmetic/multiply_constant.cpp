@@ -77,7 +77,7 @@ ZorStatus zorsMulC_64f64s_ISfs(Zor64f val, Zor64s* srcDst, Zor32u len, Zor32s sc
 ZorStatus zorsMulC_32f16s_Sfs(const Zor32f* src, Zor32f val, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
-    const auto factor = static_cast<Zor32f>(inScope(val * scalePower(std::clamp(scaleFactor, -512, 512))));
+    const auto factor = static_cast<Zor32f>(inScope(val * exactPower(scaleFactor, -512, 512)));
     map<mapStep<Zor16s>>([=](auto x) ZORS_INLINE_LAMBDA { return to16s<Rounding::nearestEven>(mul(x, same(x, factor))); },
                        len, dst, src);
   });

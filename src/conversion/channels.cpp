@@ -99,7 +99,7 @@ ZorStatus zorsJoinScaled_32f16s_D2L(const Zor32f* const* src, Zor32s nChannels, 
 ZorStatus zorsJoinScaled_32f24s_D2L(const Zor32f* const* src, Zor32s nChannels, Zor32s chanLen, Zor8u* dst) {
   return join<3, Zor32s>(src, nChannels, chanLen, dst, [](const Zor32f* x, Zor32s* words, Zor32s count) {
     map<mapStep<Zor32s>>([](auto v) ZORS_INLINE_LAMBDA { return ToSteps<Zor64f>{8388607.5}(toDouble(limitToOne(v))); },
-                       count, words, x);
+                         count, words, x);
   });
 }
 
@@ -121,8 +121,9 @@ ZorStatus zorsSplitScaled_16s32f_D2L(const Zor16s* src, Zor32f* const* dst, Zor3
     std::memcpy(&x, sample, sizeof x);
     return Zor32s{x};
   };
-  return split<2>(src, dst, nChannels, chanLen, load,
-                  [=](const Zor32s* words, Zor32f* y, Zor32s count) { map<mapStep<Zor32f>>(toFloats, count, y, words); });
+  return split<2>(src, dst, nChannels, chanLen, load, [=](const Zor32s* words, Zor32f* y, Zor32s count) {
+    map<mapStep<Zor32f>>(toFloats, count, y, words);
+  });
 }
 
 ZorStatus zorsSplitScaled_24s32f_D2L(const Zor8u* src, Zor32f* const* dst, Zor32s nChannels, Zor32s chanLen) {

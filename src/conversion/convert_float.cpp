@@ -28,23 +28,23 @@ template <> struct Narrow<Zor8s> {  // NaN converts to 0x80000000 and packs low
   }
 };
 template <> struct Narrow<Zor8u> {
-  static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
+  static Zor32f factor(Zor32s scaleFactor) { return wrappingPower<Zor32f>(scaleFactor); }
   template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
     return saturate<Zor8u>(toInteger<r>(limitAboveKeepNan(x, 255.0f)));
   }
 };
 template <> struct Narrow<Zor16s> {
-  static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
+  static Zor32f factor(Zor32s scaleFactor) { return wrappingPower<Zor32f>(scaleFactor); }
   template <Rounding r, class V> ZORS_INLINE static auto convert(V x) { return to16s<r>(x); }
 };
 template <> struct Narrow<Zor16u> {  // NaN goes to the lower bound
-  static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
+  static Zor32f factor(Zor32s scaleFactor) { return wrappingPower<Zor32f>(scaleFactor); }
   template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
     return saturate<Zor16u>(toInteger<r>(limitNanToLow(x, 0.0f, 65535.0f)));
   }
 };
 template <> struct Narrow<Zor32s> {
-  static Zor32f factor(Zor32s scaleFactor) { return wrappingFactor(scaleFactor); }
+  static Zor32f factor(Zor32s scaleFactor) { return wrappingPower<Zor32f>(scaleFactor); }
   // No limit before: 0x80000000 is turned to 0x7FFFFFFF where the bits, read as an integer, are those of 2^31 or more,
   // of positive infinity or a positive NaN.
   template <Rounding r, class V> ZORS_INLINE static auto convert(V x) {
@@ -53,9 +53,7 @@ template <> struct Narrow<Zor32s> {
   }
 };
 struct NarrowDouble {
-  static Zor64f factor(Zor32s scaleFactor) {
-    return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - std::clamp(scaleFactor, -1008, 1022)) << 52);
-  }
+  static Zor64f factor(Zor32s scaleFactor) { return exactPower(scaleFactor, -1008, 1022); }
 };
 // NaN and what is below the range convert to 0x80000000, the lower bound or what packs to it.
 struct Double16s : NarrowDouble {
@@ -75,7 +73,7 @@ ZorStatus convert(const S* src, D* dst, Zor32s len, ZorRoundMode rnd, Zor32s sca
     withRounding(rnd, [&]<Rounding rounding>() {
       if (scaleFactor == 0) {
         map<mapStep<D, S>>([](auto x) ZORS_INLINE_LAMBDA { return Narrowing::template convert<rounding>(x); }, len, dst,
-                         src);
+                           src);
       } else {
         const S factor = Narrowing::factor(scaleFactor);
         map<mapStep<D, S>>(

@@ -75,8 +75,9 @@ ZorStatus zorsConvert_64s32s_Sfs(const Zor64s* src, Zor32s* dst, Zor32s len, Zor
       });
     } else {  // limited to 32 bits first, so that a shift by up to 30 stays in 64
       const int up = -std::max(scaleFactor, -30);
-      map<mapStep<Zor32s>>([up](auto x) ZORS_INLINE_LAMBDA { return limit32(shiftLeft(extend<Zor64s>(limit32(x)), up)); },
-                         len, dst, src);
+      map<mapStep<Zor32s>>([up](auto x)
+                               ZORS_INLINE_LAMBDA { return limit32(shiftLeft(extend<Zor64s>(limit32(x)), up)); },
+                           len, dst, src);
     }
   });
 }

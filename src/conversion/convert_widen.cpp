@@ -27,22 +27,13 @@ template <class Op, class D, class S> ZorStatus convert(const S* src, D* dst, Zo
   return check().pointers(src, dst).size(len).then([&] { map<mapStep<D, S>>(Op{}, len, dst, src); });
 }
 
-// 2^-scaleFactor; low and high are the bounds that keep the exponent a normal one.
-template <class F> F factor(Zor32s scaleFactor, Zor32s low, Zor32s high) {
-  const Zor32s s = std::clamp(scaleFactor, low, high);
-  if constexpr (sizeof(F) == 4)
-    return std::bit_cast<Zor32f>(static_cast<Zor32u>(127 - s) << 23);
-  else
-    return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - s) << 52);
-}
-
 template <class Op, class D, class S>
 ZorStatus convertScaled(const S* src, D* dst, Zor32s len, Zor32s scaleFactor, Zor32s low, Zor32s high) {
   return check().pointers(src, dst).size(len).then([&] {
     if (scaleFactor == 0) {
       map<mapStep<D, S>>(Op{}, len, dst, src);
     } else {
-      const D f = factor<D>(scaleFactor, low, high);
+      const D f = exactPower<D>(scaleFactor, low, high);
       map<mapStep<D, S>>(
           [f](auto x) ZORS_INLINE_LAMBDA {
             const auto y = Op{}(x);

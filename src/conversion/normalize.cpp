@@ -30,7 +30,7 @@ ZorStatus normalizeIntegers(const T* src, T* dst, Zor32s len, T vSub, Zor32s vDi
   return check().pointers(src, dst).size(len).require(vDiv != 0, zorStatusDivideByZero).then([&] {
     const RoundingScope scope(RoundingScope::nearest);
     const Zor32f reciprocal = 1 / static_cast<Zor32f>(inScope(static_cast<Zor64f>(vDiv))),
-                 factor = factorModulo128(scaleFactor);
+                 factor = powerModulo128(scaleFactor);
     map<mapStep<T>>(
         [=](auto x) ZORS_INLINE_LAMBDA {
           const auto y = toFloat(sub(extend<Zor32s>(as<Zor16s>(x)), extend<Zor32s>(as<Zor16s>(same(x, vSub)))));

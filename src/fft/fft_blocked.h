@@ -21,7 +21,7 @@ template <bool inverse, class T, class Work, template <class> class Source>
     for (int b = 0; b < side; b += L) {
       const std::size_t place = reversedTile * side + std::size_t(16 * reversedBits(a, tileSideBits<T> - 4)) +
                                 n / side * std::size_t(reversedBits(b, tileSideBits<T>));
-      firstPass<inverse, L, T>(
+      firstPass<inverse, 2, T>(
           src, first + rowStep * std::size_t(a) + std::size_t(b), rowStep * rowsApart, twiddles, dst,
           [&](int i) ZORS_INLINE_LAMBDA { return place + n / L * std::size_t(residuePlace<L>(i)); });
     }

@@ -22,15 +22,21 @@ template <bool inverse, class T, int L> ZORS_INLINE Points<T, L> minusI(Points<T
   else
     return {a.re + b.im, a.im - b.re};
 }
-template <bool inverse, class T, int L> ZORS_INLINE Points<T, L> plusI(Points<T, L> a, Points<T, L> b) {
-  return minusI<!inverse>(a, b);
+// The same of interleaved points. A product with one is exact, so here too each result is rounded once.
+template <bool inverse> ZORS_INLINE Lanes<Zor32f, 8> minusI(Lanes<Zor32f, 8> a, Lanes<Zor32f, 8> b) {
+  const __m256 turned = _mm256_permute_ps(b.r, 0xB1);
+  return {inverse ? _mm256_addsub_ps(a.r, turned) : _mm256_fmsubadd_ps(a.r, _mm256_set1_ps(1), turned)};
 }
+template <bool inverse> ZORS_INLINE Lanes<Zor64f, 4> minusI(Lanes<Zor64f, 4> a, Lanes<Zor64f, 4> b) {
+  const __m256d turned = _mm256_permute_pd(b.r, 0x5);
+  return {inverse ? _mm256_addsub_pd(a.r, turned) : _mm256_fmsubadd_pd(a.r, _mm256_set1_pd(1), turned)};
+}
+template <bool inverse, class X> ZORS_INLINE X plusI(X a, X b) { return minusI<!inverse>(a, b); }
 
-template <class T, int L, int n> struct Parts { Points<T, L> at[n]; };
+template <class T, int L, int n> using Parts = Group<Points<T, L>, n>;
 
 // Four points: t[q] is the part of residue q, the result is in natural order.
-template <bool inverse, class T, int L>
-ZORS_INLINE Parts<T, L, 4> butterfly4(Points<T, L> a, Points<T, L> t1, Points<T, L> t2, Points<T, L> t3) {
+template <bool inverse, class X> ZORS_INLINE Group<X, 4> butterfly4(X a, X t1, X t2, X t3) {
   const auto sum02 = a + t2, difference02 = a - t2, sum13 = t1 + t3, difference13 = t1 - t3;
   return {{sum02 + sum13, minusI<inverse>(difference02, difference13), sum02 - sum13,
            plusI<inverse>(difference02, difference13)}};

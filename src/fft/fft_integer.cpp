@@ -1,8 +1,8 @@
 // zorsFFTGetSize_*, zorsFFTInit_*, zorsFFTInitAlloc_*, zorsFFTFree_*, zorsFFTGetBufSize_*, zorsFFTFwd_*, zorsFFTInv_*
 // of the 32-bit integer kinds.
+#include "fft/fft_integer.h"
 #include "exports/conversion.h"
 #include "exports/fft.h"
-#include "fft/fft_integer.h"
 
 namespace zors::fft {
 

@@ -118,6 +118,10 @@ template <class T, int L> ZORS_INLINE Lanes<T, L> reversed(Lanes<T, L> x) {
     return {_mm256_permutevar8x32_ps(x.r, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0))};
 }
 
+// Several of a kind.
+template <class X, int n> struct Group { X at[n]; };
+template <class T, int n> using Registers = Group<Lanes<T, fullLanes<T>>, n>;
+
 // L complex points.
 template <class T, int L> struct Points {
   Lanes<T, L> re, im;
@@ -188,6 +192,18 @@ template <class Work, class T, int L> ZORS_INLINE void storeWork(Work work, std:
   storeLanes<L>(work.im(k), x.im);
 }
 
+// Points of one half of two registers after those of the other: reals and imaginaries by turns, in lane order.
+ZORS_INLINE Registers<Zor32f, 2> interleaved(Points<Zor32f, 8> x) {
+  return {{{_mm256_unpacklo_ps(x.re.r, x.im.r)}, {_mm256_unpackhi_ps(x.re.r, x.im.r)}}};
+}
+ZORS_INLINE Registers<Zor64f, 2> interleaved(Points<Zor64f, 4> x) {
+  return {{{_mm256_unpacklo_pd(x.re.r, x.im.r)}, {_mm256_unpackhi_pd(x.re.r, x.im.r)}}};
+}
+// The same of four points, in order.
+ZORS_INLINE Lanes<Zor32f, 8> interleavedHalves(Lanes<Zor32f, 4> re, Lanes<Zor32f, 4> im) {
+  return {_mm256_set_m128(_mm_unpackhi_ps(re.r, im.r), _mm_unpacklo_ps(re.r, im.r))};
+}
+
 // Where a transform reads and writes: interleaved points, or real and imaginary parts in arrays of their own. Full
 // registers come in the order that sourcePoint tells, and are given in lane order.
 template <class T> struct Interleaved {
@@ -201,15 +217,14 @@ template <class T> struct Interleaved {
   static constexpr int sourcePoint(int lane, int lanes) {
     return lanes == fullLanes<Value> ? lanePoint<Value>(lane) : lane;
   }
-  // Eight points in memory order.
-  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const {
-    const auto pieces = [&](std::size_t at) ZORS_INLINE_LAMBDA {
-      return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(points + 2 * at)),
-                                  _mm_loadu_ps(points + 2 * at + 8), 1);
-    };
-    const __m256 a = pieces(j), b = pieces(j + 2);
-    return {{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
+  template <int n> ZORS_INLINE Registers<Value, n> loadRegisters(std::size_t j) const {
+    Registers<Value, n> x;
+    simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA {
+      x.at[i] = loadOnce<fullLanes<Value>>(points + 2 * j + std::size_t(fullLanes<Value> * i));
+    });
+    return x;
   }
+  static constexpr int registerPoint(int place, int) { return place; }
 };
 template <class T> struct SplitPoints {
   using Value = std::remove_const_t<T>;
@@ -225,53 +240,17 @@ template <class T> struct SplitPoints {
     storeLanes<L>(im(k), reorder(x.im));
   }
   static constexpr int sourcePoint(int lane, int) { return lane; }
-  ZORS_INLINE Points<Value, 8> loadInOrder(std::size_t j) const { return load<8>(j); }
-};
-
-// The columns of four rows of four in each half: lanes of one column in lane order, if the halves of r0, r1, r2, r3 are
-// rows 0 and 2, 1 and 3, 4 and 6, 5 and 7.
-template <int column, class Store>
-ZORS_INLINE void transposeHalves(__m256 r0, __m256 r1, __m256 r2, __m256 r3, Store store) {
-  const __m256 t0 = _mm256_unpacklo_ps(r0, r1), t1 = _mm256_unpackhi_ps(r0, r1);
-  const __m256 t2 = _mm256_unpacklo_ps(r2, r3), t3 = _mm256_unpackhi_ps(r2, r3);
-  store(column, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0x44)});
-  store(column + 1, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t0, t2, 0xEE)});
-  store(column + 2, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0x44)});
-  store(column + 3, Lanes<Zor32f, 8>{_mm256_shuffle_ps(t1, t3, 0xEE)});
-}
-
-// The columns of a matrix in memory of fullLanes<T> rows of L lanes, each given to store(column, register) in lane
-// order; row(i) is the address of row i.
-template <int L, class Row, class Store> ZORS_INLINE void transposeRows(Row row, Store store) {
-  using T = std::remove_cvref_t<decltype(*row(0))>;
-  if constexpr (sizeof(T) == 8) {
-    const auto r0 = loadLanes<4>(row(0)).r, r1 = loadLanes<4>(row(1)).r, r2 = loadLanes<4>(row(2)).r,
-               r3 = loadLanes<4>(row(3)).r;
-    const __m256d a = _mm256_permute2f128_pd(r0, r1, 0x20), b = _mm256_permute2f128_pd(r2, r3, 0x20);
-    const __m256d c = _mm256_permute2f128_pd(r0, r1, 0x31), d = _mm256_permute2f128_pd(r2, r3, 0x31);
-    store(0, Lanes<T, 4>{_mm256_unpacklo_pd(a, b)});
-    store(1, Lanes<T, 4>{_mm256_unpackhi_pd(a, b)});
-    store(2, Lanes<T, 4>{_mm256_unpacklo_pd(c, d)});
-    store(3, Lanes<T, 4>{_mm256_unpackhi_pd(c, d)});
-  } else {
-    constexpr auto at = lanePoint<T>;
-    if constexpr (L == 4) {
-      const auto pair = [&](int i) ZORS_INLINE_LAMBDA {
-        return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(row(at(i)))), _mm_loadu_ps(row(at(i + 4))), 1);
-      };
-      transposeHalves<0>(pair(0), pair(1), pair(2), pair(3), store);
-    } else {
-      __m256 low[4], high[4];
-      simd::unrolled<4>([&](auto i) ZORS_INLINE_LAMBDA {
-        const __m256 a = loadLanes<8>(row(at(i))).r, b = loadLanes<8>(row(at(i + 4))).r;
-        low[i] = _mm256_permute2f128_ps(a, b, 0x20);
-        high[i] = _mm256_permute2f128_ps(a, b, 0x31);
-      });
-      transposeHalves<0>(low[0], low[1], low[2], low[3], store);
-      transposeHalves<4>(high[0], high[1], high[2], high[3], store);
-    }
+  template <int n> ZORS_INLINE Registers<Value, n> loadRegisters(std::size_t j) const {
+    constexpr int L = fullLanes<Value>;
+    if constexpr (n == 1)
+      return {{interleavedHalves(loadLanes<L / 2>(re(j)), loadLanes<L / 2>(im(j)))}};
+    else
+      return interleaved(load<L>(j));
   }
-}
+  static constexpr int registerPoint(int place, int registers) {
+    return registers == 1 ? place : lanePoint<Value>(place);
+  }
+};
 
 // Four rows of four lanes; the columns of a full register have their elements in lane order.
 ZORS_INLINE void transpose4(Lanes<Zor32f, 4> (&x)[4]) { _MM_TRANSPOSE4_PS(x[0].r, x[1].r, x[2].r, x[3].r); }

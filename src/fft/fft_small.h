@@ -54,50 +54,13 @@ ZORS_INLINE void twoStages(Source src, Target dst, T scale) {
   storeParts<scaled>(dst, 0, 4, butterfly<columns, inverse>(parts), scale);
 }
 
-// The first pass of 64 points of 32 bits. Four sequences fill half a register: a register has two parts of one term
-// after the first stage, and two terms, k and k + 2, of one part for the second.
+// The first pass's twiddles of 64 points.
 template <class T>
-constexpr auto pairedTwiddles = [] {
-  std::array<T, 2 * 3 * 16> table{};
-  const auto sines = staticSineTable<T>(largestSmallOrder);
-  for (std::size_t pair = 0; pair < 2; ++pair)
-    for (std::size_t q = 1; q < 4; ++q)
-      for (std::size_t lane = 0; lane < 8; ++lane) {
-        const auto w = sines.rotation(q * (pair + lane / 4 * 2), 16);
-        table[16 * (3 * pair + q - 1) + lane] = w.re;
-        table[16 * (3 * pair + q - 1) + lane + 8] = w.im;
-      }
+constexpr auto firstPassConstants = [] {
+  std::array<T, firstPassTwiddleValues<T>> table{};
+  firstPassRecords(staticSineTable<T>(largestSmallOrder), table.data());
   return table;
 }();
-template <bool inverse, class Source> ZORS_INLINE void firstPass64(Source src, WorkPoints<Zor32f> work) {
-  using Terms = Parts<Zor32f, 8, 4>;
-  Terms terms[2], joined[2];
-  simd::unrolled<2>([&](auto half) ZORS_INLINE_LAMBDA {
-    terms[half] = butterfly<4, inverse, 8, Zor32f>(
-        [&](auto q) ZORS_INLINE_LAMBDA { return src.loadInOrder(std::size_t(8 * half + 16 * q)); });
-  });
-  simd::unrolled<2>([&](auto k) ZORS_INLINE_LAMBDA {
-    joined[k] = butterfly<4, inverse, 8, Zor32f>([&](auto q) ZORS_INLINE_LAMBDA {
-      constexpr int select = q % 2 == 0 ? 0x20 : 0x31;
-      const auto &a = terms[q / 2].at[k], &b = terms[q / 2].at[k + 2];
-      const Points<Zor32f, 8> x = {{_mm256_permute2f128_ps(a.re.r, b.re.r, select)},
-                                   {_mm256_permute2f128_ps(a.im.r, b.im.r, select)}};
-      if constexpr (q == 0)
-        return x;
-      else
-        return twiddle<inverse>(loadPoints<8>(pairedTwiddles<Zor32f>.data() + 16 * (3 * k + q - 1)), x);
-    });
-  });
-  simd::unrolled<2>([&](auto half) ZORS_INLINE_LAMBDA {
-    const auto &r0 = joined[0].at[2 * half], &r1 = joined[1].at[2 * half], &r2 = joined[0].at[2 * half + 1],
-               &r3 = joined[1].at[2 * half + 1];
-    const auto place = [&](int j) ZORS_INLINE_LAMBDA { return std::size_t(16 * residuePlace<4>(j) + 8 * half); };
-    transposeHalves<0>(r0.re.r, r1.re.r, r2.re.r, r3.re.r,
-                       [&](int j, auto x) ZORS_INLINE_LAMBDA { storeLanes<8>(work.re(place(j)), x); });
-    transposeHalves<0>(r0.im.r, r1.im.r, r2.im.r, r3.im.r,
-                       [&](int j, auto x) ZORS_INLINE_LAMBDA { storeLanes<8>(work.im(place(j)), x); });
-  });
-}
 
 template <bool inverse, bool scaled, class T, class Source, class Target>
 [[gnu::flatten]] void smallTransform(int order, Source src, Target dst, T scale) {
@@ -119,11 +82,9 @@ template <bool inverse, bool scaled, class T, class Source, class Target>
     default: {
       alignas(32) T points[2 * 64];
       const WorkPoints<T> work{points};
-      if constexpr (sizeof(T) == 4)
-        firstPass64<inverse>(src, work);
-      else
-        firstPass<inverse, 4>(src, 0, 4, stageConstants<T, 1, 4, 4>.data(), work,
-                              [](int j) ZORS_INLINE_LAMBDA { return std::size_t(16 * residuePlace<4>(j)); });
+      firstPass<inverse, 8 / fullLanes<T>>(src, 0, 4, firstPassConstants<T>.data(), work, [](int j) ZORS_INLINE_LAMBDA {
+        return std::size_t(16 * residuePlace<4>(j));
+      });
       lastStage<4, inverse, scaled>(work, 16, stageConstants<T, fullLanes<T>, 16, 4>.data(), dst, scale);
     }
   }

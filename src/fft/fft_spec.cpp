@@ -84,7 +84,7 @@ template <class S> constexpr void lay(Layout& block, S& spec, int order) {
   block.take<Spec<T>>(1);
   if (engine > largestSmallOrder) {
     spec.bitReverse = block.take<Zor32u>(power(reversalBits<T>(engine)));
-    spec.twiddles = block.take<T>(stageTwiddleValues(innermostOrder<T>(engine)));
+    spec.twiddles = block.take<T>(stageTwiddleValues<T>(innermostOrder<T>(engine)));
     for (int level = 0; engine >= blockedOrder<T>; ++level, engine -= tileBits<T>(engine))
       spec.levelTwiddles[level] = block.take<T>(levelTwiddleValues<T>(engine));
   }

@@ -10,46 +10,78 @@
 
 namespace zors::fft {
 
-// Two radix-4 stages of the points j, j + step, ... j + 15 step of L sequences, the first without twiddles, the second
-// with those of 16 points (single pairs). The 16 results of sequence j + i go to work from place(i) on.
-template <bool inverse, int L, class T, class Work, class Place, template <class> class Source>
+// Of four rows, row(k) for term k, the half registers there: interleaved points of one sequence, or of two of 32 bits.
+// All terms in a register, in an order of its own: in 32 bits both sequences of the terms 0, 1 | 2, 3, in 64 bits the
+// terms 0, 2 | 1, 3, which is lane order. storeTerms knows it.
+template <class Row> ZORS_INLINE auto loadTerms(Row row) {
+  if constexpr (std::is_same_v<std::remove_cvref_t<decltype(*row(0))>, Zor32f>) {
+    const auto both = [&](int k) ZORS_INLINE_LAMBDA {
+      return _mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(row(k))), _mm_loadu_ps(row(k + 2)), 1);
+    };
+    const __m256 a = both(0), b = both(1);
+    return Points<Zor32f, 8>{{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
+  } else {
+    const auto both = [&](int k) ZORS_INLINE_LAMBDA {
+      return _mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(row(k))), _mm_loadu_pd(row(k + 1)), 1);
+    };
+    const __m256d a = both(0), b = both(2);
+    return Points<Zor64f, 4>{{_mm256_unpacklo_pd(a, b)}, {_mm256_unpackhi_pd(a, b)}};
+  }
+}
+// The results of a sequence, y.at[m] its terms 4m to 4m + 3, to 16 points of a work array; of 32 bits sequence i of the
+// two.
+template <int i, class Work> ZORS_INLINE void storeTerms(Work work, const Parts<Zor32f, 8, 4>& y) {
+  constexpr int select = i == 0 ? 0x88 : 0xDD;
+  simd::unrolled<2>([&](auto m) ZORS_INLINE_LAMBDA {
+    const auto &a = y.at[2 * m], &b = y.at[2 * m + 1];
+    storeLanes<8>(work.re(std::size_t(8 * m)), Lanes<Zor32f, 8>{_mm256_shuffle_ps(a.re.r, b.re.r, select)});
+    storeLanes<8>(work.im(std::size_t(8 * m)), Lanes<Zor32f, 8>{_mm256_shuffle_ps(a.im.r, b.im.r, select)});
+  });
+}
+template <int, class Work> ZORS_INLINE void storeTerms(Work work, const Parts<Zor64f, 4, 4>& y) {
+  simd::unrolled<4>([&](auto m) ZORS_INLINE_LAMBDA {
+    storeLanes<4>(work.re(std::size_t(4 * m)), y.at[m].re);
+    storeLanes<4>(work.im(std::size_t(4 * m)), y.at[m].im);
+  });
+}
+
+// Two radix-4 stages of the points j, j + step, ... j + 15 step of sequences j, j + 1, ..., the first without twiddles,
+// the second with those of 16 points (firstPassTwiddles). The 16 results of sequence j + i go to work from place(i) on.
+//
+// The first stage has no twiddles, so it runs on interleaved points as they are; lanes are sequences. Its results wait
+// in memory as rows, one for each term and residue, and the second stage, whose lanes are the four terms, takes a
+// sequence (two of 32 bits) out of the rows by loads of half registers. So points are parted and transposed at once.
+template <bool inverse, int registers, class T, class Work, class Place, template <class> class Source>
 ZORS_INLINE void firstPass(Source<const T> src, std::size_t j, std::size_t step, const T* twiddles, Work work,
                            Place place) {
-  alignas(32) T rows[16 * 2 * L];
-  const auto row = [&](int i) ZORS_INLINE_LAMBDA { return rows + 2 * L * i; };
+  constexpr int L = fullLanes<T>;
+  alignas(32) T rows[16 * registers * L];
+  const auto row = [&](int u, int k) ZORS_INLINE_LAMBDA { return rows + registers * L * (4 * u + k); };
   src = src.from(j);
   simd::unrolled<4>([&](auto u) ZORS_INLINE_LAMBDA {
-    Parts<T, L, 4> x;
-    simd::unrolled<4>([&](auto q) ZORS_INLINE_LAMBDA { x.at[q] = src.template load<L>(4 * step * std::size_t(q)); });
+    Registers<T, registers> x[4];
+    simd::unrolled<4>(
+        [&](auto q) ZORS_INLINE_LAMBDA { x[q] = src.template loadRegisters<registers>(4 * step * std::size_t(q)); });
     src = src.from(step);
-    const auto y = butterfly<4, inverse>(x);
-    simd::unrolled<4>([&](auto k) ZORS_INLINE_LAMBDA { storePoints<L>(row(4 * u + k), y.at[k]); });
-    keepInMemory(rows);
-  });
-  simd::unrolled<4>([&](auto k) ZORS_INLINE_LAMBDA {
-    Parts<T, L, 4> x;
-    x.at[0] = loadPoints<L>(row(k));
-    simd::unrolled<3>([&](auto i) ZORS_INLINE_LAMBDA {
-      constexpr int q = i + 1;
-      const T* const w = twiddles + 2 * (3 * k + i);
-      x.at[q] = twiddle<inverse>(Points<T, L>{allLanes<L>(w[0]), allLanes<L>(w[1])}, loadPoints<L>(row(4 * q + k)));
+    simd::unrolled<registers>([&](auto i) ZORS_INLINE_LAMBDA {
+      const auto y = butterfly4<inverse>(x[0].at[i], x[1].at[i], x[2].at[i], x[3].at[i]);
+      simd::unrolled<4>([&](auto k) ZORS_INLINE_LAMBDA { storeLanes<L>(row(u, k) + L * i, y.at[k]); });
     });
-    const auto y = butterfly<4, inverse>(x);
-    simd::unrolled<4>([&](auto m) ZORS_INLINE_LAMBDA { storePoints<L>(row(4 * m + k), y.at[m]); });
-    keepInMemory(rows);
   });
-  constexpr int full = fullLanes<T>;
-  Work column[L] = {};
-  simd::unrolled<L>([&](auto lane)
-                        ZORS_INLINE_LAMBDA { column[lane] = work.from(place(Source<const T>::sourcePoint(lane, L))); });
-  simd::unrolled<16 / full>([&](auto part) ZORS_INLINE_LAMBDA {
-    const T* const from = row(full * part);
-    transposeRows<L>([&](int i) ZORS_INLINE_LAMBDA { return from + 2 * L * i; },
-                     [&](int at, auto x)
-                         ZORS_INLINE_LAMBDA { storeLanes<full>(column[at].re(std::size_t(full * part)), x); });
-    transposeRows<L>([&](int i) ZORS_INLINE_LAMBDA { return from + 2 * L * i + L; },
-                     [&](int at, auto x)
-                         ZORS_INLINE_LAMBDA { storeLanes<full>(column[at].im(std::size_t(full * part)), x); });
+  keepInMemory(rows);
+  constexpr int halves = 2 * registers, together = 16 / (2 * int{sizeof(T)});  // sequences in half a register
+  simd::unrolled<halves>([&](auto half) ZORS_INLINE_LAMBDA {
+    const auto y = butterfly<4, inverse, L, T>([&](auto u) ZORS_INLINE_LAMBDA {
+      const auto x = loadTerms([&](int k) ZORS_INLINE_LAMBDA { return row(u, k) + L / 2 * half; });
+      if constexpr (u == 0)
+        return x;
+      else
+        return twiddle<inverse>(loadPoints<L>(twiddles + 2 * L * (u - 1)), x);
+    });
+    simd::unrolled<together>([&](auto i) ZORS_INLINE_LAMBDA {
+      const auto column = work.from(place(Source<const T>::registerPoint(together * half + i, registers)));
+      storeTerms<i>(column, y);
+    });
   });
 }
 
@@ -117,7 +149,7 @@ int runInnerStages(Work work, std::size_t begin, int order, int lastBits, const 
   const std::size_t n = std::size_t{1} << order;
   const int blockBits = std::min(lastBits, stageBlockOrder<T>);
   const std::size_t block = std::size_t{1} << std::min(order, stageBlockOrder<T>);
-  const T* const first = twiddles + firstPassTwiddleValues;
+  const T* const first = twiddles + firstPassTwiddleValues<T>;
   int done = firstPassBits;
   for (std::size_t at = begin; at < begin + n; at += block) {
     twiddles = first;

@@ -29,8 +29,7 @@ template <class T> SineTable<T> sineTable(int order, T* memory) {
 }
 
 template <class T> void fillStageTwiddles(int order, const SineTable<T>& sines, T* out) {
-  stageRecords<1>(4, 4, sines, out);
-  out += firstPassTwiddleValues;
+  out = firstPassRecords(sines, out);
   for (int done = firstPassBits; done < order; done += stageBits(order, done)) {
     const std::size_t span = std::size_t{1} << done, radix = std::size_t{1} << stageBits(order, done);
     out = stageRecords<fullLanes<T>>(span, radix, sines, out);

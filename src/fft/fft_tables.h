@@ -91,12 +91,24 @@ constexpr T* stageRecords(std::size_t span, std::size_t radix, const SineTable<T
   return out;
 }
 
-// ---- Twiddles: first single pairs for the second stage, then records of full registers of cosines and of minus sines
-// in lane order, one after another as the stages use them
+// ---- Twiddles: three records for the second stage, whose lanes are terms, then records of full registers of cosines
+// and of minus sines in lane order, one after another as the stages use them
 
-inline constexpr std::size_t firstPassTwiddleValues = 32;  // 24, and the rest of a line
-constexpr std::size_t stageTwiddleValues(int order) {
-  std::size_t values = firstPassTwiddleValues;
+// The term that lane l of the second stage holds, and the records of the powers 1 to 3.
+template <class T> constexpr int laneTerm(int lane) { return sizeof(T) == 4 ? lane / 2 : lanePoint<T>(lane); }
+template <class T> inline constexpr std::size_t firstPassTwiddleValues = 3 * 2 * fullLanes<T>;
+template <class T> constexpr T* firstPassRecords(const SineTable<T>& sines, T* out) {
+  for (std::size_t q = 1; q < 4; ++q, out += 2 * fullLanes<T>)
+    for (int lane = 0; lane < fullLanes<T>; ++lane) {
+      const auto w = sines.rotation(q * static_cast<std::size_t>(laneTerm<T>(lane)), 16);
+      out[lane] = w.re;
+      out[lane + fullLanes<T>] = w.im;
+    }
+  return out;
+}
+
+template <class T> constexpr std::size_t stageTwiddleValues(int order) {
+  std::size_t values = firstPassTwiddleValues<T>;
   for (int done = firstPassBits; done < order; done += stageBits(order, done)) {
     const std::size_t span = std::size_t{1} << done, radix = std::size_t{1} << stageBits(order, done);
     values += 2 * span * (radix - 1);

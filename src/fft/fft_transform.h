@@ -22,7 +22,7 @@ void stagedTransform(const Spec<T>& spec, int order, Array<const T> src, Array<T
   // The reversal of j + i is that of j, plus that of i in front.
   for (std::size_t j = 0; j < n / 16; j += L) {
     const std::size_t place = 16 * std::size_t(spec.bitReverse[j / L]);
-    firstPass<inverse, L, T>(src, j, n / 16, spec.twiddles, work, [&](int i) ZORS_INLINE_LAMBDA {
+    firstPass<inverse, 2, T>(src, j, n / 16, spec.twiddles, work, [&](int i) ZORS_INLINE_LAMBDA {
       return place + std::size_t(residuePlace<L>(i)) * (n / L);
     });
   }

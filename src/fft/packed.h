@@ -7,7 +7,6 @@
 
 #include <cstring>
 
-
 namespace zors {
 
 enum class Packed { pack, perm, ccs };

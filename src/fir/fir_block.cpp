@@ -136,8 +136,9 @@ ZorStatus filterInPlace(ZorFIRState* state, typename Kind::Sample* srcDst, Zor32
 template <class Kind>
 ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorFIRState* state,
                  Zor32s scaleFactor = 0) {
-  return check().pointers(state, src, dst).size(len).state(state, Kind::tags[0]).then([&]() -> ZorStatus {
+  return firState<Kind>(check().pointers(state, src, dst).size(len), state).then([&]() -> ZorStatus {
     const RoundingScope nearest(RoundingScope::nearest);
+    if (state->tag != Kind::tags[0]) return firRunRates<Kind>(state, src, dst, len, scaleFactor);
     if (src == dst) return filterInPlace<Kind>(state, dst, len, scaleFactor);
     if (takesFft<Kind>(state, len)) return filterByFft<Kind>(state, src, dst, len, scaleFactor);
     filterDirect<Kind>(state, src, dst, len, scaleFactor);

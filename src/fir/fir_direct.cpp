@@ -1,10 +1,10 @@
 // zorsFIR*_Direct_*, zorsFIROne*_Direct_*: filtering with the caller's taps and delay line.
-#include <bit>
-
+#include "fir/fir_direct.h"
 #include "exports/fir.h"
 #include "exports/memory.h"
 #include "fir/fir_integer.h"
 #include "frame/dot_kernels.h"
+#include "frame/power_of_two.h"
 #include "frame/rounding.h"
 
 namespace zors {
@@ -35,20 +35,6 @@ template <class F, class T, int L> ZORS_INLINE auto samplesAs(Vec<T, L> x) {
   else
     return toDouble(x);
 }
-template <class F, class T> F sampleAs(T x) {
-  if constexpr (Complex<F>)
-    return {static_cast<decltype(F::re)>(x.re), static_cast<decltype(F::im)>(x.im)};
-  else
-    return static_cast<F>(x);
-}
-template <class C> C addTerm(C sum, C tap, C x) requires Complex<C> {
-  return {sum.re + (tap.re * x.re - tap.im * x.im), sum.im + (tap.re * x.im + tap.im * x.re)};
-}
-template <class Sum, class F> Sum addTerm(Sum sum, F tap, F x) {
-  const F product = tap * x;
-  return sum + static_cast<Sum>(product);
-}
-
 // Products in the type of the taps, their sum in Sum.
 template <class Sum, class Tap, class Sample>
 [[gnu::flatten]] Sum windowSum(const Tap* taps, Zor32s tapsLen, const Sample* window) {
@@ -79,33 +65,6 @@ template <class Sum, class Tap, class Sample>
   }
   for (; j < tapsLen; ++j) y = addTerm(y, tapsEnd[-1 - j], sampleAs<Tap>(window[j]));
   return y;
-}
-
-// ---- Results ------------------------------------------------------------------------------------
-
-// A float sum times 2^-scaleFactor, the factor from exponent bits that wrap; limited to the integer's range, NaN to its
-// lower bound; rounded with ties away from zero.
-inline Zor32f scaleOf(Zor32f, Zor32s scaleFactor) {
-  return std::bit_cast<Zor32f>(Zor32u{0x3F800000} - (static_cast<Zor32u>(scaleFactor) << 23));
-}
-inline Zor64f scaleOf(Zor64f, Zor32s scaleFactor) {
-  return std::bit_cast<Zor64f>(static_cast<Zor64u>(Zor32u{0x3FF00000} - (static_cast<Zor32u>(scaleFactor) << 20))
-                               << 32);
-}
-template <class D, class F> D awayFromZero(F sum, Zor32s scaleFactor) {
-  constexpr auto low = std::numeric_limits<D>::min(), high = std::numeric_limits<D>::max();
-  const Zor64f y = sum * scaleOf(F{}, scaleFactor);
-  if (!(y >= low)) return low;
-  if (y > high) return high;
-  return static_cast<D>(std::clamp(y < 0 ? y - 0.5 : y + 0.5, Zor64f(low), Zor64f(high)));
-}
-template <class D, class F> D resultOf(F sum, Zor32s scaleFactor) {
-  if constexpr (Complex<D>)
-    return {resultOf<decltype(D::re)>(sum.re, scaleFactor), resultOf<decltype(D::im)>(sum.im, scaleFactor)};
-  else if constexpr (std::is_integral_v<D>)
-    return awayFromZero<D>(sum, scaleFactor);
-  else
-    return static_cast<D>(sum);
 }
 
 // ---- Blocks and single samples ------------------------------------------------------------------

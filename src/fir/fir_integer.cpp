@@ -133,7 +133,10 @@ template <class Kind, class T> ZorStatus getFloatTaps(const ZorFIRState* state, 
   });
 }
 template <class Kind, class T, class Write> ZorStatus setTaps(const T* taps, ZorFIRState* state, Write write) {
-  return firState<Kind>(check().pointers(taps, state), state).then([&] { write(state); });
+  return firState<Kind>(check().pointers(taps, state), state).then([&] {
+    write(state);
+    firSplitTaps<Kind>(state);
+  });
 }
 
 template <class Kind> ZorStatus getDlyLine(const ZorFIRState* state, typename Kind::Sample* dly) {
@@ -148,9 +151,13 @@ template <class Kind> ZorStatus setDlyLine(ZorFIRState* state, const typename Ki
 template <class Kind>
 ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorFIRState* state,
                  Zor32s scaleFactor) {
-  return check().pointers(state, src, dst).size(len).state(state, Kind::tags[0]).then([&] {
+  return firState<Kind>(check().pointers(state, src, dst).size(len), state).then([&] {
+    if (state->tag != Kind::tags[0]) return firRunRates<Kind>(state, src, dst, len, scaleFactor);
     const int shift = fir::integerShift(state->tapsFactor, scaleFactor);
-    if (src != dst) return firFilterInteger<Kind>(state, src, dst, len, shift);
+    if (src != dst) {
+      firFilterInteger<Kind>(state, src, dst, len, shift);
+      return ZorStatus{zorStatusOk};
+    }
     auto* scratch = static_cast<typename Kind::Sample*>(state->blockScratch);
     for (Zor32s done = 0; done < len;) {
       const Zor32s chunk = std::min(len - done, firChunk);
@@ -158,6 +165,7 @@ ZorStatus filter(const typename Kind::Sample* src, typename Kind::Sample* dst, Z
       by_type::copy(scratch, dst + done, chunk);
       done += chunk;
     }
+    return ZorStatus{zorStatusOk};
   });
 }
 

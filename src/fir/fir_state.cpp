@@ -39,8 +39,10 @@ template <class T> void writeRows(T* rows, const T* taps, Zor32s tapsLen, int re
 
 template <class Kind> void writeTaps(ZorFIRState* state, const typename Kind::Tap* taps) {
   reverseInto(firTaps<Kind>(state), taps, state->tapsLen);
-  if constexpr (Kind::fourLaneRows)
-    writeRows(static_cast<typename Kind::Value*>(state->tapsRows), taps, state->tapsLen, 4);
+  if constexpr (Kind::fourLaneRows) {
+    if (state->tapsRows != nullptr)
+      writeRows(static_cast<typename Kind::Value*>(state->tapsRows), taps, state->tapsLen, 4);
+  }
 }
 
 // Fills the parts; makeSpec builds the FFT specification and whatever it returns, a filter whose FFT cannot be had is a
@@ -55,7 +57,6 @@ ZorStatus build(const FirParts& parts, const FirFftPlan& plan, const typename Ki
             .dlyLen = tapsLen,
             .dlyBlock = firDlyBlock<Kind>(tapsLen, plan),
             .fftLen = hasFft ? plan.fftLen : -1,
-            .fftWorkSize = plan.workSize,
             .tapsReversed = parts.tapsReversed,
             .tapsRows = parts.tapsRows,
             .dlyLine = parts.dlyLine,
@@ -156,15 +157,17 @@ template <class Kind> ZorStatus renewSpectrum(const typename Kind::Tap* taps, Zo
 template <class Kind> ZorStatus setTaps(const typename Kind::Tap* taps, ZorFIRState* state) {
   return firState<Kind>(check().pointers(taps, state), state).then([&] {
     writeTaps<Kind>(state, taps);
+    firSplitTaps<Kind>(state);
     return renewSpectrum<Kind>(taps, state);
   });
 }
 
-// Deviation, kept: taps of a state with rows of four lanes are set in the layout for eight: nine reversed rows, zeroed
-// and written, which run over the delay line, and eight copies of each tap where the kernels read four. All of it lies
-// inside the state's block. What the filter then gives is what follows.
+// Deviation, kept: taps of a single-rate state with rows of four lanes are set in the layout for eight: nine reversed
+// rows, zeroed and written, which run over the delay line, and eight copies of each tap where the kernels read four.
+// All of it lies inside the state's block. What the filter then gives is what follows.
 ZorStatus setTapsInEightLanes(const Zor32f* taps, ZorFIRState* state) {
   return firState<Fir32f_16s>(check().pointers(taps, state), state).then([&] {
+    if (state->rates != nullptr) return setTaps<Fir32f_16s>(taps, state);
     const auto n = static_cast<std::size_t>(state->tapsLen), stride = firDown(n + 16, 8);
     auto* reversed = firTaps<Fir32f_16s>(state);
     std::fill_n(reversed, 9 * stride, 0.0f);

@@ -15,6 +15,10 @@
 #include "frame/simd.h"
 #include "zorcore.h"
 
+namespace zors {
+struct FirRates;
+}
+
 // Pointers lead into the state's own block; their element types are those of the kind. Delay-line samples stand oldest
 // first.
 struct ZorFIRState {
@@ -25,16 +29,17 @@ struct ZorFIRState {
   Zor32s dlyBlock = 0;    // samples that fit behind the history
   Zor32s tapsFactor = 0;  // of integer kinds: the power of two that the taps are multiplied by
   Zor32s fftLen = -1;     // -1: no FFT path
-  Zor32s fftWorkSize = 0;
+  ZorRoundMode roundMode = zorRoundNearestEven;  // of integer streams
   Zor8u* owned = nullptr;        // built by InitAlloc: the block; the FFT specification is to be released with it
   void* tapsReversed = nullptr;  // tapsReversed[j] = taps[tapsLen - 1 - j]
   void* tapsRows = nullptr;      // of the kind that keeps a second copy
   void* dlyLine = nullptr;  // tapsLen samples of history, then room for a block; for one-sample calls a doubled ring
   void* fftSpec = nullptr;
-  void* tapsSpectrum = nullptr;  // the transform of the zero-padded taps
-  void* fftBuffer = nullptr;     // fftLen elements
-  Zor8u* fftWork = nullptr;      // null where the transform needs none
-  void* blockScratch = nullptr;  // a block on its way through an in-place call or a conversion
+  void* tapsSpectrum = nullptr;     // the transform of the zero-padded taps
+  void* fftBuffer = nullptr;        // fftLen elements
+  Zor8u* fftWork = nullptr;         // null where the transform needs none
+  void* blockScratch = nullptr;     // a block on its way through an in-place call or a conversion
+  zors::FirRates* rates = nullptr;  // of multi-rate states
 };
 
 namespace zors {
@@ -240,13 +245,22 @@ template <class Kind> auto* firTaps(const ZorFIRState* state) {
 template <class Kind> auto* firDlyLine(const ZorFIRState* state) {
   return static_cast<typename Kind::Value*>(state->dlyLine);
 }
-// The delay line: tapsLen samples, of which the oldest weighs nothing.
+// The delay line: of single-rate states tapsLen samples, of which the oldest weighs nothing.
 template <class Kind> DelayLine<typename Kind::Value> firDelay(ZorFIRState* state) {
-  return {firDlyLine<Kind>(state), state->tapsLen, &state->dlyIndex};
+  return {firDlyLine<Kind>(state), state->dlyLen, &state->dlyIndex};
 }
 // For reading alone.
 template <class Kind> const DelayLine<typename Kind::Value> firDelay(const ZorFIRState* state) {
   return firDelay<Kind>(const_cast<ZorFIRState*>(state));
 }
+
+// ---- Several rates ------------------------------------------------------------------------------
+
+// The run of a multi-rate or stream state: len iterations, of a stream at one rate samples. Arguments are checked.
+template <class Kind>
+ZorStatus firRunRates(ZorFIRState* state, const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len,
+                      Zor32s scaleFactor);
+// Splits the state's taps by phase, where it has several.
+template <class Kind> void firSplitTaps(ZorFIRState* state);
 
 }  // namespace zors

@@ -78,6 +78,11 @@ template <class T> ZorStatus zero(T* dst, Zor32s len) {
 // ---- To the type of the arithmetic, exactly, and back -------------------------------------------
 
 // Real numbers; a complex vector goes through components.
+inline ZorStatus widenReal(const Zor8u* src, Zor32f* dst, Zor32s len) { return zors::zorsConvert_8u32f(src, dst, len); }
+inline ZorStatus widenReal(const Zor8s* src, Zor32f* dst, Zor32s len) { return zors::zorsConvert_8s32f(src, dst, len); }
+inline ZorStatus widenReal(const Zor16u* src, Zor32f* dst, Zor32s len) {
+  return zors::zorsConvert_16u32f(src, dst, len);
+}
 inline ZorStatus widenReal(const Zor16s* src, Zor32f* dst, Zor32s len) {
   return zors::zorsConvert_16s32f(src, dst, len);
 }
@@ -93,6 +98,15 @@ inline ZorStatus widenReal(const Zor32f* src, Zor64f* dst, Zor32s len) {
 template <class T> ZorStatus widenReal(const T* src, T* dst, Zor32s len) { return copy(src, dst, len); }
 
 // Integers are divided by 2^scaleFactor, rounded to nearest even and saturated; floats have no scale.
+inline ZorStatus narrowReal(const Zor32f* src, Zor8u* dst, Zor32s len, Zor32s scaleFactor) {
+  return zors::zorsConvert_32f8u_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
+}
+inline ZorStatus narrowReal(const Zor32f* src, Zor8s* dst, Zor32s len, Zor32s scaleFactor) {
+  return zors::zorsConvert_32f8s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
+}
+inline ZorStatus narrowReal(const Zor32f* src, Zor16u* dst, Zor32s len, Zor32s scaleFactor) {
+  return zors::zorsConvert_32f16u_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
+}
 inline ZorStatus narrowReal(const Zor32f* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
   return zors::zorsConvert_32f16s_Sfs(src, dst, len, zorRoundNearestEven, scaleFactor);
 }

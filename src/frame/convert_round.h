@@ -53,17 +53,4 @@ template <Rounding rounding, class V> ZORS_INLINE auto to16s(V x) {
   return simd::saturate<Zor16s>(toInteger<rounding>(limitAboveKeepNan(x, 32767.0f)));
 }
 
-// 2^-scaleFactor with the exponent formed in 32 bits, wrapping: out of an exponent's range it is another power, zero or
-// infinity, of either sign.
-inline Zor32f wrappingFactor(Zor32s scaleFactor) {
-  return std::bit_cast<Zor32f>(Zor32u{0x3F800000} - (static_cast<Zor32u>(scaleFactor) << 23));
-}
-
-// 2^-scaleFactor with the exponent taken modulo 128; where nothing is left of it the factor is 0.
-inline Zor32f factorModulo128(Zor32s scaleFactor) {
-  const Zor32u exponent = static_cast<Zor32u>(scaleFactor) & 127;
-  constexpr Zor32u one = 0x3F800000;
-  return std::bit_cast<Zor32f>(scaleFactor >= 0 ? one - (exponent << 23) : one + ((-exponent & 127) << 23));
-}
-
 }  // namespace zors

@@ -122,7 +122,7 @@ struct TimesInDouble {
   }
 };
 // 2^-scaleFactor; scale factors beyond the clamps give the same results, bounds of the sign and zeros.
-inline Zor64f productFactor(Zor32s scaleFactor) { return scalePower(std::clamp(scaleFactor, -33, 64)); }
+inline Zor64f productFactor(Zor32s scaleFactor) { return exactPower(scaleFactor, -33, 64); }
 
 // Real times complex: each part by one multiplication.
 struct TimesParts {

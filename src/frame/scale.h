@@ -8,6 +8,7 @@
 #include <limits>
 #include <type_traits>
 
+#include "frame/power_of_two.h"
 #include "frame/simd.h"
 #include "zors/types.h"
 
@@ -157,11 +158,6 @@ template <class V> ZORS_INLINE Halved<V> halved(Difference<V> t) {
   using namespace simd;
   const V last = differing(t.a, t.b);
   return {sub(shiftRight(last, 1), without(t.a, t.b)), last};
-}
-
-// 2^-scaleFactor, for results computed in binary64; beyond these limits nothing changes any more.
-inline Zor64f scalePower(Zor32s scaleFactor) {
-  return std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 - std::clamp(scaleFactor, -1000, 1000)) << 52);
 }
 
 // ---- The rule -----------------------------------------------------------------------------------

@@ -4,11 +4,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "zors/types.h"
+#include "frame/check.h"
 
 namespace zors {
-
-using Tag = Zor32u;
 
 namespace tags {
 
@@ -21,6 +19,12 @@ consteval Tag spelled(const char (&text)[5]) {
 inline constexpr Tag all[] = {
     // FFT specifications: 16sc, 16s, real 16s; 32fc, 32f, real 32f; 64fc, 64f, real 64f; 32sc, 32s, real 32s, 16s32s
     1, 2, 3, 4, 5, 6, 7, 8, 9, spelled("CMAL"), spelled("CMAM"), spelled("CMAN"), spelled("CMAO"),
+    // DFT specifications: 16sc, 16s, real 16s; 32fc, 32f, real 32f; 64fc, 64f, real 64f; out of order 32fc, 64fc
+    10, 11, 12, 13, 14, 15, 16, 17, 18, spelled("CMAJ"), spelled("CMAK"),
+    // DCT specifications, forward and inverse: 16s, 32f, 64f
+    19, 20, 21, 22, 23, 24,
+    // Hilbert specifications: 32f32fc, 16s32fc, 16s16sc
+    spelled("CMAE"), spelled("CMAF"), spelled("CMAG"),
     // FIR states: taps_samples, single rate and multi-rate, real and complex
     spelled("FI01"), spelled("FI02"), spelled("FI03"), spelled("FI04"),  // 32f, 32fc
     spelled("FI05"), spelled("FI06"), spelled("FI07"), spelled("FI08"),  // 32f_16s
@@ -31,6 +35,19 @@ inline constexpr Tag all[] = {
     spelled("FI25"), spelled("FI26"), spelled("FI27"), spelled("FI28"),  // 64f_16s
     spelled("FI29"), spelled("FI30"), spelled("FI31"), spelled("FI32"),  // 16s, its multi-rate and streams
     spelled("FI33"), spelled("FI34"),                                    // streams of 32f
+    // wavelet states: forward from, and inverse to, 32f, 8u, 8s, 16u, 16s
+    41, 42, 43, 44, 45, 50, 51, 52, 53, 54,
+    // Adaptive filters: 32f, 32f_16s; integer multi-rate ones, 32s_16s, 32sc_16sc
+    spelled("LMS1"), spelled("LMS\0"), spelled("LMSR"), spelled("LMSC"),
+    // IIR states: taps_samples, of an order and in sections, real and complex
+    spelled("II01"), spelled("II02"), spelled("II03"), spelled("II04"),  // 32f, 32fc
+    spelled("II05"), spelled("II06"), spelled("II07"), spelled("II08"),  // 32f_16s
+    spelled("II09"), spelled("II10"), spelled("II11"), spelled("II12"),  // 32s_16s
+    spelled("II13"), spelled("II14"), spelled("II15"), spelled("II16"),  // 64f
+    spelled("II17"), spelled("II18"), spelled("II19"), spelled("II20"),  // 64f_32f
+    spelled("II21"), spelled("II22"), spelled("II23"), spelled("II24"),  // 64f_32s
+    spelled("II25"), spelled("II26"), spelled("II27"), spelled("II28"),  // 64f_16s
+    spelled("II29"), spelled("II30"),                                    // sections of the first form: 32f, 64f_32s
     // generators: uniform 8u, 16s, 32f; Gaussian 8u, 16s, 32f; tone, triangle
     35, 36, 37, 38, 39, 40, spelled("CMAH"), spelled("CMAI"),
 };

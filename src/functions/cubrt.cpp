@@ -43,7 +43,7 @@ ZorStatus zorsCubrt_32f(const Zor32f* src, Zor32f* dst, Zor32s len) {
 ZorStatus zorsCubrt_32s16s_Sfs(const Zor32s* src, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest, _MM_MASK_MASK);
-    const Zor32f factor = factorModulo128(scaleFactor);
+    const Zor32f factor = powerModulo128(scaleFactor);
     map<mapStep<Zor16s>>(
         [=](auto x) ZORS_INLINE_LAMBDA {
           const auto y = cubeRoot(toFloat(x));

@@ -57,7 +57,7 @@ struct ScaledRoot {
 // Sums of squares have up to 64 bits: where the root in binary64 may be on the wrong side of a half, integers decide.
 struct WideScaledRoot {
   Zor32s scaleFactor;
-  Zor64f factor = scalePower(scaleFactor);
+  Zor64f factor = exactPower(scaleFactor);
 
   ZORS_INLINE auto operator()(auto z) const {
     const auto root = sqrt(fusedSquares(as<Zor64fc>(toDouble(as<Zor32s>(z)))));
@@ -87,7 +87,7 @@ template <class Op, class D, class... S> ZorStatus magnitudes(Op op, D* dst, Zor
 }
 template <class... S> ZorStatus magnitudesScaled(Zor16s* dst, Zor32s len, Zor32s scaleFactor, const S*... src) {
   return scaleFactor == 0 ? magnitudes(RoundedRoot{}, dst, len, src...)
-                          : magnitudes(ScaledRoot{scalePower(scaleFactor)}, dst, len, src...);
+                          : magnitudes(ScaledRoot{exactPower(scaleFactor)}, dst, len, src...);
 }
 
 }  // namespace

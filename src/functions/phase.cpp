@@ -62,9 +62,9 @@ template <class D, class... S> ZorStatus phasesScaled(D* dst, Zor32s len, Zor32s
   return check().pointers(src..., dst).size(len).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
     if (scaleFactor >= -28 && scaleFactor <= 1)
-      map<mapStep<D, S...>>(PhaseTimes<D, Zor32f>{static_cast<Zor32f>(scalePower(scaleFactor))}, len, dst, src...);
+      map<mapStep<D, S...>>(PhaseTimes<D, Zor32f>{static_cast<Zor32f>(exactPower(scaleFactor))}, len, dst, src...);
     else
-      map<mapStep<D, S...>>(PhaseTimes<D, Zor64f>{scalePower(scaleFactor)}, len, dst, src...);
+      map<mapStep<D, S...>>(PhaseTimes<D, Zor64f>{exactPower(scaleFactor)}, len, dst, src...);
   });
 }
 

@@ -121,7 +121,7 @@ ZorStatus zorsCartToPolar_16sc_Sfs(const Zor16sc* src, Zor16s* dstMagn, Zor16s* 
 ZorStatus zorsPolarToCart_16sc_Sfs(const Zor16s* srcMagn, const Zor16s* srcPhase, Zor16sc* dst, Zor32s len,
                                    Zor32s magnScaleFactor, Zor32s phaseScaleFactor) {
   return toIntegerPairs(srcMagn, srcPhase, dst, len,
-                        To16scScaled{scalePower(magnScaleFactor), phasePower(phaseScaleFactor)});
+                        To16scScaled{exactPower(magnScaleFactor), phasePower(phaseScaleFactor)});
 }
 
 }  // namespace zors

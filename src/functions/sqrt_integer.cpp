@@ -37,7 +37,7 @@ template <class D, class F, int L, class S> struct Roots {
 
 template <class F, class S, class D> ZorStatus runRoots(const S* src, D* dst, Zor32s len, Zor32s scaleFactor) {
   constexpr int L = mapStep<S, D>;
-  const auto kernel = map<L>(Roots<D, F, L, S>{scalePower(scaleFactor)}, len, dst, src);
+  const auto kernel = map<L>(Roots<D, F, L, S>{exactPower(scaleFactor)}, len, dst, src);
   if constexpr (std::is_signed_v<S>)
     return kernel.warning();
   else
@@ -55,7 +55,7 @@ template <class S, class D> ZorStatus roots(const S* src, D* dst, Zor32s len, Zo
 ZorStatus complexRoots(const Zor16sc* src, Zor16sc* dst, Zor32s len, Zor32s scaleFactor) {
   return check().pointers(src, dst).size(len).then([&] {
     const RoundingScope scope(RoundingScope::nearest, _MM_MASK_MASK);
-    const Zor64f factor = scalePower(scaleFactor);
+    const Zor64f factor = exactPower(scaleFactor);
     map<2 * mapStep<Zor16sc>>(
         [=](auto z) ZORS_INLINE_LAMBDA {
           const auto re = toDouble(realPart(z)), im = toDouble(imagPart(z));

@@ -4,7 +4,7 @@
 
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "statistics/rows.h"
+#include "frame/rows.h"
 
 namespace zors {
 namespace {

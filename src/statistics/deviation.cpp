@@ -3,9 +3,9 @@
 
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "statistics/exact_sums.h"
-#include "statistics/partial_sums.h"
-#include "statistics/scaled_results.h"
+#include "frame/exact_sums.h"
+#include "frame/partial_sums.h"
+#include "frame/scaled_results.h"
 
 namespace zors {
 namespace {
@@ -72,7 +72,7 @@ struct Scaled {
 };
 Scaled scaledMoments(const Zor16s* src, Zor32s len, Zor32s scaleFactor) {
   const Moments moments = exactMoments(src, len);
-  const Zor64f scale = scaleOf(scaleFactor);
+  const Zor64f scale = limitedPower(scaleFactor);
   return {toInteger<Zor32s>(moments.mean() * scale), toInteger<Zor32s>(moments.deviation() * scale)};
 }
 

@@ -1,8 +1,8 @@
 // zorsDotProd_* of 16-bit integers: exact sums, scaled to nearest or converted.
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "statistics/exact_sums.h"
-#include "statistics/scaled_results.h"
+#include "frame/exact_sums.h"
+#include "frame/scaled_results.h"
 
 namespace zors {
 namespace {

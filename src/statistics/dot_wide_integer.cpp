@@ -3,8 +3,8 @@
 #include "exports/statistics.h"
 #include "frame/check.h"
 #include "frame/rounding.h"
+#include "frame/scaled_results.h"
 #include "statistics/complex_products.h"
-#include "statistics/scaled_results.h"
 
 namespace zors {
 namespace {
@@ -44,7 +44,7 @@ Pair<Zor64f> dotWithPairs(const Zor32s* src1, const Zor32sc* src2, std::ptrdiff_
 template <class A, class B, class R, class Dot>
 [[gnu::noinline]] void computeScaled(const A* src1, const B* src2, Zor32s len, R* dotProd, Zor32s scaleFactor,
                                      Dot dot) {
-  const Zor64f scale = scaleOf(std::clamp(scaleFactor, -31, 93));
+  const Zor64f scale = limitedPower(std::clamp(scaleFactor, -31, 93));
   if constexpr (requires { R::re; }) {
     const auto [re, im] = dot(src1, src2, std::ptrdiff_t{len});
     *dotProd = {toInteger<Zor32s>(re * scale), toInteger<Zor32s>(im * scale)};

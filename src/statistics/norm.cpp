@@ -3,8 +3,8 @@
 
 #include "exports/statistics.h"
 #include "frame/check.h"
+#include "frame/partial_sums.h"
 #include "statistics/extremes.h"
-#include "statistics/partial_sums.h"
 
 namespace zors {
 namespace {

@@ -4,9 +4,9 @@
 
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "statistics/exact_sums.h"
+#include "frame/exact_sums.h"
+#include "frame/scaled_results.h"
 #include "statistics/extremes.h"
-#include "statistics/scaled_results.h"
 
 namespace zors {
 namespace {

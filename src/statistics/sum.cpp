@@ -1,9 +1,9 @@
 // zorsSum_*, zorsMean_*.
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "statistics/exact_sums.h"
-#include "statistics/partial_sums.h"
-#include "statistics/scaled_results.h"
+#include "frame/exact_sums.h"
+#include "frame/partial_sums.h"
+#include "frame/scaled_results.h"
 
 namespace zors {
 namespace {
@@ -126,9 +126,9 @@ Zor64s exactSum(const Zor32s* src, Zor32s len) {
   return sum.total();
 }
 
-Zor32s scaledSum(Zor64s sum, Zor32s scaleFactor) { return toInteger<Zor32s>(Zor64f(sum) * scaleOf(scaleFactor)); }
+Zor32s scaledSum(Zor64s sum, Zor32s scaleFactor) { return toInteger<Zor32s>(Zor64f(sum) * limitedPower(scaleFactor)); }
 Zor16s scaledMean(Zor64s sum, Zor32s len, Zor32s scaleFactor) {
-  return toInteger<Zor16s>(Zor64f(sum) / len * scaleOf(scaleFactor));
+  return toInteger<Zor16s>(Zor64f(sum) / len * limitedPower(scaleFactor));
 }
 
 // |x| / len to nearest, ties to even, with the sign of x.

@@ -188,8 +188,25 @@ TEST(FFTInteger16, SizesOfTheFixedPathAndOfTheFloatPath) {
 }
 
 TEST(FFTInteger16, SpecificationsCheckInOrder) {
-  forEach(
-      [](const auto& kind) { kinds::specificationChecksInOrder(kind, [](int order) { return order == 0 ? 1 : 2; }); });
+  forEach([](const auto& kind) { kinds::specificationChecksInOrder(kind); });
+}
+TEST(FFTInteger16, SpecificationsLiveAsAllObjectsDo) {
+  for (int hint : {fast, accurate})
+    for (int order : {0, 1, 3, 4, 7, 11}) {
+      const auto n = std::ptrdiff_t{1} << order;
+      kit::checkObject(kinds::asObject<Zor16sc>(c16sc, order, 8, hint,
+                                                [](const Zor16sc* x, Zor16sc* y, const auto* spec, Zor8u* work) {
+                                                  return zorsFFTFwd_CToC_16sc_Sfs(x, y, spec, 3, work);
+                                                }));
+      kit::checkObject(
+          kinds::asObject<Zor16s>(c16s, order, 8, hint, [=](const Zor16s* x, Zor16s* y, const auto* spec, Zor8u* work) {
+            return zorsFFTFwd_CToC_16s_Sfs(x, x + n, y, y + n, spec, 3, work);
+          }));
+      kit::checkObject(
+          kinds::asObject<Zor16s>(r16s, order, 8, hint, [](const Zor16s* x, Zor16s* y, const auto* spec, Zor8u* work) {
+            return zorsFFTFwd_RToPerm_16s_Sfs(x, y, spec, 3, work);
+          }));
+    }
 }
 
 // ---- Transforms ---------------------------------------------------------------------------------
@@ -316,24 +333,6 @@ TEST(FFTInteger16, TransformsCheckTheSpecificationThenItsKindThenTheData) {
                    zorsFFTInv_PackToR_16s_Sfs, zorsFFTFwd_RToCCS_16s_Sfs, zorsFFTInv_CCSToR_16s_Sfs,
                    zorsFFTFwd_RToPerm_16s_ISfs, zorsFFTInv_PermToR_16s_ISfs, zorsFFTFwd_RToPack_16s_ISfs,
                    zorsFFTInv_PackToR_16s_ISfs, zorsFFTFwd_RToCCS_16s_ISfs, zorsFFTInv_CCSToR_16s_ISfs);
-}
-
-TEST(FFTInteger16, WithoutMemoryNothingIsWritten) {
-  for (int order : {3, 5}) {
-    ZorsFFTSpec_R_16s* spec = nullptr;
-    ASSERT_EQ(zorsFFTInitAlloc_R_16s(&spec, order, 8, 0), zorStatusOk);
-    const std::vector<Zor16s> src(32, 5);
-    std::vector<Zor16s> dst(34, 1);
-    const int allocations =
-        kit::failEachAllocation([&] { return zorsFFTFwd_RToCCS_16s_Sfs(src.data(), dst.data(), spec, 0, nullptr); },
-                                [&](int failed, ZorStatus status) {
-                                  EXPECT_EQ(status, failed < 0 ? zorStatusOk : zorStatusNoMemory);
-                                  EXPECT_EQ(dst[0], failed < 0 ? 5 << order : 1);
-                                  EXPECT_EQ(kit::services().live, 0);
-                                });
-    EXPECT_EQ(allocations, 1);
-    EXPECT_EQ(zorsFFTFree_R_16s(spec), zorStatusOk);
-  }
 }
 
 TEST(FFTInteger16, EightEqualPointsDividedByEightComeBack) {

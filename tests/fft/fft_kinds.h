@@ -13,6 +13,7 @@
 #include "fft/fft_model.h"
 #include "kit/contract.h"
 #include "kit/guarded.h"
+#include "kit/object.h"
 #include "kit/services.h"
 #include "kit/values.h"
 #include "zors/fft.h"
@@ -128,6 +129,35 @@ template <class S, class T> class Built {
   std::optional<kit::Guarded<Zor8u>> block_, work_;
   S* spec_ = nullptr;
 };
+
+// A specification as the object that all objects are; forward(input, out, spec, work) is a transform of its kind.
+template <class In, class K, class Forward>
+kit::Object<typename K::Spec> asObject(const K& kind, int order, int flag, ZorHintAlgorithm hint, Forward forward) {
+  using Spec = typename K::Spec;
+  kit::Random random(16);
+  const auto input = kit::anyValues<In>(std::size_t{4} << order, random);
+  const auto getSize = kind.getSize;
+  const auto init = kind.init;
+  const auto initAlloc = kind.initAlloc;
+  const auto getBufSize = kind.getBufSize;
+  return {
+      .name = std::string(kind.name) + ", order " + std::to_string(order),
+      .getSize = [=](Zor32s* block, Zor32s* start,
+                     Zor32s* work) { return getSize(order, flag, hint, block, start, work); },
+      .init = [=](Spec** spec, Zor8u* block, Zor8u* start) { return init(spec, order, flag, hint, block, start); },
+      .initAlloc = [=](Spec** spec) { return initAlloc(spec, order, flag, hint); },
+      .free = kind.free,
+      .outBytes = 2 * sizeof(In) << order,
+      .run = [=](Spec* spec, Zor8u* work, Zor8u* out) { return forward(input.data(), kit::as<In>(out), spec, work); },
+      .operations = {{"GetBufSize",
+                      [=](Spec* spec) {
+                        Zor32s size = 0;
+                        return getBufSize(spec, &size);
+                      }}},
+      .immutable = true,
+      .freeInCallersBlock = kit::FreeInCallersBlock::clearsTheTag,
+  };
+}
 
 // ---- Checks -------------------------------------------------------------------------------------
 

@@ -5,6 +5,7 @@
 #include <xmmintrin.h>
 
 #include "kit/contract.h"
+#include "kit/elements.h"
 #include "kit/guarded.h"
 #include "kit/values.h"
 #include "zors/types.h"
@@ -12,18 +13,10 @@
 namespace kit {
 
 // Lengths at which drivers change their path, and some that are just odd.
-inline std::vector<int> sweepLengths() {
-  std::vector<int> lengths;
-  for (int len = 1; len <= 70; ++len) lengths.push_back(len);
-  for (int len : {95, 96, 97, 127, 128, 129, 130, 191, 255, 256, 257, 511, 513, 1000, 1025}) lengths.push_back(len);
-  return lengths;
-}
+const std::vector<int>& sweepLengths();
 
 // For a case beside others that sweep all lengths: another scale factor, another constant.
-inline const std::vector<int>& fewLengths() {
-  static const std::vector<int> lengths = {1, 7, 15, 33, 64, 203};
-  return lengths;
-}
+const std::vector<int>& fewLengths();
 
 // The caller's rounding direction for a scope, and further bits of the control word.
 class Direction {
@@ -42,69 +35,35 @@ inline constexpr unsigned allDirections[] = {_MM_ROUND_NEAREST, _MM_ROUND_DOWN, 
 
 namespace detail {
 
-enum class Form { outOfPlace, inPlace };
+// A sweep as one loop over all types sees it: sources and destination by address, a call and a model of whole vectors
+// through one signature each.
+struct Sweep {
+  std::string name;
+  std::vector<const Element*> sources;  // in place the last is the destination, which the call gets once
+  const Element* destination;
+  bool inPlace;
+  void* callContext;
+  ZorStatus (*call)(void* context, const void* const* src, void* dst, Zor32s len);
+  void* modelContext;
+  void (*model)(void* context, const void* const* src, void* wanted, std::size_t count);
+  Nan nan = Nan::anyPayload;
+};
+void sweep(const Sweep& sweep, const std::vector<int>& lengths);
 
-// alias: the source that is the destination too, -1 for none, or the number of sources for all of its type.
-template <Form form, class D, class... S, class Call, class Model>
-void checkOnce(const std::string& name, Call call, Model model, int len, Edge edge, std::size_t steps, int alias,
-               Random& random, Nan nan) {
-  constexpr std::size_t n = sizeof...(S);
-  std::tuple<Guarded<S>...> sources{Guarded<S>(std::size_t(len), edge, steps * sizeof(S) % 32)...};
-  Guarded<D> target(std::size_t(len), edge, steps * sizeof(D) % 32);
-  std::apply([&](auto&... source) { (fillAny(source.span(), random), ...); }, sources);
-  const auto pick = [&]<std::size_t... k>(std::index_sequence<k...>) {
-    const Guarded<D>* dst = &target;
-    const auto consider = [&](int at, auto& source) {
-      if constexpr (std::is_same_v<std::remove_cvref_t<decltype(source)>, Guarded<D>>) {
-        if (at == alias || alias == int(n)) dst = &source;
-      }
-    };
-    (consider(int(k), std::get<k>(sources)), ...);
-    return dst;
-  };
-  const Guarded<D>& dst = *pick(std::make_index_sequence<n>{});
-  const std::tuple<const S*...> from = std::apply(
-      [&](auto&... source) {
-        const auto shared = [&](auto& guarded) {
-          if constexpr (std::is_same_v<std::remove_cvref_t<decltype(guarded)>, Guarded<D>>)
-            return alias == int(n) ? dst.data() : guarded.data();
-          else
-            return guarded.data();
-        };
-        return std::tuple<const S*...>(shared(source)...);
-      },
-      sources);
-  std::vector<D> wanted(static_cast<std::size_t>(len));
-  for (std::size_t i = 0; i < wanted.size(); ++i)
-    wanted[i] = std::apply([&](auto*... source) { return model(source[i]...); }, from);
-  constexpr std::size_t passed = form == Form::inPlace ? n - 1 : n;
-  const ZorStatus status = [&]<std::size_t... k>(std::index_sequence<k...>) {
-    return call(std::get<k>(from)..., dst.data(), len);
+template <class Call, class D, class... S>
+ZorStatus callOn(void* context, const void* const* src, void* dst, Zor32s len) {
+  return [&]<std::size_t... k>([[maybe_unused]] std::index_sequence<k...> all) {
+    return (*static_cast<Call*>(context))(static_cast<const S*>(src[k])..., static_cast<D*>(dst), len);
   }
-  (std::make_index_sequence<passed>{});
-  const std::string where = name + ", len " + std::to_string(len) +
-                            (edge == Edge::end ? ", at the end" : ", at the begin") + ", " + std::to_string(steps) +
-                            " elements off, destination is source " + std::to_string(alias);
-  ASSERT_EQ(status, zorStatusOk) << where;
-  const auto difference = firstDifference<D>(dst.span(), wanted, nan);
-  ASSERT_EQ(difference, "") << where;
-  ASSERT_TRUE(dst.intact()) << where << ": wrote outside";
+  (std::index_sequence_for<S...>{});
 }
-
-template <Form form, class D, class... S, class Call, class Model>
-void sweep(const std::string& name, Call call, Model model, Nan nan, const std::vector<int>& lengths) {
-  Random random(1);
-  constexpr int n = sizeof...(S);
-  constexpr int ofType = (0 + ... + int{std::is_same_v<S, D>});
-  constexpr bool canAlias[] = {std::is_same_v<S, D>..., (ofType > 1)};
-  for (int len : lengths)
-    for (Edge edge : bothEdges)
-      for (std::size_t steps = 0; steps < (len == 41 || len == 48 ? 32 : 2); ++steps)
-        for (int alias = form == Form::inPlace ? n - 1 : -1; alias <= n; ++alias) {
-          if (alias >= 0 && !canAlias[alias]) continue;
-          checkOnce<form, D, S...>(name, call, model, len, edge, steps, alias, random, nan);
-          if (testing::Test::HasFatalFailure()) return;
-        }
+template <class Model, class D, class... S>
+void modelOf(void* context, const void* const* src, void* wanted, std::size_t count) {
+  [&]<std::size_t... k>([[maybe_unused]] std::index_sequence<k...> all) {
+    for (std::size_t i = 0; i < count; ++i)
+      static_cast<D*>(wanted)[i] = (*static_cast<Model*>(context))(static_cast<const S*>(src[k])[i]...);
+  }
+  (std::index_sequence_for<S...>{});
 }
 
 }  // namespace detail
@@ -114,13 +73,31 @@ void sweep(const std::string& name, Call call, Model model, Nan nan, const std::
 template <class D, class... S, class Call, class Model>
 void sweep(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(),
            Nan nan = Nan::anyPayload) {
-  detail::sweep<detail::Form::outOfPlace, D, S...>(name, call, model, nan, lengths);
+  detail::sweep({name,
+                 {&element<S>...},
+                 &element<D>,
+                 false,
+                 &call,
+                 detail::callOn<Call, D, S...>,
+                 &model,
+                 detail::modelOf<Model, D, S...>,
+                 nan},
+                lengths);
 }
 // call(const S*..., D* srcDst, len) against model(S..., D).
 template <class D, class... S, class Call, class Model>
 void sweepInPlace(const std::string& name, Call call, Model model, const std::vector<int>& lengths = sweepLengths(),
                   Nan nan = Nan::anyPayload) {
-  detail::sweep<detail::Form::inPlace, D, S..., D>(name, call, model, nan, lengths);
+  detail::sweep({name,
+                 {&element<S>..., &element<D>},
+                 &element<D>,
+                 true,
+                 &call,
+                 detail::callOn<Call, D, S...>,
+                 &model,
+                 detail::modelOf<Model, D, S..., D>,
+                 nan},
+                lengths);
 }
 
 }  // namespace kit

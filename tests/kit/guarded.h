@@ -87,16 +87,18 @@ template <class T> class Guarded {
   std::vector<T> values() const { return {data_, data_ + count_}; }
 
   bool intact() const {
-    for (auto* p = pages_.begin(); p != reinterpret_cast<std::byte*>(data_); ++p)
-      if (*p != std::byte{pattern}) return false;
-    for (auto* p = reinterpret_cast<std::byte*>(data_ + count_); p != pages_.end(); ++p)
-      if (*p != std::byte{pattern}) return false;
-    return true;
+    return untouched(pages_.begin(), reinterpret_cast<std::byte*>(data_)) &&
+           untouched(reinterpret_cast<std::byte*>(data_ + count_), pages_.end());
   }
 
  private:
   static constexpr int pattern = 0xA5;
   static constexpr std::size_t slack = 64;  // so that intact() has something to see
+  // The first byte holds the pattern and each other what the one before it holds.
+  static bool untouched(const std::byte* from, const std::byte* end) {
+    return from == end ||
+           (*from == std::byte{pattern} && std::memcmp(from, from + 1, static_cast<std::size_t>(end - from) - 1) == 0);
+  }
   Pages pages_;
   std::size_t count_;
   T* data_;

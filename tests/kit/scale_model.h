@@ -72,56 +72,90 @@ template <class D, class Op> auto rule(Op op, Zor32s scaleFactor) {
 
 // Those that have kernels of their own in every family.
 inline constexpr Zor32s mainScales[] = {0, 1, 2, 7, -2};
-inline std::vector<Zor32s> allScales() {
-  std::vector<Zor32s> scales = {INT32_MIN, INT32_MIN + 1, -1000, 127, 128, 1000, INT32_MAX};
-  for (Zor32s s = -70; s <= 70; ++s) scales.push_back(s);
-  return scales;
-}
+const std::vector<Zor32s>& allScales();
 
 // run(scaleFactor, lengths): every scale factor at a few lengths, the main ones at all.
-template <class Run> void forScales(Run run) {
-  for (Zor32s s : allScales()) run(s, kit::fewLengths());
-  for (Zor32s s : mainScales) run(s, kit::sweepLengths());
-}
+void forScales(const std::function<void(Zor32s scaleFactor, const std::vector<int>& lengths)>& run);
 inline std::string at(const char* name, Zor32s scaleFactor) {
   return std::string(name).append(", scaleFactor ").append(std::to_string(scaleFactor));
 }
 
-// Calls and models by type alone: one instance of a sweep serves all families of the same element types.
-template <class D, class... S> using Call = std::function<ZorStatus(const S*..., D*, Zor32s)>;
-template <class D, class... S> using Model = std::function<D(S...)>;
-template <class D, class S1, class S2>
-void sweepOver(const std::string& what, const Call<D, S1, S2>& call, const Model<D, S1, S2>& model,
-               const std::vector<int>& lengths) {
-  kit::sweep<D, S1, S2>(what, call, model, lengths);
+namespace detail {
+
+using kit::detail::Argument;
+using kit::detail::Function;
+
+// A scaled member as one loop over all types sees it.
+struct Member {
+  const char* name;
+  std::vector<const kit::Element*> sources;  // in place the last is the destination
+  const kit::Element* destination;
+  bool inPlace;
+  void* callContext;
+  ZorStatus (*call)(void* context, const void* const* src, void* dst, Zor32s len, Zor32s scaleFactor);
+  void* modelContext;
+  void (*model)(void* context, Zor32s scaleFactor, const void* const* src, void* wanted, std::size_t count);
+};
+void sweepScales(const Member& member);
+void longVectors(const Member& member, std::size_t count);
+void allPairs(const Member& member);
+
+template <class Call, class D, class... S>
+ZorStatus callOn(void* context, const void* const* src, void* dst, Zor32s len, Zor32s scaleFactor) {
+  return [&]<std::size_t... k>(std::index_sequence<k...>) {
+    return (*static_cast<Call*>(context))(static_cast<const S*>(src[k])..., static_cast<D*>(dst), len, scaleFactor);
+  }
+  (std::index_sequence_for<S...>{});
 }
-template <class D, class S>
-void sweepOverInPlace(const std::string& what, const Call<D, S>& call, const Model<D, S, D>& model,
-                      const std::vector<int>& lengths) {
-  kit::sweepInPlace<D, S>(what, call, model, lengths);
+template <class ModelAt, class D, class... S>
+void modelOf(void* context, Zor32s scaleFactor, const void* const* src, void* wanted, std::size_t count) {
+  const auto model = (*static_cast<ModelAt*>(context))(scaleFactor);
+  [&]<std::size_t... k>(std::index_sequence<k...>) {
+    for (std::size_t i = 0; i < count; ++i) static_cast<D*>(wanted)[i] = model(static_cast<const S*>(src[k])[i]...);
+  }
+  (std::index_sequence_for<S...>{});
 }
-template <class T>
-void sweepOverOne(const std::string& what, const Call<T, T>& call, const Call<T>& inPlace, const Model<T, T>& model,
-                  const std::vector<int>& lengths) {
-  kit::sweep<T, T>(what, call, model, lengths);
-  kit::sweepInPlace<T>(what, inPlace, model, lengths);
+template <class D, class S1, class S2, class Call, class ModelAt>
+Member member(const char* name, Call& call, ModelAt& modelAt) {
+  return {name,
+          {&kit::element<S1>, &kit::element<S2>},
+          &kit::element<D>,
+          false,
+          &call,
+          callOn<Call, D, S1, S2>,
+          &modelAt,
+          modelOf<ModelAt, D, S1, S2>};
 }
+
+// The same with a constant, out of place and in place.
+struct ConstantMember {
+  const char* name;
+  const kit::Element* type;
+  Function outOfPlace, inPlace;
+  ZorStatus (*callOutOfPlace)(Function f, const void* val, const void* src, void* dst, Zor32s len, Zor32s scaleFactor);
+  ZorStatus (*callInPlace)(Function f, const void* val, void* srcDst, Zor32s len, Zor32s scaleFactor);
+  void* modelContext;
+  void (*model)(void* context, const void* val, Zor32s scaleFactor, const void* src, void* wanted, std::size_t count);
+};
+void sweepConstants(const ConstantMember& member, const std::vector<Argument>& constants);
+
+}  // namespace detail
 
 // modelAt(scaleFactor) gives the model of an element.
 template <class D, class S1, class S2, class ModelAt>
 void members(const char* name, ZorStatus (*f)(const S1*, const S2*, D*, Zor32s, Zor32s), ModelAt modelAt) {
-  forScales([&](Zor32s s, const std::vector<int>& lengths) {
-    sweepOver<D, S1, S2>(
-        at(name, s), [=](const S1* a, const S2* b, D* d, Zor32s len) { return f(a, b, d, len, s); }, modelAt(s),
-        lengths);
-  });
+  detail::sweepScales(detail::member<D, S1, S2>(name, f, modelAt));
 }
 template <class S, class D, class ModelAt>
 void membersInPlace(const char* name, ZorStatus (*f)(const S*, D*, Zor32s, Zor32s), ModelAt modelAt) {
-  forScales([&](Zor32s s, const std::vector<int>& lengths) {
-    sweepOverInPlace<D, S>(
-        at(name, s), [=](const S* a, D* d, Zor32s len) { return f(a, d, len, s); }, modelAt(s), lengths);
-  });
+  detail::sweepScales({name,
+                       {&kit::element<S>, &kit::element<D>},
+                       &kit::element<D>,
+                       true,
+                       &f,
+                       detail::callOn<decltype(f), D, S>,
+                       &modelAt,
+                       detail::modelOf<ModelAt, D, S, D>});
 }
 template <class D, class Op> auto ruleAt(Op op) {
   return [=](Zor32s s) { return rule<D>(op, s); };
@@ -145,100 +179,74 @@ template <class T> std::vector<T> constants() {
 template <class T, class ModelAt>
 void membersWithConstant(const char* name, ZorStatus (*f)(const T*, T, T*, Zor32s, Zor32s),
                          ZorStatus (*inPlace)(T, T*, Zor32s, Zor32s), ModelAt modelAt) {
-  const auto run = [&](T val, Zor32s s, const std::vector<int>& lengths) {
-    sweepOverOne<T>(
-        at(name, s), [=](const T* x, T* d, Zor32s len) { return f(x, val, d, len, s); },
-        [=](T* x, Zor32s len) { return inPlace(val, x, len, s); }, modelAt(val)(s), lengths);
-  };
-  const auto values = constants<T>();
-  int turn = 0;
-  for (T val : values)  // a few lengths and alignments for some, one array of any values for each
-    for (Zor32s s : allScales()) run(val, s, ++turn % 16 == 0 ? kit::fewLengths() : std::vector<int>{203});
-  for (Zor32s s : mainScales) run(values[2], s, kit::sweepLengths());
+  std::vector<detail::Argument> values;
+  for (T val : constants<T>()) values.push_back(kit::detail::argument(val));
+  detail::sweepConstants(
+      {name, &kit::element<T>, reinterpret_cast<detail::Function>(f), reinterpret_cast<detail::Function>(inPlace),
+       [](detail::Function call, const void* val, const void* src, void* dst, Zor32s len, Zor32s scaleFactor) {
+         return reinterpret_cast<decltype(f)>(call)(static_cast<const T*>(src), *static_cast<const T*>(val),
+                                                    static_cast<T*>(dst), len, scaleFactor);
+       },
+       [](detail::Function call, const void* val, void* srcDst, Zor32s len, Zor32s scaleFactor) {
+         return reinterpret_cast<decltype(inPlace)>(call)(*static_cast<const T*>(val), static_cast<T*>(srcDst), len,
+                                                          scaleFactor);
+       },
+       &modelAt,
+       [](void* context, const void* val, Zor32s scaleFactor, const void* src, void* wanted, std::size_t count) {
+         const auto model = (*static_cast<ModelAt*>(context))(*static_cast<const T*>(val))(scaleFactor);
+         for (std::size_t i = 0; i < count; ++i) static_cast<T*>(wanted)[i] = model(static_cast<const T*>(src)[i]);
+       }},
+      values);
 }
 template <class T, class Op> auto ruleWith(Op op) {
   return [=](T val) { return [=](Zor32s s) { return [=](T x) { return scaled<T>(op(x, val), s); }; }; };
+}
+// Without a scale factor: f(src, val, dst, len) and inPlace(val, srcDst, len) with a constant inside.
+template <class T, class Call, class InPlace, class Model>
+void sweepOverOne(const std::string& what, Call call, InPlace inPlace, Model model, const std::vector<int>& lengths) {
+  kit::sweep<T, T>(what, call, model, lengths);
+  kit::sweepInPlace<T>(what, inPlace, model, lengths);
 }
 
 // One long vector of random and extreme values for every scale factor: f(a, b, d, len, s) against model(s)(a, b).
 template <class D, class S1, class S2, class Call, class ModelAt>
 void longVectors(const char* name, Call call, ModelAt modelAt, std::size_t count) {
-  kit::Random random(3);
-  const auto a = kit::anyValues<S1>(count, random);
-  const auto b = kit::anyValues<S2>(count, random);
-  std::vector<D> got(count), wanted(count);
-  for (Zor32s s : allScales()) {
-    const auto model = modelAt(s);
-    for (std::size_t i = 0; i < count; ++i) wanted[i] = model(a[i], b[i]);
-    ASSERT_EQ(call(a.data(), b.data(), got.data(), Zor32s(count), s), zorStatusOk);
-    ASSERT_EQ(kit::firstDifference<D>(got, wanted), "") << at(name, s);
-  }
+  detail::longVectors(detail::member<D, S1, S2>(name, call, modelAt), count);
 }
 
 // All pairs of 8-bit values at every scale factor.
 template <class ModelAt>
 void allPairs(const char* name, ZorStatus (*f)(const Zor8u*, const Zor8u*, Zor8u*, Zor32s, Zor32s), ModelAt modelAt) {
-  std::vector<Zor8u> a(65536), b(65536), got(65536), wanted(65536);
-  for (std::size_t i = 0; i < 65536; ++i) {
-    a[i] = Zor8u(i);
-    b[i] = Zor8u(i >> 8);
-  }
-  for (Zor32s s : allScales()) {
-    const auto model = modelAt(s);
-    for (std::size_t i = 0; i < 65536; ++i) wanted[i] = model(a[i], b[i]);
-    ASSERT_EQ(f(a.data(), b.data(), got.data(), 65536, s), zorStatusOk);
-    ASSERT_EQ(kit::firstDifference<Zor8u>(got, wanted), "") << at(name, s);
-  }
+  detail::allPairs(detail::member<Zor8u, Zor8u, Zor8u>(name, f, modelAt));
 }
 
 // ---- Arguments ----------------------------------------------------------------------------------
 
 enum class First { pointers, length };
 
-// Pointer arguments come first or after a constant; the length follows the last pointer, a scale factor comes last.
-template <class... P>
-void contractAt(First first, const std::string& name, ZorStatus (*f)(P...), int constant, Zor32s scaleFactor) {
-  std::vector<std::max_align_t> memory(64);
-  constexpr std::size_t n = sizeof...(P);
-  constexpr bool isPointer[] = {std::is_pointer_v<P>...};
-  constexpr std::size_t lengthAt = [&] {
-    std::size_t last = 0;
-    for (std::size_t i = 0; i < n; ++i)
-      if (isPointer[i]) last = i;
-    return last + 1;
-  }();
-  const auto good = [&]<class T>(std::type_identity<T>, std::size_t at) -> T {
-    if constexpr (std::is_pointer_v<T>)
-      return reinterpret_cast<T>(memory.data());
-    else if constexpr (kit::ComplexPair<T>)
-      return T{decltype(T::re)(constant), decltype(T::im)(constant)};
-    else
-      return at == lengthAt ? T(8) : at < lengthAt ? T(constant) : at == n - 1 ? T(scaleFactor) : T(0);
-  };
-  [&]<std::size_t... i>(std::index_sequence<i...>) {
-    kit::Contract test(f, good(std::type_identity<P>{}, i)...);
-    const auto addLength = [&] {
-      using Length = std::tuple_element_t<lengthAt, std::tuple<P...>>;
-      if constexpr (std::is_signed_v<Length>)
-        test.template bad<lengthAt>({0, -1, INT32_MIN}, zorStatusBadSize);
-      else
-        test.template bad<lengthAt>({0}, zorStatusBadSize);
-    };
-    const auto addPointer = [&]<std::size_t at>(std::integral_constant<std::size_t, at>) {
-      if constexpr (isPointer[at]) test.template null<at>();
-    };
-    if (first == First::length) addLength();
-    (addPointer(std::integral_constant<std::size_t, i>{}), ...);
-    if (first == First::pointers) addLength();
-    test.untouched(memory.data(), memory.size() * sizeof(std::max_align_t));
-    test.verify(name.c_str());
-  }
-  (std::make_index_sequence<n>{});
+namespace detail {
+struct Parameter {
+  bool isPointer, isSigned;
+  Argument (*number)(int value);  // both parts of a pair
+};
+template <class T> Argument number(int value) {
+  if constexpr (kit::ComplexPair<T>)
+    return kit::detail::argument(T{decltype(T::re)(value), decltype(T::re)(value)});
+  else if constexpr (std::is_pointer_v<T>)
+    return {};
+  else
+    return kit::detail::argument(T(value));
 }
+template <class T> inline constexpr Parameter parameter = {std::is_pointer_v<T>, std::is_signed_v<T>, number<T>};
+void contract(First first, const char* name, Function f, kit::detail::Invoke invoke,
+              const std::vector<Parameter>& parameters);
+}  // namespace detail
+
+// Pointer arguments come first or after a constant; the length follows the last pointer, a scale factor comes last.
 // With the constants and scale factors that have short cuts of their own.
 template <class... P> void contract(First first, const char* name, ZorStatus (*f)(P...)) {
-  for (int constant : {0, 3})
-    for (Zor32s scaleFactor : {0, 7, 100, -100}) contractAt(first, at(name, scaleFactor), f, constant, scaleFactor);
+  detail::contract(first, name, reinterpret_cast<detail::Function>(f), kit::detail::invoke<P...>,
+                   {detail::parameter<P>...});
 }
 
 }  // namespace scale

@@ -2,6 +2,7 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
 #include <mutex>
 
 #include "zorcore.h"
@@ -18,6 +19,13 @@ template <class F> F* real(F*, const char* name) { return reinterpret_cast<F*>(d
 Services& services() {
   static Services all;
   return all;
+}
+
+void releaseKept() {
+  auto& s = services();
+  s.keepFreed = false;
+  for (void* block : s.kept) real(&zorFree, "zorFree")(block);
+  s.kept.clear();
 }
 
 }  // namespace kit
@@ -37,8 +45,12 @@ EXPORTED void* zorMalloc(int32_t size) {
 EXPORTED void zorFree(void* ptr) {
   static auto* const next = kit::real(&zorFree, "zorFree");
   const std::lock_guard lock(kit::guard);
-  if (ptr != nullptr) --kit::services().live;
-  next(ptr);
+  kit::Services& s = kit::services();
+  if (ptr != nullptr) --s.live;
+  if (ptr == nullptr || !s.keepFreed)
+    next(ptr);
+  else if (std::find(s.kept.begin(), s.kept.end(), ptr) == s.kept.end())
+    s.kept.push_back(ptr);
 }
 EXPORTED int32_t ownGetFeature(uint64_t mask) {
   static auto* const next = kit::real(&ownGetFeature, "ownGetFeature");

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace kit {
 
@@ -15,16 +17,22 @@ struct Services {
   std::optional<int32_t> cacheStatus, cacheSize;  // what zorGetMaxCacheSizeB answers instead
   std::optional<int32_t> feature;                 // what ownGetFeature answers instead
   long featureQueries = 0;
-  int32_t lastSize = 0;  // of the last zorMalloc call
+  int32_t lastSize = 0;     // of the last zorMalloc call
+  bool keepFreed = false;   // freed memory stands, as it was left, until the end of the scope
+  std::vector<void*> kept;  // such memory
 };
 
 Services& services();
+void releaseKept();
 
 // Fresh services for the length of a scope; at its end the scope before is back. leaked() counts blocks of this scope.
 class ServicesScope {
  public:
   ServicesScope() : saved_(services()) { services() = {}; }
-  ~ServicesScope() { services() = saved_; }
+  ~ServicesScope() {
+    releaseKept();
+    services() = std::move(saved_);
+  }
   ServicesScope(const ServicesScope&) = delete;
   ServicesScope& operator=(const ServicesScope&) = delete;
   Services* operator->() const { return &services(); }

@@ -14,7 +14,6 @@
 
 #include "zors/types.h"
 
-
 namespace kit {
 
 using Random = std::mt19937_64;

@@ -7,15 +7,10 @@
 #include <bit>
 #include <limits>
 
+#include "frame/power_of_two.h"
 #include "zors/types.h"
 
-
 namespace zors {
-
-// 2^-scaleFactor by its exponent field, which is limited to what there is: 0 from 1,023 on, infinity from -1,024 down.
-inline Zor64f scaleOf(Zor32s scaleFactor) {
-  return std::bit_cast<Zor64f>(std::clamp<Zor64s>(1023 - Zor64s{scaleFactor}, 0, 2047) << 52);
-}
 
 // Limited to the range of D and converted in the current direction. NaN gives the lowest value.
 template <class D> inline D toInteger(Zor64f x) {

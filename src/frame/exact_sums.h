@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "statistics/rows.h"
+#include "frame/rows.h"
 #include "zors/types.h"
 
 namespace zors::exact {

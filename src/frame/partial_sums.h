@@ -3,7 +3,7 @@
 // included.
 #pragma once
 
-#include "statistics/rows.h"
+#include "frame/rows.h"
 #include "zors/types.h"
 
 namespace zors::sums {

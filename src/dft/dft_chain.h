@@ -1,0 +1,176 @@
+// The mixed-radix chain: leaves, read from all over the source and written one after the other, then stages that join
+// them, block by block while a block stays in the first-level cache.
+#pragma once
+
+#include "dft/dft_arrays.h"
+#include "dft/dft_butterfly.h"
+#include "dft/dft_generic.h"
+#include "dft/dft_spec.h"
+
+namespace zors::dft {
+
+// ---- Leaves -------------------------------------------------------------------------------------
+
+// Where the leaves go: leaf n, of the numbers n, n + N / leaf, ..., to the place with the digits of n in reverse.
+template <class T> class LeafPlaces {
+ public:
+  explicit LeafPlaces(const Engine<T>& engine) : engine_(engine) {}
+  ZORS_INLINE std::size_t next() {
+    const std::size_t place = place_;
+    for (int i = 0; i < engine_.stages; ++i) {
+      const auto& stage = engine_.stage[i];
+      place_ += static_cast<std::size_t>(stage.rest);
+      if (++digit_[i] < stage.radix) break;
+      place_ -= static_cast<std::size_t>(stage.rest) * static_cast<std::size_t>(stage.radix);
+      digit_[i] = 0;
+    }
+    return place;
+  }
+
+ private:
+  const Engine<T>& engine_;
+  std::size_t place_ = 0;
+  Zor32s digit_[Factors::capacity] = {};
+};
+
+template <class T, class Transform, class Source>
+ZORS_INLINE void forLeaves(const Engine<T>& engine, Source src, T* to, Transform transform) {
+  const std::size_t leaves = static_cast<std::size_t>(engine.points / engine.leaf);
+  LeafPlaces<T> places(engine);
+  overColumns<T>(leaves, [&]<int n>(std::size_t first) ZORS_INLINE_LAMBDA {
+    T* place[n];
+    for (int i = 0; i < n; ++i) place[i] = to + 2 * places.next();
+    transform.template operator()<n>(
+        [&](int q) ZORS_INLINE_LAMBDA { return src.template load<n>(first + leaves * static_cast<std::size_t>(q)); },
+        place);
+  });
+}
+template <int leaf, class T, class Source> [[gnu::flatten]] void leafPass(const Engine<T>& engine, Source src, T* to) {
+  forLeaves(engine, src, to, [&]<int n>(auto load, T* const(&place)[n]) ZORS_INLINE_LAMBDA {
+    Pairs<T, n> x[leaf];
+    simd::unrolled<leaf>([&](auto q) ZORS_INLINE_LAMBDA { x[q] = load(q); });
+    butterfly<leaf>(x);
+    storeTransposed(x, leaf, place);
+  });
+}
+template <class T, class Source> [[gnu::flatten]] void genericLeafPass(const Engine<T>& engine, Source src, T* to) {
+  forLeaves(engine, src, to, [&]<int n>(auto load, T* const(&place)[n]) ZORS_INLINE_LAMBDA {
+    using P = Pairs<T, n>;
+    P x[largestGeneric][1];
+    for (int q = 0; q < engine.leaf; ++q) x[q][0] = load(q);
+    genericButterfly<1>(engine.leaf, engine.leafRoots, x);
+    storeTransposed(&x[0][0], engine.leaf, place);
+  });
+}
+template <class T, class Source> void leaves(const Engine<T>& engine, Source src, T* to) {
+  if constexpr (!requires { Source::oddAlone; }) {
+    if (engine.leaf == 2) return leafPass<2>(engine, src, to);
+    if (engine.leaf == 4) return leafPass<4>(engine, src, to);
+    if (engine.leaf == 6) return leafPass<6>(engine, src, to);
+    if (engine.leaf == 8) return leafPass<8>(engine, src, to);
+    if (engine.leaf == 16) return leafPass<16>(engine, src, to);
+  }
+  switch (engine.leaf) {
+    case 3:
+      return leafPass<3>(engine, src, to);
+    case 5:
+      return leafPass<5>(engine, src, to);
+    case 7:
+      return leafPass<7>(engine, src, to);
+    case 11:
+      return leafPass<11>(engine, src, to);
+    case 13:
+      return leafPass<13>(engine, src, to);
+    default:
+      return genericLeafPass(engine, src, to);
+  }
+}
+
+// ---- Stages -------------------------------------------------------------------------------------
+
+// Columns of `blocks` blocks from `from` on; out gets block after block.
+template <int radix, class T, class Target>
+[[gnu::flatten]] void stagePass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
+  const auto rest = static_cast<std::size_t>(stage.rest);
+  for (std::size_t at = 0; at < blocks * radix * rest; at += radix * rest) {
+    const T* w = stage.twiddles;
+    overColumns<T>(rest, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
+      Pairs<T, n> x[radix];
+      x[0] = loadPairs<n>(from + 2 * (at + k));
+      simd::unrolled<radix - 1>([&](auto i) ZORS_INLINE_LAMBDA {
+        x[i + 1] = turned(loadPairs<n>(w + 2 * n * i), loadPairs<n>(from + 2 * (at + k + (i + 1) * rest)));
+      });
+      w += 2 * n * (radix - 1);
+      butterfly<radix>(x);
+      simd::unrolled<radix>([&](auto q) ZORS_INLINE_LAMBDA { out.template store<n>(at + k + q * rest, x[q]); });
+    });
+  }
+}
+template <class T, class Target>
+[[gnu::flatten]] void genericStagePass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
+  const auto rest = static_cast<std::size_t>(stage.rest), radix = static_cast<std::size_t>(stage.radix);
+  for (std::size_t at = 0; at < blocks * radix * rest; at += radix * rest) {
+    const T* w = stage.twiddles;
+    overColumns<T>(rest, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
+      Pairs<T, n> x[largestGeneric][1];
+      x[0][0] = loadPairs<n>(from + 2 * (at + k));
+      for (std::size_t q = 1; q < radix; ++q, w += 2 * n)
+        x[q][0] = turned(loadPairs<n>(w), loadPairs<n>(from + 2 * (at + k + q * rest)));
+      genericButterfly<1>(stage.radix, stage.roots, x);
+      for (std::size_t q = 0; q < radix; ++q) out.template store<n>(at + k + q * rest, x[q][0]);
+    });
+  }
+}
+template <class T, class Target> void pass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
+  if constexpr (!requires { Target::oddAlone; }) {
+    if (stage.radix == 2) return stagePass<2>(stage, from, blocks, out);
+    if (stage.radix == 4) return stagePass<4>(stage, from, blocks, out);
+  }
+  switch (stage.radix) {
+    case 3:
+      return stagePass<3>(stage, from, blocks, out);
+    case 5:
+      return stagePass<5>(stage, from, blocks, out);
+    case 7:
+      return stagePass<7>(stage, from, blocks, out);
+    case 11:
+      return stagePass<11>(stage, from, blocks, out);
+    case 13:
+      return stagePass<13>(stage, from, blocks, out);
+    default:
+      return genericStagePass(stage, from, blocks, out);
+  }
+}
+
+template <class T> std::size_t blockOf(const Stage<T>& stage) {
+  return static_cast<std::size_t>(stage.radix) * static_cast<std::size_t>(stage.rest);
+}
+// All stages from `first` to the last on one block of stage `first`, deepest first.
+template <class T> void joinBlock(const Engine<T>& engine, int first, T* block) {
+  if (first == engine.stages) return;
+  const auto& stage = engine.stage[first];
+  if (blockOf(stage) > stageBlock) {
+    for (Zor32s q = 0; q < stage.radix; ++q)
+      joinBlock(engine, first + 1, block + 2 * static_cast<std::size_t>(q) * static_cast<std::size_t>(stage.rest));
+    return pass(stage, block, 1, WorkTarget<T>{block});
+  }
+  for (int i = engine.stages - 1; i >= first; --i)
+    pass(engine.stage[i], block, blockOf(stage) / blockOf(engine.stage[i]), WorkTarget<T>{block});
+}
+
+// work: room for all points, dst's own memory where that is interleaved and src lies elsewhere.
+template <class T, class Source, class Target>
+void chainTransform(const Engine<T>& engine, Source src, Target dst, T* work) {
+  leaves(engine, src, work);
+  const auto& top = engine.stage[0];
+  if (blockOf(top) > stageBlock) {
+    for (Zor32s q = 0; q < top.radix; ++q)
+      joinBlock(engine, 1, work + 2 * static_cast<std::size_t>(q) * static_cast<std::size_t>(top.rest));
+  } else {
+    for (int i = engine.stages - 1; i > 0; --i)
+      pass(engine.stage[i], work, blockOf(top) / blockOf(engine.stage[i]), WorkTarget<T>{work});
+  }
+  pass(top, work, 1, dst);
+}
+
+}  // namespace zors::dft

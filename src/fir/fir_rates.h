@@ -1,0 +1,173 @@
+// Filters that change the rate: v[upPhase + m * up] = x[m] with zeros between, w = taps * v, y[k] = w[downPhase + k *
+// down]. Their taps by phase, their record and their run.
+#pragma once
+
+#include <algorithm>
+
+#include "fir/fir_state.h"
+#include "fir/polyphase.h"
+
+namespace zors {
+
+struct FirRates {
+  Zor32s up, upPhase, down, downPhase;
+  Zor32s chunk;          // iterations that go through the delay line at a time
+  fir::PhaseRow* rows;   // one for each output of an iteration
+  void* taps;            // by phase
+  std::ptrdiff_t plane;  // from a tap to its second form
+  bool ahead;            // of a stream: windows begin at an output's place, otherwise they end there
+};
+
+namespace fir {
+
+// The taps of phase f stand f, f + up, ... in the filter.
+struct Phases {
+  std::ptrdiff_t tapsLen, up;
+  std::ptrdiff_t length(std::ptrdiff_t phase) const { return phase < tapsLen ? (tapsLen - 1 - phase) / up + 1 : 0; }
+  std::ptrdiff_t longest() const { return length(0); }
+  // Elements that the phases before this one take.
+  template <class Value> std::ptrdiff_t place(std::ptrdiff_t phase) const {
+    using Arithmetic = PhaseArithmetic<Value>;
+    const std::ptrdiff_t longer = tapsLen % up, shorter = tapsLen / up;
+    return std::min(phase, longer) * Arithmetic::stored(shorter + 1) +
+           std::max<std::ptrdiff_t>(phase - longer, 0) * Arithmetic::stored(shorter);
+  }
+  template <class Value> std::ptrdiff_t inAll() const { return place<Value>(up); }
+};
+inline Zor64s floorOfQuotient(Zor64s a, Zor64s b) { return a / b - (a % b < 0 ? 1 : 0); }
+
+}  // namespace fir
+
+// Samples before the history that rows of an even length may reach, where they weigh nothing.
+inline constexpr std::size_t firSpare = 16;
+
+template <class Value> struct RateParts {
+  ZorFIRState* state;
+  FirRates* rates;
+  fir::PhaseRow* rows;
+  Value *phaseTaps, *tapsReversed, *line, *results;
+};
+// Enough iterations that moving the history does not show, few enough that the chunk stays in the first-level cache.
+inline Zor32s firChunkOf(const fir::Phases& phases, Zor32s down) {
+  const auto fit = std::max<std::ptrdiff_t>(1024, phases.longest()) / std::max<std::ptrdiff_t>(phases.up, down);
+  return static_cast<Zor32s>(std::max<std::ptrdiff_t>(8, fit));
+}
+template <class Value> std::size_t firLineLen(const fir::Phases& phases, Zor32s down) {
+  return firSpare + static_cast<std::size_t>(phases.longest()) +
+         static_cast<std::size_t>(firChunkOf(phases, down)) * static_cast<std::size_t>(down);
+}
+inline std::size_t firResultsLen(const fir::Phases& phases, Zor32s down) {
+  return static_cast<std::size_t>(firChunkOf(phases, down)) * static_cast<std::size_t>(phases.up);
+}
+// The one account of what a multi-rate record holds: with a line of its own, or what a specification has.
+template <class Kind>
+RateParts<typename Kind::Value> layRates(Layout& block, Zor32s tapsLen, Zor32s up, Zor32s down, bool withLine) {
+  using Value = typename Kind::Value;
+  const fir::Phases phases{tapsLen, up};
+  RateParts<Value> parts{};
+  parts.state = block.take<ZorFIRState>(1);
+  parts.rates = block.take<FirRates>(1);
+  parts.rows = block.take<fir::PhaseRow>(static_cast<std::size_t>(up));
+  parts.phaseTaps =
+      block.take<Value>(static_cast<std::size_t>(phases.template inAll<Value>()) * fir::PhaseArithmetic<Value>::planes);
+  parts.tapsReversed = block.take<Value>(static_cast<std::size_t>(tapsLen) * fir::PhaseArithmetic<Value>::planes + 1);
+  if (withLine) {
+    Value* line = block.take<Value>(firLineLen<Value>(phases, down));
+    parts.line = line == nullptr ? nullptr : line + firSpare;
+    if constexpr (!std::is_same_v<typename Kind::Sample, Value>)
+      parts.results = block.take<Value>(firResultsLen(phases, down));
+  }
+  return parts;
+}
+
+// Fills the record but for the taps, with a history of zeros; the caller sets the taps.
+template <class Kind>
+ZorFIRState* firBuildRates(Layout& block, Tag tag, Zor32s tapsLen, Zor32s up, Zor32s upPhase, Zor32s down,
+                           Zor32s downPhase, bool withLine, bool ahead) {
+  const auto parts = layRates<Kind>(block, tapsLen, up, down, withLine);
+  const fir::Phases phases{tapsLen, up};
+  *parts.rates = {.up = up,
+                  .upPhase = upPhase,
+                  .down = down,
+                  .downPhase = downPhase,
+                  .chunk = firChunkOf(phases, down),
+                  .rows = parts.rows,
+                  .taps = parts.phaseTaps,
+                  .plane = phases.template inAll<typename Kind::Value>(),
+                  .ahead = ahead};
+  *parts.state = {.tag = tag,
+                  .tapsLen = tapsLen,
+                  .dlyLen = withLine ? static_cast<Zor32s>(phases.longest()) : 0,
+                  .tapsReversed = parts.tapsReversed,
+                  .dlyLine = parts.line,
+                  .blockScratch = parts.results,
+                  .rates = parts.rates};
+  if (withLine)
+    std::fill_n(parts.line - firSpare, firLineLen<typename Kind::Value>(phases, down), typename Kind::Value{});
+  return parts.state;
+}
+
+// Output r of an iteration stands at p = downPhase + r * down in v.
+template <class Value> void firFillRows(const FirRates& rates, Zor32s tapsLen) {
+  const fir::Phases phases{tapsLen, rates.up};
+  for (Zor64s r = 0; r < rates.up; ++r) {
+    const Zor64s place = rates.downPhase + r * rates.down - rates.upPhase;
+    const Zor64s sample = fir::floorOfQuotient(place + (rates.ahead ? rates.up - 1 : 0), rates.up);
+    const auto phase = static_cast<std::ptrdiff_t>(rates.ahead ? sample * rates.up - place : place - sample * rates.up);
+    const std::ptrdiff_t len = phases.length(phase), stored = fir::PhaseArithmetic<Value>::stored(len);
+    rates.rows[r] = {static_cast<Zor32s>(len == 0 ? 0 : phases.template place<Value>(phase)),
+                     static_cast<Zor32s>(stored),
+                     static_cast<Zor32s>((rates.ahead ? sample : sample - (len - 1)) - (stored - len))};
+  }
+}
+
+// The engine of a record, over its own rows or, where it has one rate, over a single one.
+template <class Value> fir::Polyphase<Value> firEngine(const ZorFIRState* state, const fir::PhaseRow* single) {
+  const FirRates* rates = state->rates;
+  if (rates == nullptr) return {static_cast<const Value*>(state->tapsReversed), 0, single, 1, 1};
+  return {static_cast<const Value*>(rates->taps), rates->plane, rates->rows, rates->up, rates->down};
+}
+
+template <class Value> fir::Finish firFinish(const ZorFIRState* state, Zor32s scaleFactor) {
+  if constexpr (std::is_same_v<Value, Zor16s> || std::is_same_v<Value, Zor16sc>)
+    return {fir::integerShift(state->tapsFactor, scaleFactor), state->roundMode};
+  else
+    return {};
+}
+
+// In place, where more is written than read or an iteration's outputs are many, the source is copied to memory of its
+// own first: run(source) then reads that.
+template <class Sample, class Run>
+ZorStatus firFromCopy(const Sample* src, const Sample* dst, Zor32s numIters, Zor32s up, Zor32s down, Run run) {
+  constexpr Zor32s mostOutputs = 4096;
+  if (src != dst || (up <= down && up <= mostOutputs)) return run(src);
+  const std::size_t bytes = static_cast<std::size_t>(numIters) * static_cast<std::size_t>(down) * sizeof(Sample);
+  const Scratch copy(bytes);
+  if (!copy) return zorStatusNoMemory;
+  std::memcpy(copy.data(), src, bytes);
+  return run(copy.as<Sample>());
+}
+
+// numIters iterations by way of a line, in which `history` samples stand before the first. Each chunk is read whole
+// before its outputs are written.
+template <class Sample, class Value>
+void firRunLine(const fir::Polyphase<Value>& engine, Zor32s chunk, Value* line, Zor32s history, Value* results,
+                const Sample* src, Sample* dst, Zor32s numIters, fir::Finish finish, Zor32s scaleFactor) {
+  Value* room = line + history;
+  for (Zor32s done = 0; done < numIters;) {
+    const Zor32s count = std::min(numIters - done, chunk), taken = count * engine.down, made = count * engine.up;
+    by_type::widen(src, room, taken);
+    if constexpr (std::is_same_v<Sample, Value>) {
+      engine.run(room, count, dst, finish);
+    } else {
+      engine.run(room, count, results, finish);
+      by_type::narrow(results, dst, made, scaleFactor);
+    }
+    std::copy(line + taken, line + taken + history, line);
+    src += taken;
+    dst += made;
+    done += count;
+  }
+}
+
+}  // namespace zors

@@ -1,0 +1,239 @@
+// zorsResamplePolyphaseFixed*, zorsResamplePolyphaseGetFixedFilter_*, zorsResamplePolyphaseSetFixedFilter_*: resampling
+// by a rational factor, one row of taps for each phase of the output.
+#include "exports/resampling.h"
+#include "resampling/resample.h"
+
+// The state begins at the next multiple of 8 bytes of the caller's block. Row p of the taps serves outputs that stand
+// p / outRate of an input sample behind an input; row 0 is symmetrical and has a tap more.
+struct ZorResampleFixedState {
+  Zor32s inRate, outRate;  // without common factors
+  Zor32s halfLen;
+  Zor32s accurate;  // sums in binary64
+  Zor32f scale;     // what a tap of 1 weighs
+  Zor32f unit;      // of 16-bit rows as a caller sees them, in taps
+  Zor32f* rows;     // 2 * halfLen + 4 taps apart
+};
+
+namespace zors {
+namespace {
+
+using namespace resample;
+
+// ---- Sizes --------------------------------------------------------------------------------------
+
+struct Plan {
+  Zor64s in, out, len, entries;  // entries: of the half response at a spacing of 1/out
+  Zor64s halfLen() const { return ((len + 3) & ~Zor64s{3}) / 2; }
+  Zor64s stride() const { return 2 * halfLen() + 4; }
+};
+Plan planOf(Zor32s inRate, Zor32s outRate, Zor32s len) {
+  Zor32s in = inRate, out = outRate;
+  for (Zor32s b = out; b != 0;) {  // the greatest common factor
+    in %= b;
+    std::swap(in, b);
+  }
+  Plan plan{inRate / in, outRate / in, len, 0};
+  const auto taps = static_cast<Zor32f>(2 * plan.halfLen()), inF = static_cast<Zor32f>(plan.in),
+             outF = static_cast<Zor32f>(plan.out);
+  const Zor32f half = plan.out < plan.in ? (1e-5f + taps * (outF / inF)) * 0.5f * inF : (1e-5f + taps) * 0.5f * outF;
+  plan.entries = static_cast<Zor64s>(half) + 1;
+  return plan;
+}
+
+ZorStatus getSize(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32s* size, Zor32s* lenOut, Zor32s* height,
+                  bool integers) {
+  return check().pointers(size, lenOut, height).size(inRate).size(outRate).size(len).then([&]() -> ZorStatus {
+    const Plan plan = planOf(inRate, outRate, len);
+    const Zor64s out = plan.out, n = len;
+    const Zor64s pointers = ((out + 4) & ~3) * 8, steps = ((out + 7) & ~7) * 2, response = 8 * plan.entries;
+    // In binary64 first: lengths and rates near 2^31 give products beyond 64 bits.
+    const Zor64f rows = integers ? 2.0 * (Zor64f((n + 8) & ~7) * Zor64f(out) + Zor64f(plan.entries))
+                                 : 4.0 * Zor64f((n + 4) & ~3) * Zor64f(out);
+    constexpr Zor64s largest = 0x7FFFFFFE;
+    if (rows + Zor64f(pointers + steps + response) + 58 > Zor64f(largest) + 64) return zorStatusBadArgument;
+    const Zor64s bytes = integers ? pointers + steps + response + 58 + 2 * (((n + 8) & ~7) * out + plan.entries)
+                                  : pointers + ((n + 4) & ~3) * out * 4 + steps + response + 48;
+    if (bytes > largest) return zorStatusBadArgument;
+    *size = static_cast<Zor32s>(bytes);
+    *lenOut = static_cast<Zor32s>(2 * plan.halfLen());
+    *height = static_cast<Zor32s>(out);
+    return zorStatusOk;
+  });
+}
+
+// ---- Rows ---------------------------------------------------------------------------------------
+
+ZorResampleFixedState* recordOf(const ZorResampleFixedState* state) {
+  return alignUp(const_cast<ZorResampleFixedState*>(state), 8);
+}
+Zor64s tapsOf(const Plan& plan, Zor64s row) { return 2 * plan.halfLen() + (row == 0 ? 1 : 0); }
+Zor64s placeOf(const Plan& plan, Zor64s row, Zor64s tap) {
+  const Zor64s h = plan.halfLen();
+  return std::abs(row == 0 ? (tap - h) * plan.out : (1 - h + tap) * plan.out - row);
+}
+
+// The rows, whose taps sum to one value, as Tap: first one behind the other, in front of the response that they are
+// taken from, then apart, as floats. Integer taps are scaled by the largest magnitude, which is returned.
+template <class Tap> Zor64f makeRows(const Plan& plan, const WindowedSinc& sinc, Zor32f* rows) {
+  auto* taps = reinterpret_cast<Tap*>(rows);
+  constexpr Zor64s tapsInEight = 8 / sizeof(Tap);
+  const Zor64s inAll = 2 * plan.halfLen() * plan.out + 1;
+  auto* response = reinterpret_cast<Zor64f*>(taps + (inAll + tapsInEight - 1) / tapsInEight * tapsInEight);
+  for (Zor64s m = 0; m < plan.entries; ++m) response[m] = sinc(static_cast<Zor64f>(m));
+  const auto at = [&](Zor64s row, Zor64s tap) {
+    const Zor64s m = placeOf(plan, row, tap);
+    return m < plan.entries ? response[m] : sinc(static_cast<Zor64f>(m));
+  };
+  const auto forTaps = [&](auto&& visit) {
+    const Zor64f wanted = plan.out < plan.in ? static_cast<Zor64f>(plan.in) / static_cast<Zor64f>(plan.out) : 1.0;
+    for (Zor64s row = 0; row < plan.out; ++row) {
+      Zor64f sum = 0;
+      for (Zor64s j = 0; j < tapsOf(plan, row); ++j) sum += at(row, j);
+      for (Zor64s j = 0; j < tapsOf(plan, row); ++j) visit(at(row, j) * (wanted / sum));
+    }
+  };
+  Zor64f largest = 0;
+  forTaps([&](Zor64f tap) { largest = std::max(largest, std::fabs(tap)); });
+  Tap* to = taps;
+  forTaps([&](Zor64f tap) {
+    *to++ = static_cast<Tap>(std::is_integral_v<Tap> ? halfAway(tap * (largestTap / largest)) : tap);
+  });
+  for (Zor64s row = plan.out - 1; row >= 0; --row) {
+    Zor32f* apart = rows + row * plan.stride();
+    const Zor64s count = tapsOf(plan, row);
+    for (Zor64s j = count - 1; j >= 0; --j) {
+      const auto tap = static_cast<Zor32f>(*--to);
+      apart[j] = tap;
+    }
+    std::fill(apart + count, apart + plan.stride(), 0.0f);
+  }
+  return largest;
+}
+
+ZorStatus init(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32f rollf, Zor32f alpha, ZorResampleFixedState* state,
+               bool accurate, bool quantised) {
+  return check()
+      .pointers(state)
+      .size(inRate)
+      .size(outRate)
+      .size(len)
+      .require(rollf > 0 && rollf <= 1 && alpha >= 1, zorStatusBadArgument)
+      .then([&] {
+        const Plan plan = planOf(inRate, outRate, len);
+        ZorResampleFixedState* record = recordOf(state);
+        auto* rows = reinterpret_cast<Zor32f*>(record + 1);
+        const WindowedSinc sinc(std::numbers::pi / static_cast<Zor64f>(std::max(plan.in, plan.out)), rollf, alpha,
+                                static_cast<Zor64f>(plan.entries - 1));
+        const auto unit = static_cast<Zor32f>(
+            (quantised ? makeRows<Zor16s>(plan, sinc, rows) : makeRows<Zor32f>(plan, sinc, rows)) / largestTap);
+        *record = {.inRate = static_cast<Zor32s>(plan.in),
+                   .outRate = static_cast<Zor32s>(plan.out),
+                   .halfLen = static_cast<Zor32s>(plan.halfLen()),
+                   .accurate = accurate,
+                   .scale = quantised ? unit : 1,
+                   .unit = quantised ? 1 : unit,
+                   .rows = rows};
+      });
+}
+
+// A caller's rows: 32f the taps; 16s the taps in units, where a tap that shows as the value given stays as it is.
+void toCaller(Zor32f tap, Zor32f, Zor32f& value) { value = tap; }
+void toCaller(Zor32f tap, Zor32f unit, Zor16s& value) {
+  value = static_cast<Zor16s>(std::clamp(halfAway(Zor64f(tap) / unit), Zor64f(INT16_MIN), Zor64f(INT16_MAX)));
+}
+void fromCaller(Zor32f value, Zor32f, Zor32f& tap) { tap = value; }
+void fromCaller(Zor16s value, Zor32f unit, Zor32f& tap) {
+  Zor16s shown;
+  toCaller(tap, unit, shown);
+  if (shown != value) tap = static_cast<Zor32f>(value) * unit;
+}
+// Rows of min(2 * halfLen + 4, step) elements, step apart in the caller's array; no more rows than there are.
+template <class T, class Move>
+ZorStatus forRows(T* filter, Zor32s step, Zor32s height, const ZorResampleFixedState* state, Move move) {
+  return check().pointers(filter, state).size(step).size(height).then([&] {
+    const ZorResampleFixedState* record = recordOf(state);
+    const std::ptrdiff_t stride = 2 * std::ptrdiff_t{record->halfLen} + 4;
+    for (std::ptrdiff_t row = 0; row < std::min(height, record->outRate); ++row)
+      for (std::ptrdiff_t k = 0; k < std::min<std::ptrdiff_t>(stride, step); ++k)
+        move(filter[row * step + k], record->unit, record->rows[row * stride + k]);
+  });
+}
+template <class T> ZorStatus getFilter(T* filter, Zor32s step, Zor32s height, const ZorResampleFixedState* state) {
+  return forRows(filter, step, height, state, [](T& value, Zor32f unit, Zor32f tap) { toCaller(tap, unit, value); });
+}
+template <class T> ZorStatus setFilter(const T* filter, Zor32s step, Zor32s height, ZorResampleFixedState* state) {
+  return forRows(filter, step, height, state, [](T value, Zor32f unit, Zor32f& tap) { fromCaller(value, unit, tap); });
+}
+
+// ---- Runs ---------------------------------------------------------------------------------------
+
+// 2 * halfLen is a multiple of 4; row 0 has one tap more.
+template <class Sum, class Sample> ZORS_INLINE Sum dot(const Zor32f* row, const Sample* x, std::ptrdiff_t taps) {
+  Products<Sum> even, odd;
+  std::ptrdiff_t k = 0;
+  for (; k + 16 <= taps; k += 16) {
+    even.add(simd::load<8>(row + k), simd::floatsAt(x + k));
+    odd.add(simd::load<8>(row + k + 8), simd::floatsAt(x + k + 8));
+  }
+  if (k + 8 <= taps) {
+    even.add(simd::load<8>(row + k), simd::floatsAt(x + k));
+    k += 8;
+  }
+  if (k < taps) odd.add(simd::loadThenZeros(row + k, int(taps - k)), simd::floatsThenZeros(x + k, int(taps - k)));
+  return even.total() + odd.total();
+}
+
+template <class Sum, class Sample>
+[[gnu::flatten]] void run(const ZorResampleFixedState* state, const Sample* src, Zor32s len, Sample* dst, Zor32f norm,
+                          Zor64f* time, Zor32s* outLen) {
+  const Zor64s in = state->inRate, out = state->outRate, h = state->halfLen;
+  const Zor64f t = *time, whole = std::floor(t), fraction = t - whole;
+  *outLen = 0;
+  if (!(t > INT32_MIN && t < INT32_MAX)) return;
+  const auto i0 = static_cast<Zor64s>(whole), q = static_cast<Zor64s>(static_cast<Zor64f>(out) * fraction + 0.5);
+  const Zor64s first = i0 * out + q, limit = out * (len + i0);
+  const auto gain = static_cast<Sum>(std::min(1.0, Zor64f(out) / Zor64f(in)) * state->scale * norm);
+  // Output c stands at c / out: the sample before it, and the phase behind that.
+  Zor64s c = first, sample = q == out ? i0 + 1 : i0, phase = q == out ? 0 : q;
+  Zor32s count = 0;
+  for (; c < limit; c += in) {
+    const Zor32f* row = state->rows + phase * (2 * h + 4);
+    const Sum sum =
+        phase == 0 ? dot<Sum>(row, src + sample - h, 2 * h + 1) : dot<Sum>(row, src + sample + 1 - h, 2 * h);
+    dst[count++] = result<Sample, Ties::even>(sum * gain);
+    phase += in % out;
+    sample += in / out + (phase >= out ? 1 : 0);
+    phase -= phase >= out ? out : 0;
+  }
+  *time = fraction + static_cast<Zor64f>(c - q) / static_cast<Zor64f>(out);
+  *outLen = count;
+}
+
+template <class Sample>
+ZorStatus resampleFixed(const Sample* src, Zor32s len, Sample* dst, Zor32f norm, Zor64f* time, Zor32s* outLen,
+                        const ZorResampleFixedState* state) {
+  return check().pointers(src, dst, time, outLen, state).size(len).then([&] {
+    const ZorResampleFixedState* record = recordOf(state);
+    if (record->accurate)
+      run<Zor64f>(record, src, len, dst, norm, time, outLen);
+    else
+      run<Zor32f>(record, src, len, dst, norm, time, outLen);
+  });
+}
+
+}  // namespace
+
+// clang-format off
+ZorStatus zorsResamplePolyphaseFixedGetSize_32f(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32s* size, Zor32s* lenOut, Zor32s* height, ZorHintAlgorithm) { return getSize(inRate, outRate, len, size, lenOut, height, false); }
+ZorStatus zorsResamplePolyphaseFixedGetSize_16s(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32s* size, Zor32s* lenOut, Zor32s* height, ZorHintAlgorithm hint) { return getSize(inRate, outRate, len, size, lenOut, height, hint != zorAlgHintAccurate); }
+ZorStatus zorsResamplePolyphaseFixedInit_32f(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32f rollf, Zor32f alpha, ZorResampleFixedState* state, ZorHintAlgorithm hint) { return init(inRate, outRate, len, rollf, alpha, state, hint == zorAlgHintAccurate, false); }
+ZorStatus zorsResamplePolyphaseFixedInit_16s(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32f rollf, Zor32f alpha, ZorResampleFixedState* state, ZorHintAlgorithm hint) { return init(inRate, outRate, len, rollf, alpha, state, hint == zorAlgHintAccurate, hint != zorAlgHintAccurate); }
+ZorStatus zorsResamplePolyphaseFixed_32f(const Zor32f* src, Zor32s len, Zor32f* dst, Zor32f norm, Zor64f* time, Zor32s* outLen, const ZorResampleFixedState* state) { return resampleFixed(src, len, dst, norm, time, outLen, state); }
+ZorStatus zorsResamplePolyphaseFixed_16s(const Zor16s* src, Zor32s len, Zor16s* dst, Zor32f norm, Zor64f* time, Zor32s* outLen, const ZorResampleFixedState* state) { return resampleFixed(src, len, dst, norm, time, outLen, state); }
+ZorStatus zorsResamplePolyphaseGetFixedFilter_32f(Zor32f* filter, Zor32s step, Zor32s height, const ZorResampleFixedState* state) { return getFilter(filter, step, height, state); }
+ZorStatus zorsResamplePolyphaseGetFixedFilter_16s(Zor16s* filter, Zor32s step, Zor32s height, const ZorResampleFixedState* state) { return getFilter(filter, step, height, state); }
+ZorStatus zorsResamplePolyphaseSetFixedFilter_32f(const Zor32f* filter, Zor32s step, Zor32s height, ZorResampleFixedState* state) { return setFilter(filter, step, height, state); }
+ZorStatus zorsResamplePolyphaseSetFixedFilter_16s(const Zor16s* filter, Zor32s step, Zor32s height, ZorResampleFixedState* state) { return setFilter(filter, step, height, state); }
+// clang-format on
+
+}  // namespace zors
