@@ -61,7 +61,7 @@ TEST(IirDesign, ResponsesAreTheClosedFormulas) {
           ASSERT_EQ(taps[std::size_t(order) + 1], 1.0);
           // Sums of taps cancel the more the higher the order and the nearer the edge to an end.
           const double nearness = std::tan(double(pi) * std::min(edge, 0.5 - edge));
-          const long double tolerance = std::max(1e-10L, 1e-12L / std::pow(std::min(1.0, 2 * nearness), order));
+          const long double tolerance = std::max(1e-10L, 1e-11L / std::pow(std::min(1.0, 2 * nearness), order));
           for (int i = 0; i <= 50; ++i) {
             const long double frequency = 0.4999L * i / 50 + (d.highpass ? 1e-4L : 0);
             const long double got = std::norm(response(taps.data(), order, frequency));
