@@ -23,7 +23,7 @@ struct Line {
 #define EXPORT(name) {#name, #name},
 #define SHARED(name, as) {#name, #as},
 constexpr Line lines[] = {
-    // of literals alone: strings in their place take the compiler half a minute
+// of literals alone: strings in their place take the compiler half a minute
 #include "frame/exports.def"
 };
 #undef EXPORT
