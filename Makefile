@@ -39,6 +39,11 @@ demo-resample: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target resample | tail -1
 	@./build/gcc-release/examples/resample "$(IN)" "$(OUT)" "$(RATE)"
 
+## make demo-equaliser  an equaliser of five bands: make demo-equaliser IN=file.wav OUT=file.wav GAINS="-12 3 0 9 -9"
+demo-equaliser: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target equaliser | tail -1
+	@./build/gcc-release/examples/equaliser "$(IN)" "$(OUT)" $(GAINS)
+
 ## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
 test: setup
 	$(call run_tests,gcc-release)
