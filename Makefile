@@ -48,6 +48,10 @@ demo-find: setup
 pictures: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target window_pictures | tail -1
 	@./build/gcc-release/examples/window_pictures docs
+## make demo-equaliser  an equaliser of five bands: make demo-equaliser IN=file.wav OUT=file.wav GAINS="-12 3 0 9 -9"
+demo-equaliser: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target equaliser | tail -1
+	@./build/gcc-release/examples/equaliser "$(IN)" "$(OUT)" $(GAINS)
 
 ## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
 test: setup
