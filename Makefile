@@ -13,7 +13,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample demo-find test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
