@@ -5,6 +5,7 @@ PACKAGES = g++ clang cmake ninja-build make pkg-config libgtest-dev libbenchmark
            clang-format clang-tidy
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
+RATE ?= 48000
 JOBS ?= $(shell nproc)
 build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 
@@ -12,7 +13,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -28,6 +29,15 @@ setup:
 demo: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target telephone_band | tail -1
 	@./build/gcc-release/examples/telephone_band "$(IN)" "$(OUT)"
+
+## make demo-dtmf  the digits in a recording of a telephone's tones; without IN=file.wav a number is dialled here
+demo-dtmf: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target dialled_number | tail -1
+	@./build/gcc-release/examples/dialled_number "$(if $(filter command line,$(origin OUT)),$(OUT),dtmf-out.wav)" $(if $(filter command line,$(origin IN)),"$(IN)")
+## make demo-resample  bring a recording to another sample rate: make demo-resample IN=file.wav OUT=file.wav RATE=48000
+demo-resample: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target resample | tail -1
+	@./build/gcc-release/examples/resample "$(IN)" "$(OUT)" "$(RATE)"
 
 ## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
 test: setup

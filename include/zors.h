@@ -32,6 +32,7 @@
 #include "zors/correlation.h"
 #include "zors/design.h"
 #include "zors/detection.h"
+#include "zors/dft.h"
 #include "zors/fft.h"
 #include "zors/filters.h"
 #include "zors/fir.h"

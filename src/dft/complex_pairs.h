@@ -156,7 +156,8 @@ template <class T, int n> ZORS_INLINE Pairs<T, n> reversed(Pairs<T, n> x) {
     return {_mm_permute_ps(x.r, 0x4E)};
 }
 
-// Number i of each of the vectors x[0], ... x[rows - 1], which are the columns of a matrix, goes to to[i], to[i] + 1, ...
+// Number i of each of the vectors x[0], ... x[rows - 1], which are the columns of a matrix, goes to to[i], to[i] + 1,
+// ...
 template <class T, int n> ZORS_INLINE void storeTransposed(const Pairs<T, n>* x, int rows, T* const* to) {
   if constexpr (n == 1) {
     for (int q = 0; q < rows; ++q) storePairs(to[0] + 2 * q, x[q]);
@@ -172,7 +173,8 @@ template <class T, int n> ZORS_INLINE void storeTransposed(const Pairs<T, n>* x,
     if constexpr (n == 4) {
       for (; q + 1 < rows; q += 2) {
         const __m256d a = _mm256_castps_pd(x[q].r), b = _mm256_castps_pd(x[q + 1].r);
-        const __m256 even = _mm256_castpd_ps(_mm256_unpacklo_pd(a, b)), odd = _mm256_castpd_ps(_mm256_unpackhi_pd(a, b));
+        const __m256 even = _mm256_castpd_ps(_mm256_unpacklo_pd(a, b)),
+                     odd = _mm256_castpd_ps(_mm256_unpackhi_pd(a, b));
         _mm_storeu_ps(to[0] + 2 * q, _mm256_castps256_ps128(even));
         _mm_storeu_ps(to[1] + 2 * q, _mm256_castps256_ps128(odd));
         _mm_storeu_ps(to[2] + 2 * q, _mm256_extractf128_ps(even, 1));
@@ -211,7 +213,8 @@ template <class P> ZORS_INLINE P turned(P w, P x) {
   const P sines = signsOf(imaginaryParts(w), both<P>(T(-0.0), T(0.0)));
   return fma(sines, exchanged(x), realParts(w) * x);
 }
-// The product a * b of convolutions: re = fma(b.re, a.re, -round(b.im * a.im)), im = fma(b.re, a.im, round(b.im * a.re)).
+// The product a * b of convolutions: re = fma(b.re, a.re, -round(b.im * a.im)), im = fma(b.re, a.im, round(b.im *
+// a.re)).
 template <class P> ZORS_INLINE P product(P a, P b) {
   return fmaAddSub(realParts(b), a, imaginaryParts(b) * exchanged(a));
 }

@@ -71,7 +71,8 @@ template <class P> ZORS_INLINE void butterfly4(P& x0, P& x1, P& x2, P& x3) {
 }
 
 // An odd prime: with a_j = x_j + x_(p-j) and b_j = x_j - x_(p-j), X_0 is x_0 + (a_1 + a_2 + ...), and X_k, X_(p-k) are
-// c - i s, c + i s with c = fma(cos k, a_1, fma(cos 2k, a_2, ... x_0)) and s = fma(sin k, b_1, ... round(sin hk * b_h)).
+// c - i s, c + i s with c = fma(cos k, a_1, fma(cos 2k, a_2, ... x_0)) and s = fma(sin k, b_1, ... round(sin hk *
+// b_h)).
 template <int p, class P> ZORS_INLINE void butterflyOdd(P (&x)[p]) {
   constexpr int h = p / 2;
   constexpr const auto& unit = units<typename P::Value, p>;

@@ -9,8 +9,6 @@
 
 namespace zors::dft {
 
-inline constexpr Zor32s stageBlock = 2000;  // points
-
 // ---- Leaves -------------------------------------------------------------------------------------
 
 // Where the leaves go: leaf n, of the numbers n, n + N / leaf, ..., to the place with the digits of n in reverse.
@@ -48,7 +46,7 @@ ZORS_INLINE void forLeaves(const Engine<T>& engine, Source src, T* to, Transform
   });
 }
 template <int leaf, class T, class Source> [[gnu::flatten]] void leafPass(const Engine<T>& engine, Source src, T* to) {
-  forLeaves(engine, src, to, [&]<int n>(auto load, T* const (&place)[n]) ZORS_INLINE_LAMBDA {
+  forLeaves(engine, src, to, [&]<int n>(auto load, T* const(&place)[n]) ZORS_INLINE_LAMBDA {
     Pairs<T, n> x[leaf];
     simd::unrolled<leaf>([&](auto q) ZORS_INLINE_LAMBDA { x[q] = load(q); });
     butterfly<leaf>(x);
@@ -56,7 +54,7 @@ template <int leaf, class T, class Source> [[gnu::flatten]] void leafPass(const 
   });
 }
 template <class T, class Source> [[gnu::flatten]] void genericLeafPass(const Engine<T>& engine, Source src, T* to) {
-  forLeaves(engine, src, to, [&]<int n>(auto load, T* const (&place)[n]) ZORS_INLINE_LAMBDA {
+  forLeaves(engine, src, to, [&]<int n>(auto load, T* const(&place)[n]) ZORS_INLINE_LAMBDA {
     using P = Pairs<T, n>;
     P x[largestGeneric][1];
     for (int q = 0; q < engine.leaf; ++q) x[q][0] = load(q);

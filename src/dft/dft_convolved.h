@@ -10,13 +10,6 @@ namespace zors::dft {
 
 // ---- Direct: one butterfly of a prime length ----------------------------------------------------
 
-inline constexpr int largestDirectHalf = 24;  // (47 - 1) / 2, in full vectors
-// Minus sines stand behind so many cosines: the powers 0 to 2 h - 2 of the generator, and what the last vector reads.
-template <class T> constexpr std::size_t directRow(int h) {
-  constexpr int L = simd::lanesOf<T>;
-  return static_cast<std::size_t>(h - 1 + (h + L - 1) / L * L);
-}
-
 // As genericButterfly, but in lanes of outputs, which go in the order of a generator's powers: then the roots that one
 // term has in all outputs lie side by side, and so do those of the next term, some places further on.
 template <class T, class Source, class Target>
@@ -24,7 +17,7 @@ template <class T, class Source, class Target>
   using namespace simd;
   constexpr int L = lanesOf<T>;
   const int p = engine.points, h = p / 2;
-  T x[4 * largestDirectHalf], y[4 * largestDirectHalf];
+  T x[4 * largestDirectHalf] = {}, y[4 * largestDirectHalf];
   overColumns<T>(static_cast<std::size_t>(p),
                  [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA { storePairs(x + 2 * k, src.template load<n>(k)); });
   T aRe[largestDirectHalf], aIm[largestDirectHalf], bRe[largestDirectHalf], bIm[largestDirectHalf];
@@ -80,9 +73,6 @@ template <class T, class Source, class Target>
 
 // ---- Chirp --------------------------------------------------------------------------------------
 
-template <class T> using ComplexOf = std::conditional_t<sizeof(T) == 4, Zor32fc, Zor64fc>;
-
-// The transform of the convolution's length, in place, unscaled. work: the engine's workBytes, aligned.
 template <class T> ZorStatus innerTransform(const Engine<T>& inner, bool inverse, T* points, Zor8u* work) {
   if (inner.method == Method::fft) {
     using Fft = FftOf<ComplexOf<T>>;
@@ -100,7 +90,8 @@ template <class T> ZorStatus innerTransform(const Engine<T>& inner, bool inverse
 // X[N - 1] in reverse.
 template <class T, class Source, class Target>
 ZorStatus chirpTransform(const Engine<T>& engine, bool inverse, Source src, Target dst, Zor8u* work) {
-  const auto points = static_cast<std::size_t>(engine.points), length = static_cast<std::size_t>(engine.convolutionLength);
+  const auto points = static_cast<std::size_t>(engine.points),
+             length = static_cast<std::size_t>(engine.convolutionLength);
   T* const t = reinterpret_cast<T*>(work);
   Zor8u* const innerWork = work + length * 2 * sizeof(T);
   overColumns<T>(points, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {

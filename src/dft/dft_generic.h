@@ -8,9 +8,10 @@ namespace zors::dft {
 inline constexpr int largestGeneric = 149;  // the largest prime that a chain may end with
 
 // One butterfly of p points in each of the columns of x, with the roots exp(-2 pi i k / p): with a_j and b_j as in
-// butterflyOdd, X_0 = x_0 + a_1 + a_2 + ...; the sums of cos(j k) a_j and sin(j k) b_j run in two, of odd j, from x_0 on
-// for the cosines, and of even j, products and sums rounded each; first plus second. The result is in x.
-template <int vectors, class P> ZORS_INLINE void genericButterfly(int p, const typename P::Value* roots, P (*x)[vectors]) {
+// butterflyOdd, X_0 = x_0 + a_1 + a_2 + ...; the sums of cos(j k) a_j and sin(j k) b_j run in two, of odd j, from x_0
+// on for the cosines, and of even j, products and sums rounded each; first plus second. The result is in x.
+template <int vectors, class P>
+ZORS_INLINE void genericButterfly(int p, const typename P::Value* roots, P (*x)[vectors]) {
   const int h = p / 2;
   P y[largestGeneric][vectors];
   const auto each = [](auto f) ZORS_INLINE_LAMBDA { simd::unrolled<vectors>(f); };

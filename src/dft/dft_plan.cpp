@@ -13,7 +13,7 @@ constexpr Zor32s chirpLimit = 0x4000000;
 constexpr Zor32s largestFactor = 50, largestLastFactor = 150;  // the latter where the length is divisible by 4
 
 // The lengths 2^a * {1, 3, 5, 9, 25} in which convolutions run; powers of two beyond.
-constexpr Zor32s convolutionLengths[] = {128,  144,  160,  192,  200,  256,  288,  320,  384,  400, 512,
+constexpr Zor32s convolutionLengths[] = {128,  144,  160,  192,  200,  256,  288,  320,  384,  400,  512,
                                          576,  640,  768,  800,  1024, 1152, 1280, 1536, 1600, 2048, 2304,
                                          2560, 3072, 3200, 4096, 4608, 5120, 6144, 6400, 8192};
 Zor32s convolutionLengthOf(Zor32s n) {
@@ -35,17 +35,21 @@ class Factorisation {
       std::swap(found_.f[0], found_.f[found_.count - 1]);
     }
     for (Zor32s p = 3; rest_ >= 9 && rest_ >= p * p; p += 2) {
-      if (p > largestFactor) return fail();
+      if (p > largestFactor) {
+        found_.count = 0;
+        return;
+      }
       while (rest_ >= p * p && rest_ % p == 0) divideBy(p);
     }
     const Zor32s limit = byFour && !keepPrimes ? largestLastFactor : largestFactor;
-    if (found_.count == 0 || rest_ > limit) return fail();
-    divideBy(rest_);
+    if (found_.count == 0 || rest_ > limit)
+      found_.count = 0;
+    else
+      divideBy(rest_);
   }
   Factors found() const { return found_; }
 
  private:
-  void fail() { found_.count = 0; }
   void divideBy(Zor32s p) {
     rest_ /= p;
     if (p == 3 && !keepPrimes_ && found_.f[0] == 2 && found_.f[1] != 4)
@@ -76,14 +80,18 @@ Factors chainOf(Zor32s n) {
   return factors;
 }
 
+Plan convolutionOf(Zor32s n) {
+  if (n >= chirpLimit) return {};
+  return {.method = Method::chirp, .convolutionLength = convolutionLengthOf(n)};
+}
+
 Plan planOf(Zor32s n) {
   if (n <= largestSmall) return {.method = Method::small};
   if (isPowerOfTwo(n)) return {.method = Method::fft};
   if (n > largestLength) return {};
   if (const Factors factors = chainOf(n); factors.count > 1) return {.method = Method::chain, .factors = factors};
   if (n <= largestDirect) return {.method = Method::direct};
-  if (n < chirpLimit) return {.method = Method::chirp, .convolutionLength = convolutionLengthOf(n)};
-  return {};
+  return convolutionOf(n);
 }
 
 }  // namespace zors::dft

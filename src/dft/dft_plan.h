@@ -23,7 +23,8 @@ constexpr int orderOf(Zor32s powerOfTwo) {
   return order;
 }
 
-// Factors of a chain: stages of radices f[0], f[1], ... over leaves of f[count - 1] points; count 0 where there are none.
+// Factors of a chain: stages of radices f[0], f[1], ... over leaves of f[count - 1] points; count 0 where there are
+// none.
 struct Factors {
   static constexpr int capacity = 20;
   int count = 0;
@@ -42,13 +43,11 @@ constexpr bool hasKernel(Zor32s radix) { return radix < 17; }
 
 struct Plan {
   Method method = Method::none;
-  Factors factors;               // of a chain
+  Factors factors = {};          // of a chain
   Zor32s convolutionLength = 0;  // of a chirp
 };
+Plan convolutionOf(Zor32s n);
 // Of n complex points. A power of two above largestSmall is Method::fft at any size; a length beyond all is none.
 Plan planOf(Zor32s n);
-
-// Real data of an even length are half as many complex points; powers of two have their own transforms.
-constexpr bool halves(bool real, Zor32s len) { return real && len % 2 == 0 && (len <= largestSmall || !isPowerOfTwo(len)); }
 
 }  // namespace zors::dft

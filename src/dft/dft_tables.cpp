@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "dft/dft_convolved.h"
+#include "dft/dft_arrays.h"
 
 namespace zors::dft {
 
@@ -52,9 +52,9 @@ template <class T> void fillPrimeRoots(const Roots<T>& roots, Zor32s prime, cons
 
 }  // namespace
 
-template <class T> void fillChain(const Engine<T>& engine, const Roots<T>& roots) {
-  for (int i = 0; i < engine.stages; ++i) {
-    const auto& stage = engine.stage[i];
+template <class T> void fillStages(const Stage<T>* stages, int count, const Roots<T>& roots) {
+  for (int i = 0; i < count; ++i) {
+    const auto& stage = stages[i];
     if (stage.roots != nullptr) fillPrimeRoots(roots, stage.radix, stage.roots);
     T* out = const_cast<T*>(stage.twiddles);
     const auto radix = static_cast<std::size_t>(stage.radix), rest = static_cast<std::size_t>(stage.rest);
@@ -67,6 +67,9 @@ template <class T> void fillChain(const Engine<T>& engine, const Roots<T>& roots
         }
     });
   }
+}
+template <class T> void fillChain(const Engine<T>& engine, const Roots<T>& roots) {
+  fillStages(engine.stage, engine.stages, roots);
   if (engine.leafRoots != nullptr) fillPrimeRoots(roots, engine.leaf, engine.leafRoots);
 }
 
@@ -92,7 +95,8 @@ template <class T> void fillDirect(Engine<T>& engine, const Roots<T>& roots, T* 
 }
 
 template <class T> void fillChirp(const Engine<T>& engine, const Roots<T>& roots, T* chirp, T* spectrum) {
-  const auto points = static_cast<std::size_t>(engine.points), length = static_cast<std::size_t>(engine.convolutionLength);
+  const auto points = static_cast<std::size_t>(engine.points),
+             length = static_cast<std::size_t>(engine.convolutionLength);
   std::memset(spectrum, 0, length * 2 * sizeof(T));
   for (std::size_t n = 0, square = 0; n < points; ++n) {  // n^2 modulo 2 N
     const auto root = roots.at(square, 2 * points);
@@ -117,11 +121,12 @@ template <class T> void fillFactors(const Roots<T>& roots, T* forward, T* invers
   }
 }
 
-#define INSTANTIATE(T)                                                  \
-  template Roots<T> fillRoots(std::size_t, T*);                         \
-  template void fillChain(const Engine<T>&, const Roots<T>&);           \
-  template void fillDirect(Engine<T>&, const Roots<T>&, T*);            \
-  template void fillChirp(const Engine<T>&, const Roots<T>&, T*, T*);   \
+#define INSTANTIATE(T)                                                \
+  template Roots<T> fillRoots(std::size_t, T*);                       \
+  template void fillStages(const Stage<T>*, int, const Roots<T>&);    \
+  template void fillChain(const Engine<T>&, const Roots<T>&);         \
+  template void fillDirect(Engine<T>&, const Roots<T>&, T*);          \
+  template void fillChirp(const Engine<T>&, const Roots<T>&, T*, T*); \
   template void fillFactors(const Roots<T>&, T*, T*);
 INSTANTIATE(Zor32f)
 INSTANTIATE(Zor64f)

@@ -20,7 +20,8 @@ template <class T> struct Roots {
 };
 template <class T> Roots<T> fillRoots(std::size_t turn, T* table);
 
-// The roots of a chain's passes, in the places that the engine names.
+// The roots of passes, and of a chain's leaves, in the places that they name.
+template <class T> void fillStages(const Stage<T>* stages, int count, const Roots<T>& roots);
 template <class T> void fillChain(const Engine<T>& engine, const Roots<T>& roots);
 template <class T> void fillDirect(Engine<T>& engine, const Roots<T>& roots, T* table);
 // w[n] of a chirp, from roots of a turn of 2 N; and conj w, mirrored, over L, whose transform is the spectrum.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dft/dft_convolved.h"
+#include "dft/parting.h"
 
 namespace zors::dft {
 
@@ -23,7 +24,8 @@ template <class Run> ZORS_INLINE void withSmall(Zor32s n, Run run) {
 
 // ---- Complex ------------------------------------------------------------------------------------
 
-// Any method but powers of two above largestSmall. Sources and targets conjugate for an inverse where conjugates() holds.
+// Any method but powers of two above largestSmall. Sources and targets conjugate for an inverse where conjugates()
+// holds.
 template <class T> bool conjugates(const Engine<T>& engine, bool inverse) {
   return inverse && engine.method != Method::chirp;
 }
@@ -50,9 +52,9 @@ ZorStatus interleavedTransform(const Engine<T>& engine, bool inverse, const T* s
   return transform(engine, inverse, InterleavedSource<T>(src, sign), InterleavedTarget<T>(dst, factor, sign),
                    src == dst ? reinterpret_cast<T*>(work) : dst, work);
 }
-template <class T> struct Split { T *re, *im; };
 template <class T>
-ZorStatus splitTransform(const Engine<T>& engine, bool inverse, Split<const T> src, Split<T> dst, T factor, Zor8u* work) {
+ZorStatus splitTransform(const Engine<T>& engine, bool inverse, Split<const T> src, Split<T> dst, T factor,
+                         Zor8u* work) {
   const bool exchange = conjugates(engine, inverse);
   const auto source = exchange ? SplitSource<T>{src.im, src.re} : SplitSource<T>{src.re, src.im};
   const auto target = exchange ? SplitTarget<T>{dst.im, dst.re, factor} : SplitTarget<T>{dst.re, dst.im, factor};
@@ -60,49 +62,6 @@ ZorStatus splitTransform(const Engine<T>& engine, bool inverse, Split<const T> s
 }
 
 // ---- Real ---------------------------------------------------------------------------------------
-
-template <class P> struct Mirrored { P low, high; };  // the terms k and N / 2 - k
-
-// The spectrum of pairs of values to that of the values: with p = Z[k], q = conj Z[N/2 - k], d = p - q and
-// t = (1/2 - sin/2 - i cos/2) d it is q + t and conj(p - t). factor: (cos / 2, 1/2 - sin/2).
-template <class P> ZORS_INLINE Mirrored<P> partForward(Mirrored<P> z, P factor) {
-  using T = typename P::Value;
-  const P p = z.low, q = conjugate(z.high), d = p - q;
-  const P halfCosine = signsOf(realParts(factor), both<P>(T(0.0), T(-0.0)));
-  const P t = fma(imaginaryParts(factor), d, halfCosine * exchanged(d));
-  return {q + t, conjugate(p - t)};
-}
-// The way back, to twice the spectrum of pairs: with p = X[k], q = conj X[N/2 - k], u = p + q, d = p - q and
-// t = i (cos + i sin) d it is u + t and conj(u - t). factor: (cos, -sin).
-template <class P> ZORS_INLINE Mirrored<P> partInverse(Mirrored<P> x, P factor) {
-  using T = typename P::Value;
-  const P p = x.low, q = conjugate(x.high), u = p + q, d = p - q;
-  const P cosine = signsOf(realParts(factor), both<P>(T(-0.0), T(0.0)));
-  const P t = fma(imaginaryParts(factor), d, cosine * exchanged(d));
-  return {u + t, conjugate(u - t)};
-}
-
-template <class P> ZORS_INLINE P sumAndDifference(P x) { return realParts(x) + conjugate(imaginaryParts(x)); }
-
-// src may be dst; Perm on the side of the spectrum.
-template <bool inverse, class T> [[gnu::flatten]] void part(const T* src, T* dst, std::size_t half, const T* factors) {
-  const T first = src[0], second = src[1];
-  dst[0] = first + second;
-  dst[1] = first - second;
-  overColumns<T>((half - 1) / 2, [&]<int n>(std::size_t i) ZORS_INLINE_LAMBDA {
-    const std::size_t k = i + 1, mirror = half - k - (n - 1);
-    const auto factor = loadPairs<n>(factors + 2 * i);
-    const Mirrored<Pairs<T, n>> in = {loadPairs<n>(src + 2 * k), reversed(loadPairs<n>(src + 2 * mirror))};
-    const auto out = inverse ? partInverse(in, factor) : partForward(in, factor);
-    storePairs(dst + 2 * k, out.low);
-    storePairs(dst + 2 * mirror, reversed(out.high));
-  });
-  if (half % 2 == 0) {  // the term that is its own mirror
-    const T twice = inverse ? T(2) : T(1), re = src[half], im = src[half + 1];
-    dst[half] = twice * re;
-    dst[half + 1] = -twice * im;
-  }
-}
 
 // Straight lines: the same steps in registers; each final sum is scaled.
 template <int n, class T> [[gnu::flatten]] void straightLineForward(const T* src, T* dst, T factor) {
@@ -135,7 +94,8 @@ template <int n, class T> [[gnu::flatten]] void straightLineInverse(const T* src
   using P = Pairs<T, 1>;
   if constexpr (n % 2 == 1) {
     P x[n];
-    simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA { x[i] = PermSource<T>(src, n, Sign::changed).template load<1>(i); });
+    simd::unrolled<n>([&](auto i)
+                          ZORS_INLINE_LAMBDA { x[i] = PermSource<T>(src, n, Sign::changed).template load<1>(i); });
     butterfly<n>(x);
     simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA { dst[i] = x[i].r[0] * factor; });
   } else {
@@ -154,8 +114,7 @@ template <int n, class T> [[gnu::flatten]] void straightLineInverse(const T* src
     if constexpr (half % 2 == 0) x[half / 2] = loadPairs<1>(src + half) * both<P>(T(2), T(-2));
     simd::unrolled<half>([&](auto i) ZORS_INLINE_LAMBDA { x[i] = conjugate(x[i]); });
     butterfly<half>(x);
-    simd::unrolled<half>(
-        [&](auto i) ZORS_INLINE_LAMBDA { storePairs(dst + 2 * i, x[i] * both<P>(factor, -factor)); });
+    simd::unrolled<half>([&](auto i) ZORS_INLINE_LAMBDA { storePairs(dst + 2 * i, x[i] * both<P>(factor, -factor)); });
   }
 }
 
@@ -168,7 +127,8 @@ template <class T> ZorStatus toPermSpectrum(const Spec<T>& spec, const T* src, T
     return zorStatusOk;
   }
   if (len % 2 == 1)
-    return transform(spec.engine, false, RealSource<T>{src}, PermTarget<T>{dst, len, factor}, reinterpret_cast<T*>(work), work);
+    return transform(spec.engine, false, RealSource<T>{src}, PermTarget<T>{dst, len, factor},
+                     reinterpret_cast<T*>(work), work);
   const ZorStatus status = interleavedTransform(spec.engine, false, src, dst, factor, work);
   if (status == zorStatusOk) part<false>(dst, dst, len / 2, spec.realForward);
   return status;

@@ -7,10 +7,11 @@
 #include <type_traits>
 #include <utility>
 
-#include "frame/tags.h"
 #include "zors/types.h"
 
 namespace zors {
+
+using Tag = Zor32u;  // the first word of a state or specification; tags.h lists them
 
 class Checks {
  public:

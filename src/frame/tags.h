@@ -4,11 +4,9 @@
 #include <algorithm>
 #include <iterator>
 
-#include "zors/types.h"
+#include "frame/check.h"
 
 namespace zors {
-
-using Tag = Zor32u;
 
 namespace tags {
 
@@ -21,6 +19,12 @@ consteval Tag spelled(const char (&text)[5]) {
 inline constexpr Tag all[] = {
     // FFT specifications: 16sc, 16s, real 16s; 32fc, 32f, real 32f; 64fc, 64f, real 64f; 32sc, 32s, real 32s, 16s32s
     1, 2, 3, 4, 5, 6, 7, 8, 9, spelled("CMAL"), spelled("CMAM"), spelled("CMAN"), spelled("CMAO"),
+    // DFT specifications: 16sc, 16s, real 16s; 32fc, 32f, real 32f; 64fc, 64f, real 64f; out of order 32fc, 64fc
+    10, 11, 12, 13, 14, 15, 16, 17, 18, spelled("CMAJ"), spelled("CMAK"),
+    // DCT specifications, forward and inverse: 16s, 32f, 64f
+    19, 20, 21, 22, 23, 24,
+    // Hilbert specifications: 32f32fc, 16s32fc, 16s16sc
+    spelled("CMAE"), spelled("CMAF"), spelled("CMAG"),
     // FIR states: taps_samples, single rate and multi-rate, real and complex
     spelled("FI01"), spelled("FI02"), spelled("FI03"), spelled("FI04"),  // 32f, 32fc
     spelled("FI05"), spelled("FI06"), spelled("FI07"), spelled("FI08"),  // 32f_16s

@@ -67,6 +67,8 @@ template <class S> struct Member {
 const double frequencies[] = {0, 1e-6, 0.0625, 0.25, 0.333, 0.5, 0.697 / 8, 0.75, 0.999};
 const int lengths[] = {1, 2, 3, 4, 5, 7, 8, 15, 16, 17, 31, 32, 33, 63, 64, 65, 127, 205, 1000, 4096};
 
+constexpr double single = 0x1p-24, full = 0x1p-53;
+
 template <class S> void checkMembers(const std::vector<Member<S>>& members) {
   kit::Random random(11);
   for (const auto& member : members)
@@ -86,7 +88,6 @@ template <class S> void checkMembers(const std::vector<Member<S>>& members) {
           ASSERT_NEAR(out.im, static_cast<double>(sum.value.im), bound) << member.name << " " << len << " " << rFreq;
         }
 }
-constexpr double single = 0x1p-24, full = 0x1p-53;
 
 TEST(Goertzel, BinsOfFloatsAreThoseOfTheSum) {
   checkMembers<Zor32f>({{"zorsGoertz_32f", one(zorsGoertz_32f), single},

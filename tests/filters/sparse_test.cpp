@@ -57,26 +57,28 @@ void checkBlocks(const Filter& filter, const std::vector<int>& lengths, kit::Ran
   Model model(filter, dly);
   Zor32s size = 0;
   const bool fir = filter.iirTaps == 0;
-  if (fir)
+  if (fir) {
     ASSERT_EQ(zorsFIRSparseGetStateSize_32f(Zor32s(filter.taps.size()), std::max(1, filter.order1()), &size),
               zorStatusOk);
-  else
+  } else {
     ASSERT_EQ(zorsIIRSparseGetStateSize_32f(Zor32s(filter.firTaps()), filter.iirTaps, filter.order1(), filter.order2(),
                                             &size),
               zorStatusOk);
+  }
   const Guarded<Zor8u> block(size_t(size), kit::Edge::end, away);
   ZorFIRSparseState* firState = nullptr;
   ZorIIRSparseState* iirState = nullptr;
   {
     Filter given = filter;  // copied by Init
-    if (fir)
+    if (fir) {
       ASSERT_EQ(zorsFIRSparseInit_32f(&firState, given.taps.data(), given.places.data(), Zor32s(given.taps.size()),
                                       dly.data(), block.data()),
                 zorStatusOk);
-    else
+    } else {
       ASSERT_EQ(zorsIIRSparseInit_32f(&iirState, given.taps.data(), given.places.data(), Zor32s(given.firTaps()),
                                       given.iirTaps, dly.data(), block.data()),
                 zorStatusOk);
+    }
   }
   for (int len : lengths) {
     const Guarded<Zor32f> src(kit::signal<Zor32f>(size_t(len), random), len % 2 ? kit::Edge::begin : kit::Edge::end);

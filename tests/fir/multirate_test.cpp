@@ -497,15 +497,16 @@ void checkStream32f(Zor32s n, const Rates& r, bool rates, kit::Random& random) {
   const Guarded<Zor8u> block(size_t(size), Edge::end, size_t(n) % 17);
   ZorFIRState* state = nullptr;
   const bool alloc = n % 2 == 0;
-  if (rates)
+  if (rates) {
     ASSERT_EQ(alloc
                   ? zorsFIRMRStreamInitAlloc_32f(&state, taps.data(), n, r.up, r.upPhase, r.down, r.downPhase)
                   : zorsFIRMRStreamInit_32f(&state, taps.data(), n, r.up, r.upPhase, r.down, r.downPhase, block.data()),
               zorStatusOk);
-  else
+  } else {
     ASSERT_EQ(alloc ? zorsFIRStreamInitAlloc_32f(&state, taps.data(), n)
                     : zorsFIRStreamInit_32f(&state, taps.data(), n, block.data()),
               zorStatusOk);
+  }
   for (int numIters : {1, 2, 7, 8, 9, 25}) {
     const std::int64_t last = r.downPhase + (std::int64_t(numIters) * r.up - 1) * r.down + n - 1 - r.upPhase;
     const size_t needed = last < 0 ? 0 : size_t(last / r.up) + 1, out = size_t(numIters) * size_t(r.up);
@@ -533,20 +534,23 @@ void checkStream16s(Zor32s n, const Rates& r, bool rates, ZorRoundMode mode, kit
   Zor32s size = 0;
   ASSERT_EQ(rates ? zorsFIRMRStreamGetStateSize_16s(n, r.up, r.down, &size) : zorsFIRStreamGetStateSize_16s(n, &size),
             zorStatusOk);
-  if (!rates) ASSERT_EQ(size, ((2 * n + 15) & ~15) + 128);
+  if (!rates) {
+    ASSERT_EQ(size, ((2 * n + 15) & ~15) + 128);
+  }
   const Guarded<Zor8u> block(size_t(size), Edge::end, size_t(n) % 17);
   ZorFIRState* state = nullptr;
   const bool alloc = n % 2 == 0;
-  if (rates)
+  if (rates) {
     ASSERT_EQ(alloc
                   ? zorsFIRMRStreamInitAlloc_16s(&state, taps.data(), n, -3, r.up, r.upPhase, r.down, r.downPhase, mode)
                   : zorsFIRMRStreamInit_16s(&state, taps.data(), n, -3, r.up, r.upPhase, r.down, r.downPhase, mode,
                                             block.data()),
               zorStatusOk);
-  else
+  } else {
     ASSERT_EQ(alloc ? zorsFIRStreamInitAlloc_16s(&state, taps.data(), n, -3, mode)
                     : zorsFIRStreamInit_16s(&state, taps.data(), n, -3, mode, block.data()),
               zorStatusOk);
+  }
   const Ties ties = mode == 0 ? Ties::towardZero : mode == 1 ? Ties::even : Ties::away;
   for (int numIters : {1, 2, 8, 9, 25})
     for (int scaleFactor : {-40, -3, 12, 13, 28, 60}) {
