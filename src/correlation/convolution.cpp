@@ -71,7 +71,7 @@ ZorStatus convolve(const T* src1, Zor32s len1, const T* src2, Zor32s len2, T* ds
 ZorStatus convolvePiecewise(const Operands<Zor16s>& of, Zor16s* dst, Zor32s scaleFactor) {
   constexpr Zor32s piece = 4096;
   const std::size_t older = std::size_t(of.tapsLen) - 1;
-  const Scratch scratch((of.tapsLen + (piece + older) + piece) * sizeof(Zor32f));
+  const Scratch scratch((std::size_t(of.tapsLen) + (piece + older) + piece) * sizeof(Zor32f));
   if (!scratch) return zorStatusNoMemory;
   auto *taps = scratch.as<Zor32f>(), *x = taps + of.tapsLen, *results = x + (piece + older);
   by_type::widen(of.taps, taps, of.tapsLen);
