@@ -13,7 +13,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample demo-find pictures test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -48,6 +48,10 @@ demo-find: setup
 pictures: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target window_pictures | tail -1
 	@./build/gcc-release/examples/window_pictures docs
+## make demo-equaliser  an equaliser of five bands: make demo-equaliser IN=file.wav OUT=file.wav GAINS="-12 3 0 9 -9"
+demo-equaliser: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target equaliser | tail -1
+	@./build/gcc-release/examples/equaliser "$(IN)" "$(OUT)" $(GAINS)
 
 ## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
 test: setup
