@@ -256,8 +256,10 @@ void correlate(Taps taps, ptrdiff_t tapsLen, const T* x, ptrdiff_t xLen, ptrdiff
   for (ptrdiff_t i = 0; i < count;) {
     const ptrdiff_t at = lag + i;
     const Problem<T, Taps> problem{taps, tapsLen, x + at, -at, xLen - at};
+    // As few tiles as there must be, of equal widths: a narrow one left over would wait for its multiply-adds.
+    const ptrdiff_t left = (count - i + lanes - 1) / lanes, tilesLeft = (left + widest<T> - 1) / widest<T>;
+    ptrdiff_t registers = (left + tilesLeft - 1) / tilesLeft;
     // The taps that all outputs have in common start and end so; too wide a tile has none.
-    ptrdiff_t registers = std::min<ptrdiff_t>(widest<T>, (count - i + lanes - 1) / lanes);
     const auto someMeet = [&](ptrdiff_t n) {
       return std::max<ptrdiff_t>(0, -at) <= std::min(tapsLen, xLen - at - n * lanes + 1);
     };
