@@ -9,10 +9,6 @@
 namespace zors {
 namespace {
 
-template <class... P> Checks orderThenPointers(Zor32s order, const P*... pointers) {
-  return check().require(order >= 1, zorStatusBadFilterOrder).pointers(pointers...);
-}
-
 // ---- One sample, in integers --------------------------------------------------------------------
 
 // v / 2^shift to nearest, ties to even; sums wrap in 32 bits, counts modulo 32: a shift of 0 adds 2^31 - 1.
@@ -149,16 +145,21 @@ ZorStatus filterBlock(IirForm form, const Zor16s* src, Zor16s* dst, Zor32s len, 
 }
 
 ZorStatus filter(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s order, Zor32s* dly) {
-  return orderThenPointers(order, src, dst, taps, dly).then([&] {
+  const Checks pointers = check().require(order >= 1, zorStatusBadFilterOrder).pointers(src, dst, taps, dly);
+  return pointers.then([&] {
     return check().require(taps[std::ptrdiff_t{order} + 1] >= 0, zorStatusNegativeTapShift).size(len).then([&] {
       return filterBlock<halfAway>(IirForm::polynomial, src, dst, len, taps, order, dly);
     });
   });
 }
 ZorStatus filterSections(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s numBq, Zor32s* dly) {
-  return orderThenPointers(numBq, src, dst, taps, dly).size(len).then([&] {
+  return check().require(numBq >= 1, zorStatusBadFilterOrder).pointers(src, dst, taps, dly).size(len).then([&] {
     return filterBlock<halfEven>(IirForm::cascade, src, dst, len, taps, numBq, dly);
   });
+}
+
+template <class... P> Checks orderThenPointers(Zor32s order, const P*... pointers) {
+  return check().require(order >= 1, zorStatusBadFilterOrder).pointers(pointers...);
 }
 
 }  // namespace

@@ -1,8 +1,6 @@
 // What the families of the IIR folder share about the filters themselves, by type of arithmetic.
 #pragma once
 
-#include <cstdint>
-
 #include "iir/iir_state.h"
 
 namespace zors {

@@ -5,7 +5,6 @@
 #include <bit>
 #include <limits>
 
-#include "frame/simd.h"
 #include "iir/iir_filter.h"
 
 namespace zors {
