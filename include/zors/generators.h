@@ -10,6 +10,91 @@
 extern "C" {
 #endif
 
+typedef struct ZorToneState ZorToneState;
+typedef struct ZorTriangleState ZorTriangleState;
+
+/** @name Tone
+ *  Sinusoids: dst[n] = magnitude * cos(phase + n * w), w = 2 pi * rFreq with rFreq in cycles a sample; of complex types
+ *  that is the real part, and magnitude * sin(phase + n * w) the imaginary one. *phase is replaced, before any sample is
+ *  written, by the phase at which the next call goes on: phase + len * w less whole turns, 0 where it rounds to 2 pi.
+ *  hint 1 is fast, any other value accurate.
+ *  Accurate: cosines start the vector; x[n] = 2 cos(w) x[n - 1] - x[n - 2] gives two more elements,
+ *  x[n] = 2 cos(2 w) x[n - 2] - x[n - 4] all others, in binary64.
+ *  Fast: each block of 1,024 elements (64f, 64fc: 2,048) starts anew from cosines. The first 16 (8) elements follow in
+ *  binary64, the others by x[n] = 2 cos(8 w) x[n - 8] - x[n - 16] in binary32 (2 cos(4 w), x[n - 4], x[n - 8] in
+ *  binary64). 16s and 16sc are those of 32f and 32fc.
+ *  Checks: phase; magnitude not above 0, zorStatusBadToneMagnitude; rFreq outside [0, 0.5), zorStatusBadToneFrequency;
+ *  *phase outside [0, 2 pi), zorStatusBadTonePhase; dst; len.
+ *  Numerics: recurrences are fused; integers are cut toward zero and saturate. Errors grow with the elements since the
+ *  last cosine, and with 1 / sin(w) (fast: 1 / sin(8 w)).
+ *  @{ */
+ZorStatus zorsTone_Direct_16s(Zor16s* dst, Zor32s len, Zor16s magnitude, Zor32f rFreq, Zor32f* phase,
+                              ZorHintAlgorithm hint);
+ZorStatus zorsTone_Direct_16sc(Zor16sc* dst, Zor32s len, Zor16s magnitude, Zor32f rFreq, Zor32f* phase,
+                               ZorHintAlgorithm hint);
+ZorStatus zorsTone_Direct_32f(Zor32f* dst, Zor32s len, Zor32f magnitude, Zor32f rFreq, Zor32f* phase,
+                              ZorHintAlgorithm hint);
+ZorStatus zorsTone_Direct_32fc(Zor32fc* dst, Zor32s len, Zor32f magnitude, Zor32f rFreq, Zor32f* phase,
+                               ZorHintAlgorithm hint);
+ZorStatus zorsTone_Direct_64f(Zor64f* dst, Zor32s len, Zor64f magnitude, Zor64f rFreq, Zor64f* phase,
+                              ZorHintAlgorithm hint);
+ZorStatus zorsTone_Direct_64fc(Zor64fc* dst, Zor32s len, Zor64f magnitude, Zor64f rFreq, Zor64f* phase,
+                               ZorHintAlgorithm hint);
+/** @} */
+
+/** @name ToneQ15
+ *  The same of fixed-point arguments with 15 fractional bits: 205886 is 2 pi, 16384 half the sample rate. No recurrence:
+ *  each sample is magnitude * cos(fma(w, n, phase)), rounded to nearest, ties away from zero; it has the bits that the C
+ *  library's cosine gives. A state goes on from call to call with n a 32-bit count that wraps; GetStateSize: 48 bytes.
+ *  Free releases what InitAlloc allocated, and leaves a caller's record alone.
+ *  Checks: dst; len; magnitude below 1, zorStatusBadToneMagnitude; rFreqQ15 outside 0 to 16383, zorStatusBadToneFrequency;
+ *  phaseQ15 above 205886, zorStatusBadTonePhase. Init, InitAlloc: the pointer, then these; zorStatusNoMemory leaves
+ *  *stateOut. With a state: pointers; len; zorStatusBadContext.
+ *  @{ */
+ZorStatus zorsToneQ15_Direct_16s(Zor16s* dst, Zor32s len, Zor16s magnitude, Zor16s rFreqQ15, Zor32u phaseQ15);
+ZorStatus zorsToneGetStateSizeQ15_16s(Zor32s* size);
+ZorStatus zorsToneInitQ15_16s(ZorToneState* state, Zor16s magnitude, Zor16s rFreqQ15, Zor32u phaseQ15);
+ZorStatus zorsToneInitAllocQ15_16s(ZorToneState** stateOut, Zor16s magnitude, Zor16s rFreqQ15, Zor32u phaseQ15);
+ZorStatus zorsToneFree(ZorToneState* state);
+ZorStatus zorsToneQ15_16s(Zor16s* dst, Zor32s len, ZorToneState* state);
+/** @} */
+
+/** @name Triangle
+ *  Waves that fall from magnitude to -magnitude over pi + asym radians and rise again over pi - asym. The imaginary part
+ *  of complex types is the same wave (2 pi + (pi + asym)) / 2 radians ahead: 3 pi / 2 where asym is 0. *phase goes on as
+ *  of Tone.
+ *  Checks: phase; magnitude not above 0, zorStatusBadTriangleMagnitude; rFreq outside [0, 0.5),
+ *  zorStatusBadTriangleFrequency; asym outside [-pi, pi), zorStatusBadTriangleAsym; *phase outside [0, 2 pi),
+ *  zorStatusBadTrianglePhase; dst; len.
+ *  Numerics: in binary64. A sample on a straight run is fma(steps, step, value at the run's start); beyond an end it is
+ *  mirrored with the other side's slope. 32f is narrowed, 16s rounded to nearest, ties away from zero.
+ *  @{ */
+ZorStatus zorsTriangle_Direct_16s(Zor16s* dst, Zor32s len, Zor16s magnitude, Zor32f rFreq, Zor32f asym, Zor32f* phase);
+ZorStatus zorsTriangle_Direct_16sc(Zor16sc* dst, Zor32s len, Zor16s magnitude, Zor32f rFreq, Zor32f asym, Zor32f* phase);
+ZorStatus zorsTriangle_Direct_32f(Zor32f* dst, Zor32s len, Zor32f magnitude, Zor32f rFreq, Zor32f asym, Zor32f* phase);
+ZorStatus zorsTriangle_Direct_32fc(Zor32fc* dst, Zor32s len, Zor32f magnitude, Zor32f rFreq, Zor32f asym, Zor32f* phase);
+ZorStatus zorsTriangle_Direct_64f(Zor64f* dst, Zor32s len, Zor64f magnitude, Zor64f rFreq, Zor64f asym, Zor64f* phase);
+ZorStatus zorsTriangle_Direct_64fc(Zor64fc* dst, Zor32s len, Zor64f magnitude, Zor64f rFreq, Zor64f asym, Zor64f* phase);
+/** @} */
+
+/** @name TriangleQ15
+ *  The same of fixed-point arguments with 15 fractional bits: 102943 is pi. A state goes on from call to call, in pieces
+ *  of any size with the samples of one call; GetStateSize: 136 bytes. Free as of ToneQ15.
+ *  Checks: dst; len; magnitude below 1, rFreqQ15 outside 0 to 16383, phaseQ15 above 205886, asymQ15 outside -102943 to
+ *  102943 with the statuses of Triangle. Init, InitAlloc: the pointer, then these; zorStatusNoMemory leaves *stateOut.
+ *  With a state: pointers; len; zorStatusBadContext.
+ *  @{ */
+ZorStatus zorsTriangleQ15_Direct_16s(Zor16s* dst, Zor32s len, Zor16s magnitude, Zor16s rFreqQ15, Zor32u phaseQ15,
+                                     Zor32s asymQ15);
+ZorStatus zorsTriangleGetStateSizeQ15_16s(Zor32s* size);
+ZorStatus zorsTriangleInitQ15_16s(ZorTriangleState* state, Zor16s magnitude, Zor16s rFreqQ15, Zor32u phaseQ15,
+                                  Zor32s asymQ15);
+ZorStatus zorsTriangleInitAllocQ15_16s(ZorTriangleState** stateOut, Zor16s magnitude, Zor16s rFreqQ15, Zor32u phaseQ15,
+                                       Zor32s asymQ15);
+ZorStatus zorsTriangleFree(ZorTriangleState* state);
+ZorStatus zorsTriangleQ15_16s(Zor16s* dst, Zor32s len, ZorTriangleState* state);
+/** @} */
+
 typedef struct ZorRandUniformState ZorRandUniformState;
 typedef struct ZorRandGaussState ZorRandGaussState;
 
