@@ -185,16 +185,19 @@ template <class T, class State> void checkBits(const StateForm<T, State>& form) 
 TEST(RandomStates, PiecesOfAnySizeGiveTheBitsOfOneSequence) {
   forStates([](const auto& form) { checkBits(form); });
 }
-template <class T, class State> void checkMany(const StateForm<T, State>& form) {
-  std::vector<Zor8u> record(std::size_t(form.bytes));
-  auto* state = reinterpret_cast<State*>(record.data());
-  std::vector<T> y(1'000'000);
-  ASSERT_EQ(form.init(state, T(20), T(70), 12345), zorStatusOk);
-  ASSERT_EQ(form.generate(y.data(), Zor32s(y.size()), state), zorStatusOk);
-  ASSERT_EQ(kit::firstDifference<T>(y, model(form, T(20), T(70), 12345, y.size())), "") << form.name;
-}
 TEST(RandomStates, AMillionValuesHaveTheBitsOfTheModel) {
-  forStates([](const auto& form) { checkMany(form); });
+  forStates([](const auto& form) {
+    using T =
+        std::remove_pointer_t<decltype([]<class A, class S>(const StateForm<A, S>*) -> A* { return nullptr; }(&form))>;
+    std::vector<Zor8u> record(std::size_t(form.bytes));
+    auto* state =
+        reinterpret_cast<decltype([]<class A, class S>(const StateForm<A, S>*) -> S* { return nullptr; }(&form))>(
+            record.data());
+    std::vector<T> y(1'000'000);
+    ASSERT_EQ(form.init(state, T(20), T(70), 12345), zorStatusOk);
+    ASSERT_EQ(form.generate(y.data(), Zor32s(y.size()), state), zorStatusOk);
+    ASSERT_EQ(kit::firstDifference<T>(y, model(form, T(20), T(70), 12345, y.size())), "") << form.name;
+  });
 }
 TEST(RandomStates, ANewInitForgetsTheHeldVariate) {
   std::vector<Zor8u> record(72);
@@ -294,16 +297,17 @@ template <class T, class State> void checkLifecycle(const StateForm<T, State>& f
 TEST(RandomStates, RecordsOfFixedSizeAreAllocatedAndReleased) {
   forStates([](const auto& form) { checkLifecycle(form); });
 }
-template <class T, class State> Zor32u tagOf(const StateForm<T, State>& form) {
-  std::vector<Zor8u> record(std::size_t(form.bytes));
-  Zor32u tag = 0;
-  EXPECT_EQ(form.init(reinterpret_cast<State*>(record.data()), T(1), T(2), 3), zorStatusOk);
-  std::memcpy(&tag, record.data(), sizeof tag);
-  return tag;
-}
 TEST(RandomStates, AllSixTagsDiffer) {
   std::vector<Zor32u> tags;
-  forStates([&](const auto& form) { tags.push_back(tagOf(form)); });
+  forStates([&](const auto& form) {
+    std::vector<Zor8u> record(std::size_t(form.bytes));
+    Zor32u tag = 0;
+    form.init(reinterpret_cast<decltype([]<class A, class S>(const StateForm<A, S>*) -> S* { return nullptr; }(&form))>(
+                  record.data()),
+              1, 2, 3);
+    std::memcpy(&tag, record.data(), 4);
+    tags.push_back(tag);
+  });
   EXPECT_EQ(tags, (std::vector<Zor32u>{35, 36, 37, 38, 39, 40}));
 }
 

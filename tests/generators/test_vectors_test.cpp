@@ -63,13 +63,6 @@ TEST(VectorJaehne, DoublesAreWithinUnitsInTheLastPlace) {
       }
     }
 }
-TEST(VectorJaehne, ZerosHaveTheSignOfTheProduct) {
-  for (double magn : {0.0, -0.0}) {
-    Zor64f y[21];
-    ASSERT_EQ(zorsVectorJaehne_64f(y, 21, magn), zorStatusOk);
-    for (int n = 0; n < 21; ++n) ASSERT_TRUE(kit::sameBits(y[n], magn * std::sin(chirpAngle(n, 21)))) << n;
-  }
-}
 TEST(VectorJaehne, AMillionSamplesReachHalfTheSampleRate) {
   constexpr int len = 1'000'000;
   std::vector<Zor64f> y(len);
