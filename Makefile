@@ -13,7 +13,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -38,6 +38,20 @@ demo-dtmf: setup
 demo-resample: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target resample | tail -1
 	@./build/gcc-release/examples/resample "$(IN)" "$(OUT)" "$(RATE)"
+
+## make demo-find  look for a sound in a recording: make demo-find IN=file.wav SOUND=file.wav; without SOUND for a piece of it
+demo-find: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target find_sound | tail -1
+	@./build/gcc-release/examples/find_sound "$(IN)" $(if $(SOUND),"$(SOUND)")
+
+## make pictures   draw the windows and their spectra into docs/
+pictures: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target window_pictures | tail -1
+	@./build/gcc-release/examples/window_pictures docs
+## make demo-equaliser  an equaliser of five bands: make demo-equaliser IN=file.wav OUT=file.wav GAINS="-12 3 0 9 -9"
+demo-equaliser: setup
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target equaliser | tail -1
+	@./build/gcc-release/examples/equaliser "$(IN)" "$(OUT)" $(GAINS)
 
 ## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
 test: setup

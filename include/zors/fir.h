@@ -246,8 +246,9 @@ ZorStatus zorsFIROne32sc_16sc_Sfs(Zor16sc val, Zor16sc* dst, ZorFIRState* state,
  *  sums for integer samples are multiplied by 2^-scaleFactor, limited, and rounded with ties away from zero. 32s and
  *  32sc taps: 32-bit sums that wrap, shifted by tapsFactor - scaleFactor as above; 16s taps have 15 fractional bits, a
  *  tapsFactor of -15. FIR_Direct_32fc, _64f, _64fc run long filters (32, 32, 16 taps), and their _I forms all, through a
- *  state made for the call; *dlyIndex stays then, and tapsLen samples from it on are the history, oldest first between
- *  calls. Where the state cannot be had (zorStatusNoMemory) they stay in the reverse order.
+ *  state made for the call (zorStatusNoMemory, with that span of dly left in reverse order); *dlyIndex stays then, and
+ *  tapsLen samples from it on are the history. dst may be src: all results are those of separate arrays, for which the
+ *  three copy the source (zorStatusNoMemory, nothing changed).
  *  FIR_Direct_16s works through a state too: it reads the history from dly[*dlyIndex] on, newest first, leaves it so at
  *  dly[0] and sets *dlyIndex to 0; FIROne_Direct_16s works on the ring. The two do not mix. Checks: src, dst, len, taps,
  *  tapsLen, dly, dlyIndex; One: dst, taps, tapsLen, dly, dlyIndex; of 16s at last *dlyIndex outside 0 to tapsLen - 1,

@@ -13,22 +13,22 @@ extern "C" {
 typedef struct ZorIIRState ZorIIRState;
 
 /** @name IIR states
- *  State of a recursive filter. Order N: y[i] = sum of b[k] x[i-k], k = 0..N, less the sum of a[k] y[i-k], k = 1..N; BiQuad:
- *  numBq sections of order 2, one after the other. Taps: b[0], ..., b[N], a[0], ..., a[N]; of each section b0, b1, b2, a0,
- *  a1, a2. Names: zorsIIR<taps>_<samples>, one type where they agree. 32f_16s, 32fc_16sc, 32s_16s and 32sc_16sc compute in
- *  binary32, 64f_* and 64fc_* in binary64. Integer taps are converted to floats and multiplied by 2^-tapsFactor, drawn in to
- *  -96..126 (of FIR filters the factor has the other sign); 32s_16s32f and 32sc_16sc32fc are the same state from float taps.
- *  GetStateSize writes the bytes of the state. Init builds it inside buffer (any alignment) and writes its address to
- *  state; InitAlloc allocates it; Free releases what InitAlloc allocated. SetTaps replaces the taps; order and registers
- *  stay. All taps are multiplied by 1 / a0, rounded, before they are stored.
- *  dly, null for zeros, holds the registers of the transposed second form, d[0], ..., d[N-1], of a cascade two a section, in
- *  the type of the arithmetic: after y = b[0] x + d[0], d[i] = d[i+1] + b[i+1] x - a[i+1] y. The DF1 kinds are sections in
- *  the first direct form, y = b0 x + b1 x1 + b2 x2 - a1 y1 - a2 y2, with registers x1, x2, y1, y2 a section; those of
- *  64f_DF1_32s are integers for the caller and doubles inside, rounded by GetDlyLine only, to nearest, ties to even,
- *  saturated. SetDlyLine with a null dly sets zeros.
+ *  State of a recursive filter. Order N: y[i] = sum of b[k] x[i-k], k = 0..N, less the sum of a[k] y[i-k], k = 1..N;
+ *  BiQuad: numBq sections of order 2, one after the other. Taps: b[0], ..., b[N], a[0], ..., a[N]; of each section b0,
+ *  b1, b2, a0, a1, a2. Names: zorsIIR<taps>_<samples>, one type where they agree. 32f_16s, 32fc_16sc, 32s_16s and
+ *  32sc_16sc compute in binary32, 64f_* and 64fc_* in binary64. Integer taps are converted to floats and multiplied by
+ *  2^-tapsFactor, drawn in to -96..126 (of FIR filters the factor has the other sign); 32s_16s32f and 32sc_16sc32fc are
+ *  the same state from float taps. GetStateSize writes the bytes of the state. Init builds it inside buffer (any
+ *  alignment) and writes its address to state; InitAlloc allocates it; Free releases what InitAlloc allocated. SetTaps
+ *  replaces the taps; order and registers stay. All taps are multiplied by 1 / a0, rounded, before they are stored.
+ *  dly, null for zeros, holds the registers of the transposed second form, d[0], ..., d[N-1], of a cascade two a
+ *  section, in the type of the arithmetic: after y = b[0] x + d[0], d[i] = d[i+1] + b[i+1] x - a[i+1] y. The DF1 kinds
+ *  are sections in the first direct form, y = b0 x + b1 x1 + b2 x2 - a1 y1 - a2 y2, with registers x1, x2, y1, y2 a
+ *  section; those of 64f_DF1_32s are integers for the caller and doubles inside, rounded by GetDlyLine only, to
+ *  nearest, ties to even, saturated. SetDlyLine with a null dly sets zeros.
  *  Checks: pointers; then order or numBq below 1, zorStatusBadFilterOrder, or the state's tag; zorStatusNoMemory, of
- *  InitAlloc and where integer taps need an array of the call; zorStatusDivideByZero where an a0 is zero, or in a cascade
- *  a b0, but in BiQuad_DF1_32f. None of these writes anything; Init of integer taps allocates, no other does.
+ *  InitAlloc and where integer taps need an array of the call; zorStatusDivideByZero where an a0 is zero, or in a
+ *  cascade a b0, but in BiQuad_DF1_32f. None of these writes anything; Init of integer taps allocates, no other does.
  *  @{ */
 ZorStatus zorsIIRGetStateSize_32f(Zor32s order, Zor32s* size);
 ZorStatus zorsIIRGetStateSize_32fc(Zor32s order, Zor32s* size);
@@ -226,13 +226,13 @@ ZorStatus zorsIIRSetDlyLine64fc_32sc(ZorIIRState* state, const Zor64fc* dly);
 /** @} */
 
 /** @name IIR filters
- *  Filter len samples, or one, through a state, which keeps its registers: blocks of any length and single samples may be
- *  mixed. Integer results are divided by 2^scaleFactor, rounded to nearest, ties to even, and saturated, NaN to the lower
- *  bound; the exponent is drawn in to those of normal numbers. Deviation, kept: cascades with 16-bit samples and binary32
- *  arithmetic cut the first two results of each 1,024 samples toward zero, where a block, or what is left of it, is longer
- *  than four samples a section. src may be dst.
- *  Numerics: sums in the arithmetic's type in the current direction, in an order that is not stated: blocks solve several
- *  outputs at once and differ from single samples by roundings. An infinity or NaN touches no output before it.
+ *  Filter len samples, or one, through a state, which keeps its registers: blocks of any length and single samples may
+ *  be mixed. Integer results are divided by 2^scaleFactor, rounded to nearest, ties to even, and saturated, NaN to the
+ *  lower bound; the exponent is drawn in to those of normal numbers. Deviation, kept: cascades with 16-bit samples and
+ *  binary32 arithmetic cut the first two results of each 1,024 samples toward zero, where a block, or what is left of
+ *  it, is longer than four samples a section. src may be dst.
+ *  Numerics: sums in the arithmetic's type in the current direction, in an order that is not stated: blocks solve
+ *  several outputs at once and differ from single samples by roundings. An infinity or NaN touches no output before it.
  *  Checks: pointers, len, tag. No call allocates.
  *  @{ */
 ZorStatus zorsIIR_32f(const Zor32f* src, Zor32f* dst, Zor32s len, ZorIIRState* state);
@@ -280,10 +280,10 @@ ZorStatus zorsIIROne64fc_32sc_Sfs(Zor32sc val, Zor32sc* dst, ZorIIRState* state,
 /** @} */
 
 /** @name IIR filters of several channels
- *  Filter len samples of each of numChannels channels with a state of its own; sections only, in 64f_32s any kind of that
- *  name. Checks: arrays, len, numChannels (zorStatusBadChannelCountFloat, zorStatusBadChannelCountScaled), the first state
- *  and its tag; then, channel by channel, pointers and the tag, which must be the first state's. The channels before one that
- *  fails are filtered.
+ *  Filter len samples of each of numChannels channels with a state of its own; sections only, in 64f_32s any kind of
+ *  that name. Checks: arrays, len, numChannels (zorStatusBadChannelCountFloat, zorStatusBadChannelCountScaled), the
+ *  first state and its tag; then, channel by channel, pointers and the tag, which must be the first state's. The
+ *  channels before one that fails are filtered.
  *  @{ */
 ZorStatus zorsIIR_32f_IP(Zor32f* const* srcDsts, Zor32s len, Zor32s numChannels, ZorIIRState* const* states);
 ZorStatus zorsIIR_32f_P(const Zor32f* const* srcs, Zor32f* const* dsts, Zor32s len, Zor32s numChannels,
@@ -295,15 +295,16 @@ ZorStatus zorsIIR64f_32s_PSfs(const Zor32s* const* srcs, Zor32s* const* dsts, Zo
 /** @} */
 
 /** @name IIR filters of 16-bit samples without a state
- *  Taps and registers come with each call; dly holds order registers of the transposed form, or two a section. The tap in
- *  the place of a[0], of each section a0, is a right shift s of the sums, not a coefficient. One sample, in 32-bit integers
- *  that wrap: v = b[0] x + d[0]; y = (v + ((v >> s) & 1) + 2^(s-1) - 1) >> s, which is to nearest, ties to even; shift counts
- *  modulo 32, and at s = 0 the term 2^(s-1) is 2^31. The registers take the unsaturated y; the next section too; the last y
- *  is saturated to 16 bits. A block allocates a state, runs the filters of 32f_16s with taps and registers times 2^-s,
- *  and writes the registers back times 2^s, saturated, half away from zero (Direct) or to even (BiQuadDirect).
+ *  Taps and registers come with each call; dly holds order registers of the transposed form, or two a section. The tap
+ *  in the place of a[0], of each section a0, is a right shift s of the sums, not a coefficient. One sample, in 32-bit
+ *  integers that wrap: v = b[0] x + d[0]; y = (v + ((v >> s) & 1) + 2^(s-1) - 1) >> s, which is to nearest, ties to
+ *  even; shift counts modulo 32, and at s = 0 the term 2^(s-1) is 2^31. The registers take the unsaturated y; the next
+ *  section too; the last y is saturated to 16 bits. A block allocates a state, runs the filters of 32f_16s with taps
+ *  and registers times 2^-s, and writes the registers back times 2^s, saturated, half away from zero (Direct) or to
+ *  even (BiQuadDirect).
  *  Checks: order or numBq below 1 (zorStatusBadFilterOrder), pointers; then of single samples the shift, negative:
- *  zorStatusNegativeTapShift, where in a later section those before it have moved on; of Direct blocks the shift, then len,
- *  then memory; of BiQuadDirect blocks len, memory, the shifts, and zorStatusDivideByZero for a b0 of zero.
+ *  zorStatusNegativeTapShift, where in a later section those before it have moved on; of Direct blocks the shift, then
+ *  len, then memory; of BiQuadDirect blocks len, memory, the shifts, and zorStatusDivideByZero for a b0 of zero.
  *  @{ */
 ZorStatus zorsIIR_BiQuadDirect_16s(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s numBq,
                                    Zor32s* dly);

@@ -93,7 +93,7 @@ ZorStatus zorsWTFwdFree_16s32f(ZorWTFwdState* state);
  *  but 1 at offset -1. A band's delay line has (taps + offset - 1) / 2 samples, oldest first; at offset -1 that is one less
  *  than count, and Set clears that one. Filters that match those of WTFwd restore its input, delayed.
  *  Checks: as by WTFwd.
- *  Numerics: as by WTFwd, both bands' sums added last; integers then to nearest, ties to even, saturated.
+ *  Numerics: as by WTFwd, the high band's sum added to the low band's; integers then to nearest, ties to even, saturated.
  *  @{ */
 ZorStatus zorsWTInvInitAlloc_32f(ZorWTInvState** stateOut, const Zor32f* tapsLow, Zor32s lenLow, Zor32s offsLow, const Zor32f* tapsHigh, Zor32s lenHigh, Zor32s offsHigh);
 ZorStatus zorsWTInvInitAlloc_32f8u(ZorWTInvState** stateOut, const Zor32f* tapsLow, Zor32s lenLow, Zor32s offsLow, const Zor32f* tapsHigh, Zor32s lenHigh, Zor32s offsHigh);

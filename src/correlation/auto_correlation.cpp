@@ -44,7 +44,7 @@ ZorStatus autoCorrScaled(const Zor16s* src, Zor32s srcLen, Zor16s* dst, Zor32s d
       auto *results = scratch.as<Zor32f>(), *widened = results + lags;
       by_type::widen(src, widened, srcLen);
       status = normalizedSums<norm>(widened, srcLen, results, lags);
-      if (status >= zorStatusOk) by_type::narrow(results, dst, lags, scaleFactor);
+      if (status >= zorStatusOk) narrowSums(results, dst, lags, scaleFactor);
     }
     zeros(dst + lags, dstLen - lags);
     return status;

@@ -71,7 +71,7 @@ ZorStatus convolve(const T* src1, Zor32s len1, const T* src2, Zor32s len2, T* ds
 ZorStatus convolvePiecewise(const Operands<Zor16s>& of, Zor16s* dst, Zor32s scaleFactor) {
   constexpr Zor32s piece = 4096;
   const std::size_t older = std::size_t(of.tapsLen) - 1;
-  const Scratch scratch((of.tapsLen + (piece + older) + piece) * sizeof(Zor32f));
+  const Scratch scratch((std::size_t(of.tapsLen) + (piece + older) + piece) * sizeof(Zor32f));
   if (!scratch) return zorStatusNoMemory;
   auto *taps = scratch.as<Zor32f>(), *x = taps + of.tapsLen, *results = x + (piece + older);
   by_type::widen(of.taps, taps, of.tapsLen);
@@ -81,7 +81,7 @@ ZorStatus convolvePiecewise(const Operands<Zor16s>& of, Zor16s* dst, Zor32s scal
     by_type::widen(of.x + from, x, static_cast<Zor32s>(to - from));
     direct::correlate(ReversedTaps<Zor32f>{taps + older}, of.tapsLen, x, to - from, done - std::ptrdiff_t(older) - from,
                       results, count);
-    by_type::narrow(results, dst + done, count, scaleFactor);
+    narrowSums(results, dst + done, count, scaleFactor);
   }
   return zorStatusOk;
 }
@@ -107,7 +107,7 @@ ZorStatus zorsConv_16s_Sfs(const Zor16s* src1, Zor32s len1, const Zor16s* src2, 
     by_type::widen(of.x, x, of.xLen);
     by_type::widen(of.taps, taps, of.tapsLen);
     const ZorStatus status = convolution(plan, Operands(x, of.xLen, taps, of.tapsLen), results);
-    if (status >= zorStatusOk) by_type::narrow(results, dst, static_cast<Zor32s>(all), scaleFactor);
+    if (status >= zorStatusOk) narrowSums(results, dst, static_cast<Zor32s>(all), scaleFactor);
     return status;
   });
 }

@@ -56,7 +56,7 @@ ZorStatus zorsCrossCorr_16s_Sfs(const Zor16s* src1, Zor32s len1, const Zor16s* s
     by_type::widen(src1, x1, len1);
     by_type::widen(src2, x2, len2);
     const ZorStatus status = sums(x1, len1, x2, len2, results, lags);
-    if (status >= zorStatusOk) by_type::narrow(results, to, lags.count, scaleFactor);
+    if (status >= zorStatusOk) narrowSums(results, to, lags.count, scaleFactor);
     return status;
   });
 }

@@ -189,11 +189,65 @@ template <class T, class Taps> [[gnu::noinline]] void sparseTile(const Problem<T
   storePart(out, sums.plus(splat<Vec<T, lanes>>(T{})), int(count));
 }
 
+// ---- A few lags ---------------------------------------------------------------------------------
+
+inline constexpr int mostTogether = 12;
+
+// `lags` outputs of which every tap meets an element from the first one on, each the sum of a register's lanes. A tile
+// of so few would leave most of its lanes idle.
+template <int lags, class T>
+[[gnu::flatten]] void together(const T* taps, ptrdiff_t tapsLen, const T* x, ptrdiff_t xEnd, T* out) {
+  using R = Register<T>;
+  constexpr int lanes = R::lanes, sets = lags <= 6 ? 2 : 1;  // chains enough to fill the multiply-adds' latency
+  R sum[sets][lags];
+  simd::unrolled<sets * lags>([&](auto i) ZORS_INLINE_LAMBDA { sum[i / lags][i % lags] = simd::splat<R>(0); });
+  const ptrdiff_t common = std::min(tapsLen, xEnd - lags + 1);
+  ptrdiff_t k = 0;
+  for (; k + sets * lanes <= common; k += sets * lanes) {
+    simd::unrolled<sets>([&](auto set) ZORS_INLINE_LAMBDA {
+      const R a = simd::held(simd::load<lanes>(taps + k + set * lanes));
+      simd::unrolled<lags>([&](auto i) ZORS_INLINE_LAMBDA {
+        sum[set][i] = fma(a, simd::load<lanes>(x + k + set * lanes + i), sum[set][i]);
+      });
+    });
+  }
+  simd::unrolled<lags>([&](auto i) ZORS_INLINE_LAMBDA {
+    R all = sum[0][i];
+    if constexpr (sets == 2) all = add(all, sum[1][i]);
+    for (ptrdiff_t j = k; j < std::min(tapsLen, xEnd - i); j += lanes) {
+      const auto left = std::min<ptrdiff_t>(lanes, std::min(tapsLen, xEnd - i) - j);
+      const __m256i mask = pointMask<T>(int(left), true);
+      all = fma(loadPoints(taps + j, mask), loadPoints(x + j + i, mask), all);
+    }
+    out[i] = sumOfLanes(all);
+  });
+}
+
+template <class T>
+void correlateFew(const T* taps, ptrdiff_t tapsLen, const T* x, ptrdiff_t xEnd, T* out, ptrdiff_t count) {
+  using Group = void (*)(const T*, ptrdiff_t, const T*, ptrdiff_t, T*);
+  static constexpr auto groups = []<int... i>(std::integer_sequence<int, i...>) {
+    return std::array<Group, mostTogether>{together<i + 1, T>...};
+  }
+  (std::make_integer_sequence<int, mostTogether>{});
+  for (ptrdiff_t left = (count + mostTogether - 1) / mostTogether, i = 0; left > 0; --left) {
+    const ptrdiff_t lags = (count - i + left - 1) / left;
+    groups[std::size_t(lags - 1)](taps, tapsLen, x + i, xEnd - i, out + i);
+    i += lags;
+  }
+}
+
+// ---- All ----------------------------------------------------------------------------------------
+
 template <class T> inline constexpr int widest = Complex<T> ? 6 : 8;
 
 template <class T, class Taps>
 void correlate(Taps taps, ptrdiff_t tapsLen, const T* x, ptrdiff_t xLen, ptrdiff_t lag, T* out, ptrdiff_t count) {
   constexpr int lanes = simd::lanesOf<T>;
+  if constexpr (std::is_same_v<Taps, ConjugateTaps<T>> && !Complex<T>) {
+    if (lag >= 0 && count <= 2 * mostTogether)
+      return correlateFew(taps.first, tapsLen, x + lag, xLen - lag, out, count);
+  }
   using Tile = void (*)(const Problem<T, Taps>&, T*, ptrdiff_t);
   static constexpr auto tiles = []<int... i>(std::integer_sequence<int, i...>) {
     return std::array<Tile, widest<T>>{tile<i + 1, T, Taps>...};
@@ -202,8 +256,10 @@ void correlate(Taps taps, ptrdiff_t tapsLen, const T* x, ptrdiff_t xLen, ptrdiff
   for (ptrdiff_t i = 0; i < count;) {
     const ptrdiff_t at = lag + i;
     const Problem<T, Taps> problem{taps, tapsLen, x + at, -at, xLen - at};
+    // As few tiles as there must be, of equal widths: a narrow one left over would wait for its multiply-adds.
+    const ptrdiff_t left = (count - i + lanes - 1) / lanes, tilesLeft = (left + widest<T> - 1) / widest<T>;
+    ptrdiff_t registers = (left + tilesLeft - 1) / tilesLeft;
     // The taps that all outputs have in common start and end so; too wide a tile has none.
-    ptrdiff_t registers = std::min<ptrdiff_t>(widest<T>, (count - i + lanes - 1) / lanes);
     const auto someMeet = [&](ptrdiff_t n) {
       return std::max<ptrdiff_t>(0, -at) <= std::min(tapsLen, xLen - at - n * lanes + 1);
     };

@@ -118,6 +118,13 @@ ZorStatus crossByTransforms(const Space<T>& space, Plan::Way way, const T* src1,
   return conjugate(dst, lags.count);
 }
 
+// ---- 16-bit results -----------------------------------------------------------------------------
+
+// Beyond these factors every sum saturates or becomes zero; the conversion forms its own factor in binary32.
+inline void narrowSums(const Zor32f* sums, Zor16s* dst, Zor32s len, Zor32s scaleFactor) {
+  by_type::narrow(sums, dst, len, std::clamp(scaleFactor, -126, 126));
+}
+
 // ---- Normalisation ------------------------------------------------------------------------------
 
 inline ZorStatus divide(const Zor32f* src, Zor32f* srcDst, Zor32s len) { return zors::zorsDiv_32f_I(src, srcDst, len); }

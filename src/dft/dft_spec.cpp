@@ -175,16 +175,18 @@ ZorStatus build(S& spec, const Plan& plan, const Sizes& sizes, Zor8u* specBlock,
   }
   layEngine(block, spec.engine, plan, points);
   if (sizes.init == 0) return zorStatusOk;
-  // The roots of all points, or of twice as many for a chirp; those of a halved length are every other one.
-  const std::size_t turn =
-      static_cast<std::size_t>(spec.len) * (plan.method == Method::chirp && !halved<S>(spec.len) ? 2 : 1);
-  const auto roots = fillRoots(turn, init.take<T>(2 * turn));
+  // The roots of all points, or of twice as many for a chirp. A halved length has a table for the parting, which serves
+  // a chirp of half of it too.
+  const auto tableOf = [&](std::size_t turn) { return fillRoots(turn, init.take<T>(2 * turn)); };
+  const auto turn = static_cast<std::size_t>(plan.method == Method::chirp ? 2 * points : points);
+  auto roots = tableOf(halved<S>(spec.len) ? static_cast<std::size_t>(spec.len) : turn);
   if (halved<S>(spec.len)) {
     const std::size_t factors = 2 * static_cast<std::size_t>(spec.len / 4);
     T *const forward = block.take<T>(factors), *const inverse = block.take<T>(factors);
     fillFactors(roots, forward, inverse);
     spec.realForward = forward;
     spec.realInverse = inverse;
+    if (plan.method == Method::chain || plan.method == Method::direct) roots = tableOf(turn);
   }
   return fillEngine(block, spec.engine, roots, init.take<Zor8u>(1));
 }

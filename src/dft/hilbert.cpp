@@ -128,7 +128,7 @@ ZorStatus zorsHilbert_16s16sc_Sfs(const Zor16s* src, Zor16sc* dst, const ZorsHil
                           return status == zorStatusOk ? by_type::narrow(points, dst, spec->len, scaleFactor) : status;
                         });
     for (Zor32s k = spec->len - 1; k >= 0; --k) {
-      const Zor64f scaled = std::trunc(src[k] * scalePower(scaleFactor));
+      const Zor64f scaled = std::trunc(src[k] * exactPower(scaleFactor));
       dst[k] = {static_cast<Zor16s>(std::clamp(scaled, -32768.0, 32767.0)), 0};
     }
     return zorStatusOk;

@@ -27,6 +27,10 @@ template <bool inverse> ZORS_INLINE Lanes<Zor32f, 8> minusI(Lanes<Zor32f, 8> a, 
   const __m256 turned = _mm256_permute_ps(b.r, 0xB1);
   return {inverse ? _mm256_addsub_ps(a.r, turned) : _mm256_fmsubadd_ps(a.r, _mm256_set1_ps(1), turned)};
 }
+template <bool inverse> ZORS_INLINE Lanes<Zor32f, 4> minusI(Lanes<Zor32f, 4> a, Lanes<Zor32f, 4> b) {
+  const __m128 turned = _mm_permute_ps(b.r, 0xB1);
+  return {inverse ? _mm_addsub_ps(a.r, turned) : _mm_fmsubadd_ps(a.r, _mm_set1_ps(1), turned)};
+}
 template <bool inverse> ZORS_INLINE Lanes<Zor64f, 4> minusI(Lanes<Zor64f, 4> a, Lanes<Zor64f, 4> b) {
   const __m256d turned = _mm256_permute_pd(b.r, 0x5);
   return {inverse ? _mm256_addsub_pd(a.r, turned) : _mm256_fmsubadd_pd(a.r, _mm256_set1_pd(1), turned)};

@@ -114,6 +114,8 @@ template <class T, int L> ZORS_INLINE Lanes<T, L> reversed(Lanes<T, L> x) {
     return x;
   else if constexpr (sizeof(T) == 8)
     return {_mm256_permute4x64_pd(x.r, 0x1B)};
+  else if constexpr (L == 4)
+    return {_mm_permute_ps(x.r, 0x1B)};
   else
     return {_mm256_permutevar8x32_ps(x.r, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0))};
 }
@@ -252,17 +254,36 @@ template <class T> struct SplitPoints {
   }
 };
 
-// Four rows of four lanes; the columns of a full register have their elements in lane order.
+// Four rows of four lanes become columns, in each half of eight.
 ZORS_INLINE void transpose4(Lanes<Zor32f, 4> (&x)[4]) { _MM_TRANSPOSE4_PS(x[0].r, x[1].r, x[2].r, x[3].r); }
-ZORS_INLINE void transpose4(Lanes<Zor64f, 4> (&x)[4]) {
-  const __m256d low02 = _mm256_permute2f128_pd(x[0].r, x[1].r, 0x20),
-                low13 = _mm256_permute2f128_pd(x[2].r, x[3].r, 0x20);
-  const __m256d high02 = _mm256_permute2f128_pd(x[0].r, x[1].r, 0x31),
-                high13 = _mm256_permute2f128_pd(x[2].r, x[3].r, 0x31);
-  x[0].r = _mm256_unpacklo_pd(low02, low13);  // rows 0, 2, 1, 3
-  x[1].r = _mm256_unpackhi_pd(low02, low13);
-  x[2].r = _mm256_unpacklo_pd(high02, high13);
-  x[3].r = _mm256_unpackhi_pd(high02, high13);
+ZORS_INLINE void transpose4(Lanes<Zor32f, 8> (&x)[4]) {
+  const __m256 low01 = _mm256_shuffle_ps(x[0].r, x[1].r, 0x44), high01 = _mm256_shuffle_ps(x[0].r, x[1].r, 0xEE);
+  const __m256 low23 = _mm256_shuffle_ps(x[2].r, x[3].r, 0x44), high23 = _mm256_shuffle_ps(x[2].r, x[3].r, 0xEE);
+  x[0].r = _mm256_shuffle_ps(low01, low23, 0x88);
+  x[1].r = _mm256_shuffle_ps(low01, low23, 0xDD);
+  x[2].r = _mm256_shuffle_ps(high01, high23, 0x88);
+  x[3].r = _mm256_shuffle_ps(high01, high23, 0xDD);
+}
+// Four lanes of eight, or of four.
+template <int which> ZORS_INLINE Lanes<Zor32f, 4> half(Lanes<Zor32f, 4> x) { return x; }
+template <int which> ZORS_INLINE Lanes<Zor32f, 4> half(Lanes<Zor32f, 8> x) {
+  return {_mm256_extractf128_ps(x.r, which)};
+}
+
+// Of registers of two interleaved points: a point of one, then a point of the other.
+template <int ofA, int ofB> ZORS_INLINE Lanes<Zor32f, 4> joined(Lanes<Zor32f, 4> a, Lanes<Zor32f, 4> b) {
+  return {_mm_shuffle_ps(a.r, b.r, (ofA ? 0xE : 0x4) | (ofB ? 0xE0 : 0x40))};
+}
+template <int ofA, int ofB> ZORS_INLINE Lanes<Zor64f, 4> joined(Lanes<Zor64f, 4> a, Lanes<Zor64f, 4> b) {
+  return {_mm256_permute2f128_pd(a.r, b.r, ofA | (2 + ofB) << 4)};
+}
+ZORS_INLINE void storeHalves(Zor32f* first, Zor32f* second, Lanes<Zor32f, 4> x) {
+  _mm_storel_pi(reinterpret_cast<__m64*>(first), x.r);
+  _mm_storeh_pi(reinterpret_cast<__m64*>(second), x.r);
+}
+ZORS_INLINE void storeHalves(Zor64f* first, Zor64f* second, Lanes<Zor64f, 4> x) {
+  _mm_storeu_pd(first, _mm256_castpd256_pd128(x.r));
+  _mm_storeu_pd(second, _mm256_extractf128_pd(x.r, 1));
 }
 
 }  // namespace zors::fft

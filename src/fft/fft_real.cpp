@@ -2,8 +2,8 @@
 // zorsFFTInv_CCSToR_* of float values: a complex transform of half the length on pairs of values, and one sweep that
 // parts the spectra of the even and the odd values.
 #include "exports/fft.h"
+#include "fft/fft_small.h"
 #include "fft/fft_spec.h"
-#include "fft/fft_stages.h"
 #include "fft/packed.h"
 
 namespace zors {
@@ -88,12 +88,12 @@ template <bool inverse, class T>
 }
 
 // Orders 3 and 4, and what they need of the tables.
-template <int order, class T>
+template <int order, int L, class T>
 constexpr auto smallFactors = [] {
   struct {
     std::array<T, factorValues<T>(order)> forward{}, inverse{};
   } tables;
-  factorRecords<1>(order, staticSineTable<T>(order), tables.forward.data(), tables.inverse.data());
+  factorRecords<L>(order, staticSineTable<T>(order), tables.forward.data(), tables.inverse.data());
   return tables;
 }();
 
@@ -128,24 +128,31 @@ template <int order, bool inverse, bool scaled, class T>
       });
       simd::unrolled<n / 2>([&](auto q) ZORS_INLINE_LAMBDA { storeInterleaved<1>(to + 2 * q, y.at[q]); });
     };
-    const auto parting = [&](const T* from, T* to, const auto& factors) ZORS_INLINE_LAMBDA {
-      sumAndDifference(from, to);
-      simd::unrolled<n / 4>([&](auto i) ZORS_INLINE_LAMBDA {
-        partAt<1>(from, to, n, i + 1, [&](auto pair) ZORS_INLINE_LAMBDA {
-          const Points<T, 1> factor = {{factors[2 * i]}, {factors[2 * i + 1]}};
-          return inverse ? partInverse(pair, factor) : partForward(pair, factor);
-        });
-      });
-    };
     if constexpr (inverse) {
-      parting(x, pairs, smallFactors<order, T>.inverse);
+      part<inverse, 1>(x, pairs, n, smallFactors<order, 1, T>.inverse.data());
       complexTransform(pairs, out);
     } else {
       complexTransform(x, pairs);
-      parting(pairs, out, smallFactors<order, T>.forward);
+      part<inverse, 1>(pairs, out, n, smallFactors<order, 1, T>.forward.data());
     }
   }
   simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA { dst[i] = scaled ? out[i] * scale : out[i]; });
+}
+// Order 4, the first to fill registers.
+template <bool inverse, bool scaled, class T> [[gnu::flatten]] void sixteenValues(const T* src, T* dst, T scale) {
+  constexpr int n = 16, L = 4;
+  alignas(32) T pairs[n];
+  if constexpr (inverse) {
+    part<inverse, L>(src, pairs, n, smallFactors<4, L, T>.inverse.data());
+    eightPoints<inverse, scaled>(Interleaved<const T>{pairs}, Interleaved<T>{dst}, scale);
+  } else {
+    eightPoints<inverse, false>(Interleaved<const T>{src}, Interleaved<T>{pairs}, scale);
+    part<inverse, L>(pairs, dst, n, smallFactors<4, L, T>.forward.data());
+    if constexpr (scaled)
+      simd::unrolled<n / L>([&](auto i) ZORS_INLINE_LAMBDA {
+        storeLanes<L>(dst + L * i, loadLanes<L>(dst + L * i) * allLanes<L>(scale));
+      });
+  }
 }
 template <bool inverse, bool scaled, class T> void smallReal(int order, const T* src, T* dst, T scale) {
   switch (order) {
@@ -158,7 +165,7 @@ template <bool inverse, bool scaled, class T> void smallReal(int order, const T*
     case 3:
       return straightLine<3, inverse, scaled>(src, dst, scale);
     default:
-      return straightLine<4, inverse, scaled>(src, dst, scale);
+      return sixteenValues<inverse, scaled>(src, dst, scale);
   }
 }
 template <bool inverse, class T> void smallReal(const Spec<T>& spec, const T* src, T* dst) {

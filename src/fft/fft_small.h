@@ -31,22 +31,67 @@ ZORS_INLINE void storeParts(Target dst, std::size_t first, std::size_t step, con
   });
 }
 
-// A radix-4 stage of `columns` interleaved sequences, then one of radix `columns`; 4 * columns points.
+// Eight points. A register of four values has an even point and the odd one behind it, so one butterfly of four makes
+// the terms of both residues; then terms that end in the same operation are paired.
+template <bool inverse, bool scaled, class T>
+ZORS_INLINE void eightPoints(Interleaved<const T> src, Interleaved<T> dst, T scale) {
+  using Two = Lanes<T, 4>;
+  const auto x = [&](int i) ZORS_INLINE_LAMBDA { return loadLanes<4>(src.points + 4 * i); };
+  const auto y = butterfly4<inverse, Two>(x(0), x(1), x(2), x(3));
+  const auto odd13 = joined<1, 1>(y.at[1], y.at[3]);
+  const auto turned13 = minusI<false>(odd13, odd13) * allLanes<4>(halfRoot<T>);
+  constexpr int a = inverse ? 3 : 1, b = 4 - a;  // the terms beside 0 and 2
+  const auto even0a = joined<0, 0>(y.at[0], y.at[a]), odd0a = joined<1, inverse>(y.at[0], turned13);
+  const auto even2b = joined<0, 0>(y.at[2], y.at[b]), odd2b = joined<1, !inverse>(y.at[2], turned13);
+  const auto put = [&](int first, int second, Two z) ZORS_INLINE_LAMBDA {
+    storeHalves(dst.points + 2 * first, dst.points + 2 * second, scaled ? z * allLanes<4>(scale) : z);
+  };
+  put(0, inverse ? 7 : 1, even0a + odd0a);
+  put(4, inverse ? 3 : 5, even0a - odd0a);
+  put(2, b, minusI<inverse>(even2b, odd2b));
+  put(6, b + 4, plusI<inverse>(even2b, odd2b));
+}
+
+// A radix-4 stage of `columns` interleaved sequences: of each the four terms, in registers.
+template <int columns, bool inverse, class T, class Source> ZORS_INLINE Parts<T, 4, columns> firstStage(Source src) {
+  constexpr int L = 4;
+  Parts<T, L, columns> parts;
+  if constexpr (sizeof(T) == 8) {  // as in firstPass
+    alignas(32) T rows[4 * 2 * columns];
+    simd::unrolled<columns / 4>([&](auto group) ZORS_INLINE_LAMBDA {
+      Registers<T, 2> x[4];
+      simd::unrolled<4>([&](auto q) ZORS_INLINE_LAMBDA {
+        x[q] = src.template loadRegisters<2>(std::size_t(4 * group + columns * q));
+      });
+      simd::unrolled<2>([&](auto i) ZORS_INLINE_LAMBDA {
+        const auto y = butterfly4<inverse>(x[0].at[i], x[1].at[i], x[2].at[i], x[3].at[i]);
+        simd::unrolled<4>(
+            [&](auto k) ZORS_INLINE_LAMBDA { storeLanes<L>(rows + 2 * columns * k + 8 * group + 4 * i, y.at[k]); });
+      });
+    });
+    keepInMemory(rows);
+    simd::unrolled<columns>([&](auto i) ZORS_INLINE_LAMBDA {
+      parts.at[i / 4 * 4 + Source::registerPoint(i % 4, 2)] =
+          loadTerms([&](int k) ZORS_INLINE_LAMBDA { return rows + 2 * columns * k + 2 * i; });
+    });
+  } else {
+    const auto y = butterfly<4, inverse>(loadParts<4, columns, T>(src, 0, columns));
+    Lanes<T, columns> re[4] = {y.at[0].re, y.at[1].re, y.at[2].re, y.at[3].re},
+                      im[4] = {y.at[0].im, y.at[1].im, y.at[2].im, y.at[3].im};
+    transpose4(re);
+    transpose4(im);
+    simd::unrolled<columns>([&](auto i) ZORS_INLINE_LAMBDA {
+      parts.at[Source::sourcePoint(i, columns)] = {half<i / 4>(re[i % 4]), half<i / 4>(im[i % 4])};
+    });
+  }
+  return parts;
+}
+
+// The same, then a stage of radix `columns`; 4 * columns points.
 template <int columns, bool inverse, bool scaled, class T, class Source, class Target>
 ZORS_INLINE void twoStages(Source src, Target dst, T scale) {
   constexpr int L = 4;
-  Parts<T, L, columns> parts;
-  simd::unrolled<columns / L>([&](auto group) ZORS_INLINE_LAMBDA {
-    const auto x = loadParts<4, L, T>(src, std::size_t(L * group), columns);
-    const auto y = butterfly<4, inverse>(x);
-    Lanes<T, L> re[4] = {y.at[0].re, y.at[1].re, y.at[2].re, y.at[3].re},
-                im[4] = {y.at[0].im, y.at[1].im, y.at[2].im, y.at[3].im};
-    transpose4(re);
-    transpose4(im);
-    simd::unrolled<4>([&](auto i) ZORS_INLINE_LAMBDA {
-      parts.at[L * group + Source::sourcePoint(i, L)] = {re[i], im[i]};
-    });
-  });
+  auto parts = firstStage<columns, inverse, T>(src);
   simd::unrolled<columns - 1>([&](auto i) ZORS_INLINE_LAMBDA {
     const auto w = loadPoints<L>(stageConstants<T, L, 4, columns>.data() + 2 * L * i);
     parts.at[i + 1] = twiddle<inverse>(w, parts.at[i + 1]);
@@ -74,7 +119,10 @@ template <bool inverse, bool scaled, class T, class Source, class Target>
     case 2:
       return storeParts<scaled>(dst, 0, 1, butterfly<4, inverse>(loadParts<4, 1, T>(src, 0, 1)), scale);
     case 3:
-      return storeParts<scaled>(dst, 0, 1, butterfly<8, inverse>(loadParts<8, 1, T>(src, 0, 1)), scale);
+      if constexpr (std::is_same_v<Target, Interleaved<T>>)
+        return eightPoints<inverse, scaled>(src, dst, scale);
+      else
+        return storeParts<scaled>(dst, 0, 1, butterfly<8, inverse>(loadParts<8, 1, T>(src, 0, 1)), scale);
     case 4:
       return twoStages<4, inverse, scaled>(src, dst, scale);
     case 5:

@@ -1,10 +1,14 @@
 // zorsFIR*_Direct_*, zorsFIROne*_Direct_*: filtering with the caller's taps and delay line.
-#include "fir/fir_direct.h"
+#include <cstring>
+
 #include "exports/fir.h"
 #include "exports/memory.h"
+#include "fir/fir_direct.h"
 #include "fir/fir_integer.h"
+#include "fir/fir_windows.h"
+#include "frame/delay_line.h"
 #include "frame/dot_kernels.h"
-#include "frame/power_of_two.h"
+#include "frame/map.h"
 #include "frame/rounding.h"
 
 namespace zors {
@@ -22,51 +26,30 @@ template <class T> const T* push(T val, T* dly, Zor32s* dlyIndex, Zor32s tapsLen
   return dly + *dlyIndex;
 }
 
-// ---- Floating sums of a window ------------------------------------------------------------------
+// ---- Results ------------------------------------------------------------------------------------
 
-// Samples in the type of the taps.
-template <class F, class T, int L> ZORS_INLINE auto samplesAs(Vec<T, L> x) {
-  if constexpr (std::is_same_v<F, T>)
-    return x;
-  else if constexpr (Complex<F>)
-    return as<F>(samplesAs<decltype(F::re)>(as<decltype(T::re)>(x)));
-  else if constexpr (sizeof(F) == 4)
-    return toFloat(x);
-  else
-    return toDouble(x);
-}
-// Products in the type of the taps, their sum in Sum.
-template <class Sum, class Tap, class Sample>
-[[gnu::flatten]] Sum windowSum(const Tap* taps, Zor32s tapsLen, const Sample* window) {
-  constexpr int lanes = 16;
-  using Parts =
-      std::conditional_t<Complex<Sum>, std::remove_pointer_t<decltype(components(static_cast<Sum*>(nullptr)))>, Sum>;
-  Vec<Parts, Complex<Sum> ? 2 * lanes : lanes> sum = splat<decltype(sum)>(0);
-  const Tap* tapsEnd = taps + tapsLen;
-  Zor32s j = 0;
-  for (; j + lanes <= tapsLen; j += lanes) {
-    const auto product = mul(reversed(load<lanes>(tapsEnd - j - lanes)), samplesAs<Tap>(load<lanes>(window + j)));
-    if constexpr (sizeof(Sum) > sizeof(Tap))
-      sum = add(sum, toDouble(product));
+// As awayFromZero and resultOf, in vectors.
+template <class D> struct AwayFromZero {
+  Zor32s scaleFactor;
+  template <class F, int L> ZORS_INLINE auto operator()(Vec<F, L> sum) const {
+    using namespace simd;
+    const auto scaled = mul(sum, splat<Vec<F, L>>(wrappingPower<F>(scaleFactor)));
+    const auto y = [&] {
+      if constexpr (sizeof(F) == 4)
+        return toDouble(scaled);
+      else
+        return scaled;
+    }();
+    const auto half = either(signOf(y), same(y, 0.5));
+    const auto limited = min(max(add(y, half), same(y, Zor64f{std::numeric_limits<D>::min()})),
+                             same(y, Zor64f{std::numeric_limits<D>::max()}));
+    const auto integers = toIntegerTowardZero(limited);
+    if constexpr (sizeof(D) == 2)
+      return saturate<D>(integers);
     else
-      sum = add(sum, as<Parts>(product));
+      return integers;
   }
-  Sum y{};
-  if (j > 0) {
-    constexpr int parts = decltype(sum)::lanes, step = Complex<Sum> ? 2 : 1;
-    Parts lane[parts];
-    store(lane, sum);
-    for (int distance = parts / 2; distance >= step; distance /= 2)
-      for (int i = 0; i < distance; ++i) lane[i] += lane[i + distance];
-    if constexpr (Complex<Sum>)
-      y = {lane[0], lane[1]};
-    else
-      y = lane[0];
-  }
-  for (; j < tapsLen; ++j) y = addTerm(y, tapsEnd[-1 - j], sampleAs<Tap>(window[j]));
-  return y;
-}
-
+};
 // ---- Blocks and single samples ------------------------------------------------------------------
 
 // Where a block's samples come from and go to; one sample is a block by value.
@@ -89,14 +72,75 @@ template <class Sum, class Tap, class T>
 void filterEach(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex,
                 Zor32s scaleFactor) {
   for (Zor32s i = 0; i < len; ++i)
-    dst[i] = resultOf<T>(windowSum<Sum>(taps, tapsLen, push(src[i], dly, dlyIndex, tapsLen)), scaleFactor);
+    dst[i] = resultOf<T>(fir::windowSum<Sum>(taps, tapsLen, push(src[i], dly, dlyIndex, tapsLen)), scaleFactor);
+}
+
+// A window that is read right after its newest sample was stored waits for the store, so a block goes through a line of
+// its own: the ring's history, then the block a chunk at a time. The ring is as if each sample had been pushed.
+constexpr std::size_t lineBytes = 8192;
+template <class T> constexpr Zor32s lineLen = lineBytes / sizeof(T);
+constexpr Zor32s lineSlack = 64;  // zeros on either side: kernels read whole vectors, and one a sample more in front
+
+// The tapsLen - 1 samples before a block, oldest first, if the ring shows the same to all of the block's windows: its
+// halves agree where windows reach both. Null where they differ or the index is outside.
+template <class T> const T* history(const T* dly, Zor32s at, Zor32s tapsLen) {
+  if (at < 0 || at >= tapsLen) return nullptr;
+  if (at + 1 == tapsLen) return dly;
+  return std::memcmp(dly, dly + tapsLen, std::size_t(at) * sizeof(T)) == 0 ? dly + at + 1 : nullptr;
+}
+// As after push() of each sample.
+template <class T> void pushAll(const T* src, Zor32s len, T* dly, Zor32s* dlyIndex, Zor32s tapsLen) {
+  const Zor32s kept = std::min(len, tapsLen);
+  Zor32s at = static_cast<Zor32s>((Zor64s{*dlyIndex} + (len - kept)) % tapsLen);
+  for (Zor32s i = len - kept; i < len; ++i) push(src[i], dly, &at, tapsLen);
+  *dlyIndex = at;
+}
+
+// filter(line, i, count) takes count windows from the line on, whose newest samples are those from i on; dst may be
+// src. False, and nothing done, where the ring or the number of taps does not suit.
+template <class Value, class T, class Filter>
+bool throughLine(const T* src, Zor32s len, Zor32s tapsLen, T* dly, Zor32s* dlyIndex, Filter filter) {
+  const Zor32s older = tapsLen - 1;
+  const T* const before = tapsLen <= lineLen<Value> / 2 ? history(dly, *dlyIndex, tapsLen) : nullptr;
+  if (before == nullptr) return false;
+  alignas(32) Value memory[lineLen<Value> + 2 * lineSlack];
+  std::fill_n(memory, lineSlack, Value{});
+  Value* const line = memory + lineSlack;
+  if (older > 0) by_type::widen(before, line, older);
+  pushAll(src, len, dly, dlyIndex, tapsLen);
+  for (Zor32s i = 0, count = 0; i < len; i += count) {
+    count = std::min(len - i, lineLen<Value> - older);
+    by_type::widen(src + i, line + older, count);
+    std::fill_n(line + older + count, lineSlack, Value{});
+    filter(line, i, count);
+    std::copy(line + count, line + count + older, line);
+  }
+  return true;
+}
+
+template <class Sum, class Tap, class T>
+void filterBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex,
+                 Zor32s scaleFactor) {
+  const auto filter = [&](const Tap* line, Zor32s i, Zor32s count) {
+    alignas(32) Sum sums[lineLen<Tap> + lineSlack];
+    fir::windowSums(taps, tapsLen, line, sums, count);
+    using Part = std::remove_pointer_t<decltype(components(dst))>;
+    if constexpr (std::is_integral_v<Part>)
+      map<32 / int{sizeof(Part)}>(
+          AwayFromZero<Part>{scaleFactor}, componentsLen<T>(count), components(dst + i),
+          static_cast<const std::remove_pointer_t<decltype(components(sums))>*>(components(sums)));
+    else
+      by_type::narrow(sums, dst + i, count);
+  };
+  if (!throughLine<Tap>(src, len, tapsLen, dly, dlyIndex, filter))
+    filterEach<Sum>(src, dst, len, taps, tapsLen, dly, dlyIndex, scaleFactor);
 }
 template <class Sum, class Tap, class T>
 ZorStatus block(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex,
                 Zor32s scaleFactor = 0) {
   return blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
-    filterEach<Sum>(src, dst, len, taps, tapsLen, dly, dlyIndex, scaleFactor);
+    filterBlock<Sum>(src, dst, len, taps, tapsLen, dly, dlyIndex, scaleFactor);
   });
 }
 // val may be dst: it is read after the checks.
@@ -125,11 +169,33 @@ template <class Tap, class T> T integerResult(const Tap* taps, Zor32s tapsLen, c
     return fir::scaledResult(static_cast<Zor32s>(sum), shift);
   }
 }
+// Taps within 16 bits, as those of 16-bit filters mostly are, run on the kernels of states. The negative of an
+// imaginary part has to fit too.
+template <class Tap> bool fit16(const Tap* taps, Zor32s tapsLen) {
+  const auto* parts = components(taps);
+  Zor32s low = 0, high = 0;
+  for (Zor32s i = 0; i < componentsLen<Tap>(tapsLen); ++i)
+    low = std::min(low, parts[i]), high = std::max(high, parts[i]);
+  return low > INT16_MIN && high <= INT16_MAX;
+}
+template <class Tap, class T>
+bool narrowBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex,
+                 int shift) {
+  constexpr Zor32s most = 512;
+  if (tapsLen > most) return false;
+  T stored[2 * most];
+  const Zor32s ahead = fir::zerosAhead<T>(tapsLen);
+  for (Zor32s j = 0; j < tapsLen; ++j) fir::storeTap(stored, tapsLen, j, valueAs<T>(taps[tapsLen - 1 - j]));
+  return throughLine<T>(src, len, tapsLen, dly, dlyIndex, [&](const T* line, Zor32s i, Zor32s count) {
+    fir::integerBlock(stored, tapsLen + ahead, line - ahead, dst + i, count, shift);
+  });
+}
 template <class Tap, class T>
 ZorStatus integerBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, Zor32s tapsFactor, T* dly,
                        Zor32s* dlyIndex, Zor32s scaleFactor) {
   return blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex).then([&] {
     const int shift = fir::integerShift(tapsFactor, scaleFactor);
+    if (fit16(taps, tapsLen) && narrowBlock(src, dst, len, taps, tapsLen, dly, dlyIndex, shift)) return;
     for (Zor32s i = 0; i < len; ++i) dst[i] = integerResult(taps, tapsLen, push(src[i], dly, dlyIndex, tapsLen), shift);
   });
 }
@@ -200,7 +266,8 @@ struct Direct64fc : Fir64fc {
   static constexpr auto free = &zors::zorsFIRFree_64fc;
 };
 
-// A state for the length of the call, from the window and back into it; the index stays.
+// The in-place forms take this way always. A state for the length of the call, from the window and back into it; the
+// index stays.
 template <class Form, class T = typename Form::Value>
 ZorStatus byState(const T* src, T* dst, Zor32s len, const T* taps, Zor32s tapsLen, T* dly, const Zor32s* dlyIndex) {
   T* window = dly + *dlyIndex;
@@ -218,7 +285,7 @@ ZorStatus byState(const T* src, T* dst, Zor32s len, const T* taps, Zor32s tapsLe
 template <class Form, class T = typename Form::Value>
 void byKernel(const T* src, T* dst, Zor32s len, const T* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex) {
   const Zor32s first = std::min(tapsLen - 1, len);
-  filterEach<T>(src, dst, first, taps, tapsLen, dly, dlyIndex, 0);
+  if (first > 0) filterBlock<T>(src, dst, first, taps, tapsLen, dly, dlyIndex, 0);
   if (tapsLen > len) return;
   T reversedTaps[Form::stateFrom], padded[Form::stateFrom + 2 * Form::row] = {};
   std::reverse_copy(taps, taps + tapsLen, reversedTaps);
@@ -237,14 +304,29 @@ template <class Form, class T = typename Form::Value>
 ZorStatus chosenBlock(const T* src, T* dst, Zor32s len, const T* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex) {
   return blockChecks(src, dst, len, taps, tapsLen, dly, dlyIndex).then([&]() -> ZorStatus {
     const RoundingScope nearest(RoundingScope::nearest);
+    // Ways that read the source after they wrote results get a copy of it, so that dst may be src.
+    const Scratch copy(src == dst ? std::size_t(len) * sizeof(T) : 0);
+    if (!copy) return zorStatusNoMemory;
+    const T* in = src;
+    if (src == dst) {
+      by_type::copy(src, copy.as<T>(), len);
+      in = copy.as<T>();
+    }
     const bool many = tapsLen >= Form::stateFrom;
-    if (src == dst || (many && (Form::alwaysFromThere || len > tapsLen)))
-      return byState<Form>(src, dst, len, taps, tapsLen, dly, dlyIndex);
+    if (many && (Form::alwaysFromThere || len > tapsLen))
+      return byState<Form>(in, dst, len, taps, tapsLen, dly, dlyIndex);
     if (many)
-      filterEach<T>(src, dst, len, taps, tapsLen, dly, dlyIndex, 0);
+      filterBlock<T>(in, dst, len, taps, tapsLen, dly, dlyIndex, 0);
     else
-      byKernel<Form>(src, dst, len, taps, tapsLen, dly, dlyIndex);
+      byKernel<Form>(in, dst, len, taps, tapsLen, dly, dlyIndex);
     return zorStatusOk;
+  });
+}
+template <class Form, class T = typename Form::Value>
+ZorStatus inPlaceBlock(T* srcDst, Zor32s len, const T* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex) {
+  return blockChecks(srcDst, srcDst, len, taps, tapsLen, dly, dlyIndex).then([&] {
+    const RoundingScope nearest(RoundingScope::nearest);
+    return byState<Form>(srcDst, srcDst, len, taps, tapsLen, dly, dlyIndex);
   });
 }
 
@@ -255,11 +337,11 @@ ZorStatus chosenBlock(const T* src, T* dst, Zor32s len, const T* taps, Zor32s ta
 ZorStatus zorsFIR_Direct_32f(const Zor32f* src, Zor32f* dst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex) { return block<Zor64f>(src, dst, len, taps, tapsLen, dly, dlyIndex); }
 ZorStatus zorsFIR_Direct_32f_I(Zor32f* srcDst, Zor32s len, const Zor32f* taps, Zor32s tapsLen, Zor32f* dly, Zor32s* dlyIndex) { return block<Zor64f>(srcDst, srcDst, len, taps, tapsLen, dly, dlyIndex); }
 ZorStatus zorsFIR_Direct_32fc(const Zor32fc* src, Zor32fc* dst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex) { return chosenBlock<Direct32fc>(src, dst, len, taps, tapsLen, dly, dlyIndex); }
-ZorStatus zorsFIR_Direct_32fc_I(Zor32fc* srcDst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex) { return chosenBlock<Direct32fc>(srcDst, srcDst, len, taps, tapsLen, dly, dlyIndex); }
+ZorStatus zorsFIR_Direct_32fc_I(Zor32fc* srcDst, Zor32s len, const Zor32fc* taps, Zor32s tapsLen, Zor32fc* dly, Zor32s* dlyIndex) { return inPlaceBlock<Direct32fc>(srcDst, len, taps, tapsLen, dly, dlyIndex); }
 ZorStatus zorsFIR_Direct_64f(const Zor64f* src, Zor64f* dst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly, Zor32s* dlyIndex) { return chosenBlock<Direct64f>(src, dst, len, taps, tapsLen, dly, dlyIndex); }
-ZorStatus zorsFIR_Direct_64f_I(Zor64f* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly, Zor32s* dlyIndex) { return chosenBlock<Direct64f>(srcDst, srcDst, len, taps, tapsLen, dly, dlyIndex); }
+ZorStatus zorsFIR_Direct_64f_I(Zor64f* srcDst, Zor32s len, const Zor64f* taps, Zor32s tapsLen, Zor64f* dly, Zor32s* dlyIndex) { return inPlaceBlock<Direct64f>(srcDst, len, taps, tapsLen, dly, dlyIndex); }
 ZorStatus zorsFIR_Direct_64fc(const Zor64fc* src, Zor64fc* dst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly, Zor32s* dlyIndex) { return chosenBlock<Direct64fc>(src, dst, len, taps, tapsLen, dly, dlyIndex); }
-ZorStatus zorsFIR_Direct_64fc_I(Zor64fc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly, Zor32s* dlyIndex) { return chosenBlock<Direct64fc>(srcDst, srcDst, len, taps, tapsLen, dly, dlyIndex); }
+ZorStatus zorsFIR_Direct_64fc_I(Zor64fc* srcDst, Zor32s len, const Zor64fc* taps, Zor32s tapsLen, Zor64fc* dly, Zor32s* dlyIndex) { return inPlaceBlock<Direct64fc>(srcDst, len, taps, tapsLen, dly, dlyIndex); }
 ZorStatus zorsFIR_Direct_16s_Sfs(const Zor16s* src, Zor16s* dst, Zor32s len, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor) { return q15Block(src, dst, len, taps, tapsLen, dly, dlyIndex, scaleFactor); }
 ZorStatus zorsFIR_Direct_16s_ISfs(Zor16s* srcDst, Zor32s len, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor) { return q15Block(srcDst, srcDst, len, taps, tapsLen, dly, dlyIndex, scaleFactor); }
 ZorStatus zorsFIROne_Direct_16s_Sfs(Zor16s val, Zor16s* dst, const Zor16s* taps, Zor32s tapsLen, Zor16s* dly, Zor32s* dlyIndex, Zor32s scaleFactor) { return q15One(&val, dst, taps, tapsLen, dly, dlyIndex, scaleFactor); }

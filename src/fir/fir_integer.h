@@ -114,6 +114,19 @@ struct ComplexKernel {
   }
 };
 
+// Reversed tap j of tapsLen as the kernels take them. An odd number of real ones stands behind a zero, whose sample
+// lies ahead of the first window.
+template <class Sample> constexpr Zor32s zerosAhead(Zor32s tapsLen) { return Complex<Sample> ? 0 : tapsLen & 1; }
+inline void storeTap(Zor16s* stored, Zor32s tapsLen, Zor32s j, Zor16s tap) {
+  const Zor32s ahead = zerosAhead<Zor16s>(tapsLen);
+  if (ahead != 0) stored[0] = 0;
+  stored[j + ahead] = tap;
+}
+inline void storeTap(Zor16sc* stored, Zor32s, Zor32s j, Zor16sc tap) {
+  stored[2 * j] = {tap.re, static_cast<Zor16s>(-tap.im)};
+  stored[2 * j + 1] = {tap.im, tap.re};
+}
+
 template <class Sample> using IntegerKernel = std::conditional_t<Complex<Sample>, ComplexKernel, RealKernel>;
 
 template <int registers, class Sample>
@@ -152,15 +165,8 @@ Zor16s firStoredTap(const ZorFIRState* state, Zor32s j) requires(!Complex<typena
 template <class Kind> Zor16sc firStoredTap(const ZorFIRState* state, Zor32s j) requires Complex<typename Kind::Sample> {
   return {firTaps<Kind>(state)[2 * j].re, firTaps<Kind>(state)[2 * j + 1].re};
 }
-template <class Kind>
-void firStoreTap(ZorFIRState* state, Zor32s j, Zor16s tap) requires(!Complex<typename Kind::Sample>) {
-  if (state->tapsLen & 1) firTaps<Kind>(state)[0] = 0;
-  firTaps<Kind>(state)[j + (state->tapsLen & 1)] = tap;
-}
-template <class Kind>
-void firStoreTap(ZorFIRState* state, Zor32s j, Zor16sc tap) requires Complex<typename Kind::Sample> {
-  firTaps<Kind>(state)[2 * j] = {tap.re, static_cast<Zor16s>(-tap.im)};
-  firTaps<Kind>(state)[2 * j + 1] = {tap.im, tap.re};
+template <class Kind> void firStoreTap(ZorFIRState* state, Zor32s j, typename Kind::Sample tap) {
+  fir::storeTap(firTaps<Kind>(state), state->tapsLen, j, tap);
 }
 
 // Lays an integer record in a block and fills its delay line; the taps are stored by the caller.
@@ -185,7 +191,7 @@ void firFilterInteger(ZorFIRState* state, const typename Kind::Sample* src, type
                       int shift) {
   const Zor32s n = state->tapsLen;
   // An odd number of real taps starts one sample earlier, at its zero.
-  const Zor32s ahead = Complex<typename Kind::Sample> ? 0 : n & 1;
+  const Zor32s ahead = fir::zerosAhead<typename Kind::Sample>(n);
   const auto* taps = firTaps<Kind>(state);
   const auto delay = firDelay<Kind>(state);
   const auto* history = delay.history();

@@ -35,7 +35,7 @@ Zor16s saturated(Zor32s y) { return static_cast<Zor16s>(std::clamp(y, -32768, 32
 
 ZorStatus filterOne(Zor16s val, Zor16s* dst, const Zor16s* taps, Zor32s order, Zor32s* dly, Checks checks) {
   return checks.then([&]() -> ZorStatus {
-    if (taps[order + 1] < 0) return zorStatusNegativeTapShift;
+    if (taps[std::ptrdiff_t{order} + 1] < 0) return zorStatusNegativeTapShift;
     *dst = saturated(step(val, taps, order, dly));
     return zorStatusOk;
   });

@@ -110,7 +110,7 @@ template <class Shape, class T> void weighByCosine(const T* src, T* dst, Zor32s 
   if (odd != 0) dst[pairs] = src[pairs];
   if constexpr (isInteger<T>) {
     const auto end = [](T x) {
-      if constexpr (isComplex<T>)
+      if constexpr (Complex<T>)
         return T{Shape::end(x.re), Shape::end(x.im)};
       else
         return Shape::end(x);

@@ -2,22 +2,22 @@
 // Weights are a generator: next() gives those of the following `lanes` pairs.
 #pragma once
 
+#include "frame/by_type.h"
 #include "frame/part.h"
 #include "zors/types.h"
 
 namespace zors {
 
-template <class T> inline constexpr bool isComplex = !std::is_same_v<simd::Part<T>, T>;
 template <class T> inline constexpr bool isInteger = std::is_integral_v<simd::Part<T>>;
 // The type that an element is multiplied in.
 template <class T> using Weight = std::conditional_t<isInteger<T>, Zor32f, simd::Part<T>>;
 // Pairs at once: recurrences then have four chains to run, or two and pairs of parts that fill the registers.
-template <class T> inline constexpr int pairsAtOnce = isComplex<T> ? 8 : 16;
+template <class T> inline constexpr int pairsAtOnce = Complex<T> ? 8 : 16;
 
 // Integers are rounded in the current direction and saturated; what 32 bits do not hold has its sign's bound.
 template <class T, class W, int L> ZORS_INLINE simd::Vec<T, L> weighed(simd::Vec<T, L> x, simd::Vec<W, L> w) {
   using namespace simd;
-  if constexpr (isComplex<T>) {
+  if constexpr (Complex<T>) {
     using P = Part<T>;
     return as<T>(weighed(as<P>(x), as<W>(toComplex(w, w))));
   } else if constexpr (isInteger<T>) {

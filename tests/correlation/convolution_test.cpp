@@ -44,8 +44,10 @@ template <class T> void check(int len1, int len2, int method, kit::Edge edge) {
   ASSERT_TRUE(dst.intact()) << where;
   const long double energy = sums::norm(a) * sums::norm(b);
   const std::size_t step = all > 1500 ? 17 : 1;
-  for (std::size_t n = 0; n < all; n += n + step < all || n == all - 1 ? step : all - 1 - n)
-    ASSERT_EQ(sums::fault(dst[n], sums::convolution(a, b, long(n)), 1, 4 * energy), "") << where << " [" << n << "]";
+  for (std::size_t n = 0; n < all; n += n + step < all || n == all - 1 ? step : all - 1 - n) {
+    const auto sum = sums::convolution(a, b, long(n));
+    ASSERT_EQ(sums::fault(dst[n], sum, 1, sums::roundings(sum) * energy), "") << where << " [" << n << "]";
+  }
 }
 
 template <class T> class Convolution : public testing::Test {};
@@ -101,7 +103,9 @@ TYPED_TEST(Convolution, ReportsEveryRefusedAllocationAndWritesNothing) {
         [&](int n, ZorStatus status) {
           EXPECT_EQ(status, n < 0 ? zorStatusOk : zorStatusNoMemory);
           EXPECT_EQ(kit::services().live, 0);
-          if (n >= 0) EXPECT_EQ(std::count(d.begin(), d.end(), TypeParam(77)), long(d.size()));
+          if (n >= 0) {
+            EXPECT_EQ(std::count(d.begin(), d.end(), TypeParam(77)), long(d.size()));
+          }
         });
     EXPECT_GE(made, 2);
   }

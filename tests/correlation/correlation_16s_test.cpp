@@ -81,7 +81,9 @@ TEST(AutoCorr16s, WritesItsZerosAlsoWhereMemoryIsExhausted) {
             EXPECT_EQ(status, n < 0 ? zorStatusOk : zorStatusNoMemory);
             EXPECT_EQ(kit::services().live, 0);
             const auto sums = d.begin() + srcLen;
-            if (n >= 0) EXPECT_EQ(std::count(d.begin(), sums, 77), srcLen);
+            if (n >= 0) {
+              EXPECT_EQ(std::count(d.begin(), sums, 77), srcLen);
+            }
             EXPECT_EQ(std::count(sums, d.end(), 0), 1600 - srcLen);
           });
       EXPECT_GE(made, 1);
@@ -114,7 +116,9 @@ TEST(CrossCorr16s, ReportsEveryRefusedAllocationAndKeepsItsZeros) {
       [&](int n, ZorStatus status) {
         EXPECT_EQ(status, n < 0 ? zorStatusOk : zorStatusNoMemory);
         EXPECT_EQ(kit::services().live, 0);
-        if (n >= 0) EXPECT_EQ(std::count(d.begin(), d.begin() + 1500, 77), 1500);
+        if (n >= 0) {
+          EXPECT_EQ(std::count(d.begin(), d.begin() + 1500, 77), 1500);
+        }
         EXPECT_EQ(std::count(d.begin() + 1500, d.end(), 0), 100);
       });
 }
@@ -180,7 +184,9 @@ TEST(Conv16s, WritesNothingWhereMemoryIsRefused) {
         [&](int n, ZorStatus status) {
           EXPECT_EQ(status, n < 0 ? zorStatusOk : zorStatusNoMemory);
           EXPECT_EQ(kit::services().live, 0);
-          if (n >= 0) EXPECT_EQ(std::count(d.begin(), d.end(), 77), long(d.size()));
+          if (n >= 0) {
+            EXPECT_EQ(std::count(d.begin(), d.end(), 77), long(d.size()));
+          }
         });
     EXPECT_GE(made, 1);
   }

@@ -143,7 +143,7 @@ template <class T> void check(const AutoCase<T>& c, kit::Edge edge = kit::Edge::
     }
     const auto sum = sums::correlation(source, source, k);
     const long double divisor = c.norm == none ? 1 : c.norm == biased ? c.srcLen : c.srcLen - k;
-    ASSERT_EQ(sums::fault(got, sum, divisor, 4 * energy), "") << where << " [" << k << "]";
+    ASSERT_EQ(sums::fault(got, sum, divisor, sums::roundings(sum) * energy), "") << where << " [" << k << "]";
   }
 }
 
@@ -168,7 +168,7 @@ template <class T> void check(const CrossCase<T>& c, kit::Edge edge = kit::Edge:
     }
     const auto sum = sums::correlation(a, b, lag);
     const long double divisor = c.norm == none ? 1 : c.norm == biased ? std::min(c.len1, c.len2) : sum.products;
-    ASSERT_EQ(sums::fault(got, sum, divisor, 4 * energy), "") << where << " [" << n << "]";
+    ASSERT_EQ(sums::fault(got, sum, divisor, sums::roundings(sum) * energy), "") << where << " [" << n << "]";
   }
 }
 
@@ -323,7 +323,9 @@ TYPED_TEST(Correlation, ReportsEveryRefusedAllocationAndWritesNoSums) {
         [&](int n, ZorStatus status) {
           EXPECT_EQ(status, n < 0 ? zorStatusOk : zorStatusNoMemory);
           EXPECT_EQ(kit::services().live, 0);
-          if (n >= 0) EXPECT_TRUE(isFilled(0, 1500));
+          if (n >= 0) {
+            EXPECT_TRUE(isFilled(0, 1500));
+          }
         });
     EXPECT_GE(made, 2);
   }
@@ -338,7 +340,9 @@ TYPED_TEST(Correlation, ReportsEveryRefusedAllocationAndWritesNoSums) {
         [&](int n, ZorStatus status) {
           EXPECT_EQ(status, n < 0 ? zorStatusOk : zorStatusNoMemory);
           EXPECT_EQ(kit::services().live, 0);
-          if (n >= 0) EXPECT_TRUE(isFilled(0, 1600));
+          if (n >= 0) {
+            EXPECT_TRUE(isFilled(0, 1600));
+          }
         });
   }
 }
@@ -358,16 +362,16 @@ TYPED_TEST(Correlation, ChecksPointersThenLengthsThenTheSelector) {
   cross.template bad<1>({0, -1, INT_MIN}, zorStatusBadSize).template bad<3>({0, INT_MIN}, zorStatusBadSize);
   cross.template bad<5>({0, INT_MIN}, zorStatusBadSize);
   cross.untouched(d).verify(m.type);
-  constexpr std::initializer_list<Zor32s> badTypes = {3, 0x300, 0xFF, 0x400, 0x8000, 0x203, -1};
   kit::Contract autoNorm(m.autoNorm, a.data(), 8, d.data(), 8, 0, buffer.data());
   autoNorm.template null<0>().template null<2>().template null<5>();
   autoNorm.template bad<1>({0, -1}, zorStatusBadSize).template bad<3>({0, -1}, zorStatusBadSize);
-  autoNorm.template bad<4>(badTypes, zorStatusBadAlgorithmType);
+  autoNorm.template bad<4>({3, 0x300, 0xFF, 0x400, 0x8000, 0x203, -1}, zorStatusBadAlgorithmType);
   autoNorm.untouched(d).verify(m.type);
   kit::Contract crossNorm(m.crossNorm, a.data(), 8, b.data(), 8, d.data(), 8, 0, 0, buffer.data());
   crossNorm.template null<0>().template null<2>().template null<4>().template null<8>();
   crossNorm.template bad<1>({0, -1}, zorStatusBadSize).template bad<3>({0, -1}, zorStatusBadSize);
-  crossNorm.template bad<5>({0, -1}, zorStatusBadSize).template bad<7>(badTypes, zorStatusBadAlgorithmType);
+  crossNorm.template bad<5>({0, -1}, zorStatusBadSize)
+      .template bad<7>({3, 0x300, 0xFF, 0x400, 0x203, -1}, zorStatusBadAlgorithmType);
   crossNorm.untouched(d).verify(m.type);
   // The upper half of the selector has no meaning.
   EXPECT_EQ(m.autoNorm(a.data(), 8, d.data(), 8, 0x7FFF0101, buffer.data()), zorStatusOk);

@@ -59,6 +59,9 @@ template <class T> long double norm(const std::vector<T>& a) {
   return std::sqrt(sum);
 }
 
+// What roundings of partial sums in a row come to, which err in both directions.
+inline long double roundings(const Sum& sum) { return 4 + 0.3L * std::sqrt(static_cast<long double>(sum.products)); }
+
 // "" or what is wrong with a result: further from the sum, divided by `divisor`, than `spread` epsilons of the type
 // allow.
 template <class T> std::string fault(T got, const Sum& sum, long double divisor, long double spread) {

@@ -47,7 +47,7 @@ long double turnOf(std::size_t j, std::size_t n) {
 template <class T> T cosine(std::size_t j, std::size_t n) { return static_cast<T>(std::cos(turnOf(j, n))); }
 template <class T> T sine(std::size_t j, std::size_t n) { return static_cast<T>(std::sin(turnOf(j, n))); }
 
-template <class T> Numbers<T> butterfly(Numbers<T> x);
+template <class T> Numbers<T> butterfly(Numbers<T> x, std::size_t n = 0);
 
 // A constant turn of a straight line.
 template <class T> Number<T> constantRoot(std::size_t j, std::size_t n) {
@@ -90,7 +90,8 @@ template <class T> Numbers<T> oddKernel(const Numbers<T>& x) {
   }
   return out;
 }
-template <class T> Numbers<T> generic(const Numbers<T>& x) {
+// Of a transform of n points, whose table its roots come from.
+template <class T> Numbers<T> generic(const Numbers<T>& x, std::size_t n) {
   const std::size_t p = x.size(), h = p / 2;
   Numbers<T> out(p);
   out[0] = x[0];
@@ -98,7 +99,7 @@ template <class T> Numbers<T> generic(const Numbers<T>& x) {
   for (std::size_t k = 1; k <= h; ++k) {
     Number<T> c[2] = {x[0], {0, 0}}, s[2] = {};
     for (std::size_t j = 1; j <= h; ++j) {
-      const auto w = root<T>(j * k % p, p);
+      const auto w = root<T>(j * k % p * (n / p), n);
       auto &cosines = c[(j + 1) % 2], &sines = s[(j + 1) % 2];
       cosines = cosines + w.re * (x[j] + x[p - j]);
       sines = sines + (-w.im) * (x[j] - x[p - j]);
@@ -108,7 +109,7 @@ template <class T> Numbers<T> generic(const Numbers<T>& x) {
   }
   return out;
 }
-template <class T> Numbers<T> butterfly(Numbers<T> x) {
+template <class T> Numbers<T> butterfly(Numbers<T> x, std::size_t n) {
   switch (x.size()) {
     case 2:
       return {x[0] + x[1], x[0] - x[1]};
@@ -128,23 +129,24 @@ template <class T> Numbers<T> butterfly(Numbers<T> x) {
     case 16:
       return nested(x, 4);
     default:
-      return x.size() < 14 ? oddKernel(x) : generic(x);
+      return x.size() < 14 ? oddKernel(x) : generic(x, n);
   }
 }
-template <class T> Numbers<T> chain(const Numbers<T>& x, const std::vector<std::size_t>& factors, std::size_t at = 0) {
-  if (at + 1 == factors.size()) return butterfly(x);
+template <class T>
+Numbers<T> chain(const Numbers<T>& x, const std::vector<std::size_t>& factors, std::size_t all, std::size_t at = 0) {
+  if (at + 1 == factors.size()) return butterfly(x, all);
   const std::size_t n = x.size(), radix = factors[at], rest = n / radix;
   std::vector<Numbers<T>> part(radix);
   for (std::size_t q = 0; q < radix; ++q) {
     for (std::size_t i = 0; i < rest; ++i) part[q].push_back(x[q + radix * i]);
-    part[q] = chain(part[q], factors, at + 1);
+    part[q] = chain(part[q], factors, all, at + 1);
   }
   Numbers<T> out(n);
   for (std::size_t k = 0; k < rest; ++k) {
     Numbers<T> across;
     for (std::size_t q = 0; q < radix; ++q)
-      across.push_back(q == 0 ? part[q][k] : turned(root<T>(q * k, n), part[q][k]));
-    across = butterfly(across);
+      across.push_back(q == 0 ? part[q][k] : turned(root<T>(q * k * (all / n), all), part[q][k]));
+    across = butterfly(across, all);
     for (std::size_t q = 0; q < radix; ++q) out[k + rest * q] = across[q];
   }
   return out;
@@ -222,7 +224,7 @@ template <class T> void checkChains() {
   Random random(41);
   for (const auto& [n, factors] : chains) {
     const auto x = randomNumbers<T>(n, random);
-    const auto wanted = chain(x, factors);
+    const auto wanted = chain(x, factors, n);
     expectEqual(transformed(x, Way::forward), wanted, std::to_string(n) + " points");
     expectEqual(transformed(conjugated(x), Way::inverse), conjugated(wanted), std::to_string(n) + " points, inverse");
     auto scaled = wanted;
@@ -238,7 +240,7 @@ template <class T> void checkDirect() {
   Random random(42);
   for (std::size_t n : {17, 19, 23, 29, 31, 37, 41, 43, 47}) {
     const auto x = randomNumbers<T>(n, random);
-    const auto wanted = generic(x);
+    const auto wanted = generic(x, n);
     expectEqual(transformed(x, Way::forward), wanted, std::to_string(n) + " points");
     expectEqual(transformed(conjugated(x), Way::inverse), conjugated(wanted), std::to_string(n) + " points, inverse");
   }

@@ -4,6 +4,7 @@
 #include <climits>
 
 #include "frame/check.h"
+#include "frame/tags.h"
 #include "frame/memory.h"
 #include "frame/rounding.h"
 #include "kit/elementwise.h"

@@ -24,9 +24,12 @@ Numbers stableTaps(const Filter& f, int count, double radius) {
     }
     for (double v : b) taps.push_back({round(v), 0});
     for (double v : a) taps.push_back({round(v), 0});
-    if (f.complex)
-      for (std::size_t k = 0; k < taps.size(); ++k)  // turned by a right angle
-        if (k % std::size_t(count + 1) % 2 == 1) taps[k] = {0, taps[k].re};
+    if (f.complex)  // turned by a right angle: tap k times i^k
+      for (std::size_t k = 0; k < taps.size(); ++k) {
+        const long double v = taps[k].re;
+        const Number turned[] = {{v, 0}, {0, v}, {-v, 0}, {0, -v}};
+        taps[k] = turned[k % std::size_t(count + 1) % 4];
+      }
     return taps;
   }
   for (int s = 0; s < count; ++s) {
@@ -57,8 +60,8 @@ TEST(IirSignal, ImpulseStepAndNoiseAreThoseOfTheModelWithinRoundings) {
           const auto noise = [&] {
             return std::nearbyint((static_cast<long double>(random() % 2001) / 1000 - 1) * 3000);
           };
-          x[i].re = (kind == 0 ? (i == 0) : kind == 1 ? 1 : noise() / 3000) * height;
-          if (f.complex && kind == 2) x[i].im = noise() / 3000 * height;
+          x[i].re = (kind == 0 ? (i == 0) : kind == 1 ? 1 : noise() * (height / 3000)) * (kind == 2 ? 1 : height);
+          if (f.complex && kind == 2) x[i].im = noise() * (height / 3000);
         }
         Model model(f.form, taps, count);
         Numbers exact;

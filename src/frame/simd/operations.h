@@ -63,6 +63,8 @@ ZORS_OP(sub, Zor32f, _mm256_sub_ps)
 ZORS_OP(sub, Zor64f, _mm256_sub_pd)
 ZORS_OP(sub, Zor32fc, _mm256_sub_ps)
 ZORS_OP(sub, Zor64fc, _mm256_sub_pd)
+ZORS_OP(addSub, Zor32f, _mm256_addsub_ps)  // a - b in even lanes, a + b in odd ones
+ZORS_OP(addSub, Zor64f, _mm256_addsub_pd)
 ZORS_OP(mul, Zor16s, _mm256_mullo_epi16)  // integers: the low half
 ZORS_OP(mul, Zor16u, _mm256_mullo_epi16)
 ZORS_OP(mulHigh, Zor16u, _mm256_mulhi_epu16)      // the high half
