@@ -1,5 +1,6 @@
 #include <cmath>
 #include <complex>
+#include <utility>
 
 #include "kit/bench.h"
 #include "zors/generators.h"
@@ -32,10 +33,10 @@ void tones() {
         zorsTone_Direct_32f(y32, len, 1, 0.0371f, &phase, hint);
       };
     };
-    auto& fast = workload("zorsTone_Direct_32f", size)
-                     .zors(tone(zorAlgHintFast))
-                     .peer("loop", [=] { cosines(y32, len, 1, 0.2); })
-                     .bound(streams(0, 4));
+    bench::Workload fast = workload("zorsTone_Direct_32f", size)
+                               .zors(tone(zorAlgHintFast))
+                               .peer("loop", [=] { cosines(y32, len, 1, 0.2); })
+                               .bound(streams(0, 4));
 #ifdef HAVE_LIQUID
     auto oscillator = nco_crcf_create(LIQUID_NCO);
     nco_crcf_set_frequency(oscillator, 0.2f);

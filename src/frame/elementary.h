@@ -5,8 +5,8 @@
 // cover (arguments beyond its reduction, infinities, quotients near the ends of the exponent range) go one by one to
 // the scalar function, and only where a block has such a lane.
 //
-// Polynomials are minimax fits (relative error, Sollya's fpminimax, coefficients in the type computed in) over the reduced
-// range.
+// Polynomials are minimax fits (relative error, Sollya's fpminimax, coefficients in the type computed in) over the
+// reduced range.
 #pragma once
 
 #include <cmath>
