@@ -2,7 +2,6 @@
 #pragma once
 
 #include <algorithm>
-#include <bit>
 #include <limits>
 
 #include "kit/elementwise.h"
@@ -15,8 +14,9 @@ constexpr int infinite = INT32_MIN;  // a least scale factor that no scale facto
 
 constexpr Zor128u magnitude(__int128 x) { return x < 0 ? -static_cast<Zor128u>(x) : static_cast<Zor128u>(x); }
 constexpr int bitLength(Zor128u x) {
-  const auto high = Zor64u(x >> 64);
-  return high != 0 ? 64 + std::bit_width(high) : std::bit_width(Zor64u(x));
+  int bits = 0;
+  for (; x != 0; x >>= 1) ++bits;
+  return bits;
 }
 // n / (d * 2^scale), d not zero, for magnitudes up to 2^63; 2^64 for anything larger than that.
 template <class Wide> constexpr Zor128u rounded(Wide n, Wide d, int scale, ZorRoundMode rnd) {
