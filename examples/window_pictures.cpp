@@ -85,7 +85,7 @@ int main(int argc, char** argv) {
         curveOf("Hann", [](Zor64f* x) { return zorsWinHann_64f_I(x, windowLen); }),
         curveOf("Hamming", [](Zor64f* x) { return zorsWinHamming_64f_I(x, windowLen); }),
         curveOf("Blackman, alpha -0.16", [](Zor64f* x) { return zorsWinBlackmanStd_64f_I(x, windowLen); }),
-        curveOf("Blackman, Opt", [](Zor64f* x) { return zorsWinBlackmanOpt_64f_I(x, windowLen); })},
+        curveOf("Blackman, best alpha", [](Zor64f* x) { return zorsWinBlackmanOpt_64f_I(x, windowLen); })},
        folder + "/windows.png");
   draw({curveOf("alpha 4 / 63", kaiser(2)), curveOf("alpha 10 / 63", kaiser(5)),
         curveOf("alpha 17.2 / 63", kaiser(8.6)), curveOf("alpha 24 / 63", kaiser(12))},

@@ -26,7 +26,8 @@ template <class T> ZorStatus blackmanStd(const T* src, T* dst, Zor32s len) {
   return blackman(src, dst, len, Alpha<T>(-0.16));
 }
 
-// The alpha that makes the elements next to the ends zero too. The length comes before all other checks: it makes alpha.
+// The alpha that makes the elements next to the ends zero too. The length comes before all other checks: it makes
+// alpha.
 template <class T> ZorStatus blackmanOpt(const T* src, T* dst, Zor32s len) {
   return check().require(len >= 4, zorStatusBadSize).then([&] {
     const Zor64f root = 0.5 / std::cos(std::numbers::pi / (len - 1));
