@@ -80,7 +80,7 @@ template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* t
     const Value r = reciprocal(taps[3]);
     normalise(taps, r, 3, stored);
     normalise(taps + 4, r, 2, stored + 3);
-    if (tables != nullptr) iirSectionRows(stored[3], stored[4], tables + std::ptrdiff_t{s} * iirSectionTable<Value>);
+    if (tables != nullptr) iirSectionRows(stored[3], stored[4], tables + static_cast<std::size_t>(s) * iirSectionTable<Value>);
   }
   return zorStatusOk;
 }
