@@ -5,6 +5,7 @@
 #include "exports/functions.h"
 #include "frame/complex_squares.h"
 #include "frame/convert_round.h"
+#include "frame/map_heavy.h"
 #include "functions/elementary.h"
 
 namespace zors {
@@ -77,20 +78,20 @@ struct To16scScaled {
 template <class Op, class D, class S>
 ZorStatus toPairs(const S* srcMagn, const S* srcPhase, D* dst, Zor32s len, Op op) {
   return check().pointers(srcMagn, srcPhase, dst).size(len).then([&] {
-    map<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
+    mapHeavy<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
   });
 }
 template <class Op, class D, class S>
 ZorStatus toIntegerPairs(const S* srcMagn, const S* srcPhase, D* dst, Zor32s len, Op op) {
   return check().pointers(srcMagn, srcPhase, dst).size(len).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
-    map<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
+    mapHeavy<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
   });
 }
 template <class F> ZorStatus toPlanes(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, Zor32s len) {
   return check().pointers(srcMagn, srcPhase, dstRe, dstIm).size(len).then([&] {
     mapToTwo<mapStep<F>>([](auto magnitude, auto phase) ZORS_INLINE_LAMBDA { return cartesian(magnitude, phase); }, len,
-                       dstRe, dstIm, srcMagn, srcPhase);
+                         dstRe, dstIm, srcMagn, srcPhase);
   });
 }
 
