@@ -141,33 +141,44 @@ template <int L, class T> ZORS_INLINE void storePoints(T* p, Points<T, L> x) {
   storeLanes<L>(p + L, x.im);
 }
 
-// Interleaved points from and to memory. Full registers are in lane order, 128-bit ones in memory order.
+// Two registers of interleaved points as reals and imaginaries. Full registers are in lane order, 128-bit ones in
+// memory order.
+ZORS_INLINE Points<Zor64f, 4> parted(Lanes<Zor64f, 4> a, Lanes<Zor64f, 4> b) {
+  return {{_mm256_unpacklo_pd(a.r, b.r)}, {_mm256_unpackhi_pd(a.r, b.r)}};
+}
+ZORS_INLINE Points<Zor32f, 8> parted(Lanes<Zor32f, 8> a, Lanes<Zor32f, 8> b) {
+  return {{_mm256_shuffle_ps(a.r, b.r, 0x88)}, {_mm256_shuffle_ps(a.r, b.r, 0xDD)}};
+}
+ZORS_INLINE Points<Zor32f, 4> parted(Lanes<Zor32f, 4> a, Lanes<Zor32f, 4> b) {
+  return {{_mm_shuffle_ps(a.r, b.r, 0x88)}, {_mm_shuffle_ps(a.r, b.r, 0xDD)}};
+}
+// The way back.
+ZORS_INLINE Group<Lanes<Zor64f, 4>, 2> interleaved(Points<Zor64f, 4> x) {
+  return {{{_mm256_unpacklo_pd(x.re.r, x.im.r)}, {_mm256_unpackhi_pd(x.re.r, x.im.r)}}};
+}
+ZORS_INLINE Group<Lanes<Zor32f, 8>, 2> interleaved(Points<Zor32f, 8> x) {
+  return {{{_mm256_unpacklo_ps(x.re.r, x.im.r)}, {_mm256_unpackhi_ps(x.re.r, x.im.r)}}};
+}
+ZORS_INLINE Group<Lanes<Zor32f, 4>, 2> interleaved(Points<Zor32f, 4> x) {
+  return {{{_mm_unpacklo_ps(x.re.r, x.im.r)}, {_mm_unpackhi_ps(x.re.r, x.im.r)}}};
+}
+
+// Interleaved points from and to memory, in the same orders.
 template <int L, class T> ZORS_INLINE Points<T, L> loadInterleaved(const T* p) {
   if constexpr (L == 1) {
     return {{p[0]}, {p[1]}};
   } else {
-    const auto a = loadOnce<L>(p).r, b = loadOnce<L>(p + L).r;
-    if constexpr (sizeof(T) == 8)
-      return {{_mm256_unpacklo_pd(a, b)}, {_mm256_unpackhi_pd(a, b)}};
-    else if constexpr (L == 8)
-      return {{_mm256_shuffle_ps(a, b, 0x88)}, {_mm256_shuffle_ps(a, b, 0xDD)}};
-    else
-      return {{_mm_shuffle_ps(a, b, 0x88)}, {_mm_shuffle_ps(a, b, 0xDD)}};
+    return parted(loadOnce<L>(p), loadOnce<L>(p + L));
   }
 }
 template <int L, class T> ZORS_INLINE void storeInterleaved(T* p, Points<T, L> x) {
   if constexpr (L == 1) {
     p[0] = x.re.r;
     p[1] = x.im.r;
-  } else if constexpr (sizeof(T) == 8) {
-    _mm256_storeu_pd(p, _mm256_unpacklo_pd(x.re.r, x.im.r));
-    _mm256_storeu_pd(p + 4, _mm256_unpackhi_pd(x.re.r, x.im.r));
-  } else if constexpr (L == 8) {
-    _mm256_storeu_ps(p, _mm256_unpacklo_ps(x.re.r, x.im.r));
-    _mm256_storeu_ps(p + 8, _mm256_unpackhi_ps(x.re.r, x.im.r));
   } else {
-    _mm_storeu_ps(p, _mm_unpacklo_ps(x.re.r, x.im.r));
-    _mm_storeu_ps(p + 4, _mm_unpackhi_ps(x.re.r, x.im.r));
+    const auto pair = interleaved(x);
+    storeLanes<L>(p, pair.at[0]);
+    storeLanes<L>(p + L, pair.at[1]);
   }
 }
 
@@ -194,14 +205,7 @@ template <class Work, class T, int L> ZORS_INLINE void storeWork(Work work, std:
   storeLanes<L>(work.im(k), x.im);
 }
 
-// Points of one half of two registers after those of the other: reals and imaginaries by turns, in lane order.
-ZORS_INLINE Registers<Zor32f, 2> interleaved(Points<Zor32f, 8> x) {
-  return {{{_mm256_unpacklo_ps(x.re.r, x.im.r)}, {_mm256_unpackhi_ps(x.re.r, x.im.r)}}};
-}
-ZORS_INLINE Registers<Zor64f, 2> interleaved(Points<Zor64f, 4> x) {
-  return {{{_mm256_unpacklo_pd(x.re.r, x.im.r)}, {_mm256_unpackhi_pd(x.re.r, x.im.r)}}};
-}
-// The same of four points, in order.
+// Reals and imaginaries of four points by turns, in order.
 ZORS_INLINE Lanes<Zor32f, 8> interleavedHalves(Lanes<Zor32f, 4> re, Lanes<Zor32f, 4> im) {
   return {_mm256_set_m128(_mm_unpackhi_ps(re.r, im.r), _mm_unpacklo_ps(re.r, im.r))};
 }
@@ -276,14 +280,6 @@ template <int ofA, int ofB> ZORS_INLINE Lanes<Zor32f, 4> joined(Lanes<Zor32f, 4>
 }
 template <int ofA, int ofB> ZORS_INLINE Lanes<Zor64f, 4> joined(Lanes<Zor64f, 4> a, Lanes<Zor64f, 4> b) {
   return {_mm256_permute2f128_pd(a.r, b.r, ofA | (2 + ofB) << 4)};
-}
-ZORS_INLINE void storeHalves(Zor32f* first, Zor32f* second, Lanes<Zor32f, 4> x) {
-  _mm_storel_pi(reinterpret_cast<__m64*>(first), x.r);
-  _mm_storeh_pi(reinterpret_cast<__m64*>(second), x.r);
-}
-ZORS_INLINE void storeHalves(Zor64f* first, Zor64f* second, Lanes<Zor64f, 4> x) {
-  _mm_storeu_pd(first, _mm256_castpd256_pd128(x.r));
-  _mm_storeu_pd(second, _mm256_extractf128_pd(x.r, 1));
 }
 
 }  // namespace zors::fft

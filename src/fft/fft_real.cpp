@@ -62,6 +62,16 @@ template <class T> ZORS_INLINE void sumAndDifference(const T* src, T* dst) {
   dst[1] = first - second;
 }
 
+// The same of the first point in a register; the second is not used.
+ZORS_INLINE Lanes<Zor32f, 4> sumAndDifference(Lanes<Zor32f, 4> x) {
+  const __m128 re = _mm_moveldup_ps(x.r), im = _mm_movehdup_ps(x.r);
+  return {_mm_unpacklo_ps(_mm_add_ss(re, im), _mm_sub_ss(re, im))};
+}
+ZORS_INLINE Lanes<Zor64f, 4> sumAndDifference(Lanes<Zor64f, 4> x) {
+  const __m128d re = _mm256_castpd256_pd128(x.r), im = _mm_permute_pd(re, 1);
+  return {_mm256_castpd128_pd256(_mm_unpacklo_pd(_mm_add_sd(re, im), _mm_sub_sd(re, im)))};
+}
+
 // All pairs; the middle term meets itself and is written twice.
 template <bool inverse, int L, class T>
 [[gnu::flatten]] void part(const T* src, T* dst, std::size_t n, const T* factors) {
@@ -138,21 +148,21 @@ template <int order, bool inverse, bool scaled, class T>
   }
   simd::unrolled<n>([&](auto i) ZORS_INLINE_LAMBDA { dst[i] = scaled ? out[i] * scale : out[i]; });
 }
-// Order 4, the first to fill registers.
+// Order 4, the first to fill registers: one step of the sweep, of the pairs 1 to 4 and their mirrors 7 to 4, with the
+// pairs in registers as eightPoints has them.
 template <bool inverse, bool scaled, class T> [[gnu::flatten]] void sixteenValues(const T* src, T* dst, T scale) {
-  constexpr int n = 16, L = 4;
-  alignas(32) T pairs[n];
-  if constexpr (inverse) {
-    part<inverse, L>(src, pairs, n, smallFactors<4, L, T>.inverse.data());
-    eightPoints<inverse, scaled>(Interleaved<const T>{pairs}, Interleaved<T>{dst}, scale);
-  } else {
-    eightPoints<inverse, false>(Interleaved<const T>{src}, Interleaved<T>{pairs}, scale);
-    part<inverse, L>(pairs, dst, n, smallFactors<4, L, T>.forward.data());
-    if constexpr (scaled)
-      simd::unrolled<n / L>([&](auto i) ZORS_INLINE_LAMBDA {
-        storeLanes<L>(dst + L * i, loadLanes<L>(dst + L * i) * allLanes<L>(scale));
-      });
-  }
+  constexpr int L = 4;
+  const auto backwards = [](auto pair) ZORS_INLINE_LAMBDA { return joined<1, 0>(pair, pair); };
+  const auto z = inverse ? loadEight(src) : eightPoints<false>(loadEight(src));
+  const auto z12 = joined<1, 0>(z.at[0], z.at[1]), z34 = joined<1, 0>(z.at[1], z.at[2]);
+  const Mirrored<T, L> pairs = {parted(z12, z34), parted(backwards(z.at[3]), backwards(z.at[2]))};
+  const auto factor = loadPoints<L>((inverse ? smallFactors<4, L, T>.inverse : smallFactors<4, L, T>.forward).data());
+  const auto y = inverse ? partInverse(pairs, factor) : partForward(pairs, factor);
+  const auto low = interleaved(y.low), high = interleaved(y.high);
+  const auto first = sumAndDifference(z.at[0]);
+  const Group<Lanes<T, L>, 4> x = {{joined<0, 0>(first, low.at[0]), joined<1, 0>(low.at[0], low.at[1]),
+                                    backwards(high.at[1]), backwards(high.at[0])}};
+  storeEight<scaled>(dst, inverse ? eightPoints<true>(x) : x, scale);
 }
 template <bool inverse, bool scaled, class T> void smallReal(int order, const T* src, T* dst, T scale) {
   switch (order) {

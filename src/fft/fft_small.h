@@ -31,25 +31,29 @@ ZORS_INLINE void storeParts(Target dst, std::size_t first, std::size_t step, con
   });
 }
 
-// Eight points. A register of four values has an even point and the odd one behind it, so one butterfly of four makes
-// the terms of both residues; then terms that end in the same operation are paired.
-template <bool inverse, bool scaled, class T>
-ZORS_INLINE void eightPoints(Interleaved<const T> src, Interleaved<T> dst, T scale) {
-  using Two = Lanes<T, 4>;
-  const auto x = [&](int i) ZORS_INLINE_LAMBDA { return loadLanes<4>(src.points + 4 * i); };
-  const auto y = butterfly4<inverse, Two>(x(0), x(1), x(2), x(3));
+// Eight points. Register i has the points 2i and 2i + 1, so one butterfly of four makes the terms of both residues;
+// then terms that end in the same operation are paired. The results are in registers likewise.
+template <bool inverse, class T> ZORS_INLINE Group<Lanes<T, 4>, 4> eightPoints(const Group<Lanes<T, 4>, 4>& x) {
+  const auto y = butterfly4<inverse>(x.at[0], x.at[1], x.at[2], x.at[3]);
   const auto odd13 = joined<1, 1>(y.at[1], y.at[3]);
   const auto turned13 = minusI<false>(odd13, odd13) * allLanes<4>(halfRoot<T>);
   constexpr int a = inverse ? 3 : 1, b = 4 - a;  // the terms beside 0 and 2
   const auto even0a = joined<0, 0>(y.at[0], y.at[a]), odd0a = joined<1, inverse>(y.at[0], turned13);
   const auto even2b = joined<0, 0>(y.at[2], y.at[b]), odd2b = joined<1, !inverse>(y.at[2], turned13);
-  const auto put = [&](int first, int second, Two z) ZORS_INLINE_LAMBDA {
-    storeHalves(dst.points + 2 * first, dst.points + 2 * second, scaled ? z * allLanes<4>(scale) : z);
-  };
-  put(0, inverse ? 7 : 1, even0a + odd0a);
-  put(4, inverse ? 3 : 5, even0a - odd0a);
-  put(2, b, minusI<inverse>(even2b, odd2b));
-  put(6, b + 4, plusI<inverse>(even2b, odd2b));
+  const auto sum = even0a + odd0a, difference = even0a - odd0a, minus = minusI<inverse>(even2b, odd2b),
+             plus = plusI<inverse>(even2b, odd2b);
+  if constexpr (inverse)  // terms 0 and 7, 4 and 3, 2 and 1, 6 and 5
+    return {{joined<0, 1>(sum, minus), joined<0, 1>(minus, difference), joined<0, 1>(difference, plus),
+             joined<0, 1>(plus, sum)}};
+  else
+    return {{sum, minus, difference, plus}};
+}
+template <class T> ZORS_INLINE Group<Lanes<T, 4>, 4> loadEight(const T* p) {
+  return {{loadLanes<4>(p), loadLanes<4>(p + 4), loadLanes<4>(p + 8), loadLanes<4>(p + 12)}};
+}
+template <bool scaled, class T> ZORS_INLINE void storeEight(T* p, const Group<Lanes<T, 4>, 4>& x, T scale) {
+  simd::unrolled<4>(
+      [&](auto i) ZORS_INLINE_LAMBDA { storeLanes<4>(p + 4 * i, scaled ? x.at[i] * allLanes<4>(scale) : x.at[i]); });
 }
 
 // A radix-4 stage of `columns` interleaved sequences: of each the four terms, in registers.
@@ -120,7 +124,7 @@ template <bool inverse, bool scaled, class T, class Source, class Target>
       return storeParts<scaled>(dst, 0, 1, butterfly<4, inverse>(loadParts<4, 1, T>(src, 0, 1)), scale);
     case 3:
       if constexpr (std::is_same_v<Target, Interleaved<T>>)
-        return eightPoints<inverse, scaled>(src, dst, scale);
+        return storeEight<scaled>(dst.points, eightPoints<inverse>(loadEight(src.points)), scale);
       else
         return storeParts<scaled>(dst, 0, 1, butterfly<8, inverse>(loadParts<8, 1, T>(src, 0, 1)), scale);
     case 4:

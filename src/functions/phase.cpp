@@ -6,6 +6,7 @@
 #include "exports/functions.h"
 #include "frame/elementary.h"
 #include "frame/elementwise.h"
+#include "frame/map_heavy.h"
 #include "frame/rounding.h"
 
 namespace zors {
@@ -38,7 +39,9 @@ template <class F> struct Phase {
 };
 
 template <class D, class... S> ZorStatus phases(D* dst, Zor32s len, const S*... src) {
-  return check().pointers(src..., dst).size(len).then([&] { map<mapStep<D, S...>>(Phase<D>{}, len, dst, src...); });
+  return check().pointers(src..., dst).size(len).then([&] {
+    mapHeavy<mapStep<D, S...>>(Phase<D>{}, len, dst, src...);
+  });
 }
 
 // To integers of type D, rounded in the current direction.
@@ -62,9 +65,9 @@ template <class D, class... S> ZorStatus phasesScaled(D* dst, Zor32s len, Zor32s
   return check().pointers(src..., dst).size(len).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
     if (scaleFactor >= -28 && scaleFactor <= 1)
-      map<mapStep<D, S...>>(PhaseTimes<D, Zor32f>{static_cast<Zor32f>(exactPower(scaleFactor))}, len, dst, src...);
+      mapHeavy<mapStep<D, S...>>(PhaseTimes<D, Zor32f>{static_cast<Zor32f>(exactPower(scaleFactor))}, len, dst, src...);
     else
-      map<mapStep<D, S...>>(PhaseTimes<D, Zor64f>{exactPower(scaleFactor)}, len, dst, src...);
+      mapHeavy<mapStep<D, S...>>(PhaseTimes<D, Zor64f>{exactPower(scaleFactor)}, len, dst, src...);
   });
 }
 

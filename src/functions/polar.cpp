@@ -6,6 +6,7 @@
 #include "frame/complex_squares.h"
 #include "frame/convert_round.h"
 #include "frame/elementary.h"
+#include "frame/map_heavy.h"
 
 namespace zors {
 namespace {
@@ -77,14 +78,14 @@ struct To16scScaled {
 template <class Op, class D, class S>
 ZorStatus toPairs(const S* srcMagn, const S* srcPhase, D* dst, Zor32s len, Op op) {
   return check().pointers(srcMagn, srcPhase, dst).size(len).then([&] {
-    map<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
+    mapHeavy<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
   });
 }
 template <class Op, class D, class S>
 ZorStatus toIntegerPairs(const S* srcMagn, const S* srcPhase, D* dst, Zor32s len, Op op) {
   return check().pointers(srcMagn, srcPhase, dst).size(len).then([&] {
     const RoundingScope nearest(RoundingScope::nearest);
-    map<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
+    mapHeavy<mapStep<D, S>>(op, len, dst, srcMagn, srcPhase);
   });
 }
 template <class F> ZorStatus toPlanes(const F* srcMagn, const F* srcPhase, F* dstRe, F* dstIm, Zor32s len) {
