@@ -3,7 +3,7 @@
 
 #include <cstddef>
 
-#include "zors/fft.h"
+#include "exports/fft.h"
 #include "zors/types.h"
 
 namespace zors::dft {

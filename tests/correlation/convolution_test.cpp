@@ -96,7 +96,7 @@ TYPED_TEST(Convolution, ReportsEveryRefusedAllocationAndWritesNothing) {
   for (const auto& [len1, len2] : {std::pair{500, 400}, {3000, 100}}) {
     std::vector<TypeParam> d;
     const int made = kit::failEachAllocation(
-        [&] {
+        [&, len1 = len1, len2 = len2] {
           d.assign(std::size_t(len1 + len2 - 1), TypeParam(77));
           return members<TypeParam>().conv(a.data(), len1, a.data(), len2, d.data());
         },

@@ -177,7 +177,7 @@ TEST(Conv16s, WritesNothingWhereMemoryIsRefused) {
   for (const auto& [len1, len2] : {std::pair{3000, 20}, {500, 400}, {3000, 100}}) {
     Vector d;
     const int made = kit::failEachAllocation(
-        [&] {
+        [&, len1 = len1, len2 = len2] {
           d.assign(std::size_t(len1 + len2 - 1), 77);
           return zorsConv_16s_Sfs(a.data(), len1, a.data(), len2, d.data(), 4);
         },

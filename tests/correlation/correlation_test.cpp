@@ -333,7 +333,7 @@ TYPED_TEST(Correlation, ReportsEveryRefusedAllocationAndWritesNoSums) {
     const auto* one = len1 == 6000 ? b.data() : a.data();
     const auto* two = len2 == 6000 ? b.data() : a.data();
     kit::failEachAllocation(
-        [&] {
+        [&, len1 = len1, len2 = len2] {
           fill();
           return m.cross(one, len1, two, len2, dst.data(), 1600, -100);
         },

@@ -134,7 +134,7 @@ TEST(FirDesign, TapsAreTheFormulas) {
               most = std::max(most, std::fabs(tap));
             for (int i = 0; i < len; ++i)
               ASSERT_NEAR(taps[std::size_t(i)], wanted[std::size_t(i)],
-                          1e-10 * most)
+                          1e-9 * most)  // a normalised gain may be near 0 before
                   << what << ", " << i;
           }
 }
@@ -185,7 +185,7 @@ TEST(FirDesign, NormalisedGainsAreOneAndBandsStopAndPass) {
             continue;
           const double gain =
               double(std::fabs(gainAt(taps, frequency, antisymmetric)));
-          const double ripple = window == 0 ? 0.06 : 0.011;
+          const double ripple = window == 0 ? 0.1 : 0.011;  // the overshoot of cut series
           ASSERT_NEAR(gain, passes ? 1 : 0, ripple)
               << nameOf(band) << ", window " << window << " at " << frequency;
         }

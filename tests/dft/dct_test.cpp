@@ -88,7 +88,7 @@ TEST(DCT, EveryLengthPlaceAndBufferGivesTheDefinition) {
   Random random(51);
   std::vector<std::size_t> lengths;
   for (std::size_t n = 1; n <= 140; ++n) lengths.push_back(n);
-  for (std::size_t n : {256, 257, 500, 512, 999, 1000, 1024, 2048}) lengths.push_back(n);
+  for (std::size_t n : std::initializer_list<std::size_t>{256, 257, 500, 512, 999, 1000, 1024, 2048}) lengths.push_back(n);
   for (std::size_t n : lengths) {
     const Values x = randomValues(n, random), wanted[] = {model(x, false), model(x, true)};
     for (const auto& member : members()) {
@@ -117,8 +117,8 @@ TEST(DCT, EveryLengthPlaceAndBufferGivesTheDefinition) {
 }
 TEST(DCT, ForwardThenInverseIsTheIdentity) {
   Random random(52);
-  for (std::size_t n : {1, 2, 3, 4, 7, 8, 9, 16, 35, 36, 37, 45, 46, 64, 100, 1000})
-    for (std::size_t pair : {0, 2}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{1, 2, 3, 4, 7, 8, 9, 16, 35, 36, 37, 45, 46, 64, 100, 1000})
+    for (std::size_t pair : std::initializer_list<std::size_t>{0, 2}) {
       const Values x = randomValues(n, random);
       const Values back = members()[pair + 1].run(members()[pair].run(x, {}), {});
       for (std::size_t i = 0; i < n; ++i)
@@ -153,13 +153,13 @@ template <class T> std::vector<T> directModel(const std::vector<T>& x) {
 }
 TEST(DCT, DirectSumsRunInTwoUnfusedSums) {
   Random random(53);
-  for (std::size_t n : {3, 5, 6, 7, 9, 12, 20, 33, 35}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{3, 5, 6, 7, 9, 12, 20, 33, 35}) {
     const auto x = signal<Zor32f>(n, random);
     const auto y = members()[0].run(Values(x.begin(), x.end()), {});
     const auto wanted = directModel(x);
     for (std::size_t m = 0; m < n; ++m) ASSERT_EQ(static_cast<Zor32f>(y[m]), wanted[m]) << n << ", term " << m;
   }
-  for (std::size_t n : {3, 9, 36, 44, 45}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{3, 9, 36, 44, 45}) {
     const auto x = signal<Zor64f>(n, random);
     const auto y = members()[2].run(Values(x.begin(), x.end()), {});
     const auto wanted = directModel(x);
@@ -318,7 +318,7 @@ void checkInteger(InitInteger initInteger, ZorStatus (*f)(const Zor16s*, Zor16s*
                   ZorStatus (*inPlace)(Zor16s*, const S*, Zor32s, Zor8u*), ZorStatus (*free)(S*), InitFloat initFloat,
                   F transform, ZorStatus (*freeFloat)(Float*)) {
   Random random(54);
-  for (std::size_t n : {2, 3, 8, 16, 35, 36, 37, 64, 200}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{2, 3, 8, 16, 35, 36, 37, 64, 200}) {
     S* spec = nullptr;
     Float* floats = nullptr;
     ASSERT_EQ(initInteger(&spec, Zor32s(n), zorAlgHintNone), zorStatusOk);

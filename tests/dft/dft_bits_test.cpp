@@ -238,7 +238,7 @@ TEST(DFTBits, ChainsRoundAsTheirButterfliesSay) {
 }
 template <class T> void checkDirect() {
   Random random(42);
-  for (std::size_t n : {17, 19, 23, 29, 31, 37, 41, 43, 47}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{17, 19, 23, 29, 31, 37, 41, 43, 47}) {
     const auto x = randomNumbers<T>(n, random);
     const auto wanted = generic(x, n);
     expectEqual(transformed(x, Way::forward), wanted, std::to_string(n) + " points");
@@ -285,7 +285,7 @@ TEST(DFTBits, ChirpsAreConvolutionsOfTheStatedLength) {
 template <class T> void checkRealEven() {
   using E = Exports<T>;
   Random random(44);
-  for (std::size_t n : {18, 20, 22, 24, 30, 34, 36, 50, 54, 100, 106, 212, 250, 1000}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{18, 20, 22, 24, 30, 34, 36, 50, 54, 100, 106, 212, 250, 1000}) {
     const std::size_t half = n / 2;
     const auto z = randomNumbers<T>(half, random);
     typename E::RealSpec* spec = nullptr;
@@ -325,7 +325,7 @@ TEST(DFTBits, EvenRealLengthsPartTheTransformOfPairs) {
 }
 
 template <class T> void checkImpulse() {
-  for (std::size_t n : {17, 18, 34, 47, 51, 60, 91, 120, 289, 480, 1001}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{17, 18, 34, 47, 51, 60, 91, 120, 289, 480, 1001}) {
     Numbers<T> x(n);
     x[0] = {T(0.3), T(-0.7)};
     for (const auto& y : transformed(x, Way::forward)) {
@@ -339,7 +339,7 @@ TEST(DFTBits, AnImpulseAtZeroIsExactByChainAndByDirectSum) {
   checkImpulse<Zor64f>();
 }
 TEST(DFTBits, NanAndInfinityInTheFirstPlaceReachEveryTerm) {
-  for (std::size_t n : {3, 12, 15, 17, 18, 34, 51, 53, 60, 120, 480})
+  for (std::size_t n : std::initializer_list<std::size_t>{3, 12, 15, 17, 18, 34, 51, 53, 60, 120, 480})
     for (float bad : {NAN, INFINITY}) {
       Random random(n);
       auto x = randomNumbers<Zor32f>(n, random);

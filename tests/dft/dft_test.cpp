@@ -203,7 +203,7 @@ bool sameBits(const Points& a, const Points& b) {
 std::vector<std::size_t> someLengths() {
   std::vector<std::size_t> lengths;
   for (std::size_t n = 1; n <= 130; ++n) lengths.push_back(n);
-  for (std::size_t n : {144, 150, 160, 200, 212, 240, 255, 256, 300, 343, 480, 596, 604, 606, 1000, 1001, 1009, 1152})
+  for (std::size_t n : std::initializer_list<std::size_t>{144, 150, 160, 200, 212, 240, 255, 256, 300, 343, 480, 596, 604, 606, 1000, 1001, 1009, 1152})
     lengths.push_back(n);
   return lengths;
 }

@@ -22,7 +22,7 @@ Points analytic(const std::vector<Zor32f>& x) {
 std::vector<std::size_t> lengths() {
   std::vector<std::size_t> all;
   for (std::size_t n = 1; n <= 70; ++n) all.push_back(n);
-  for (std::size_t n : {100, 101, 127, 128, 255, 256, 480, 1000}) all.push_back(n);
+  for (std::size_t n : std::initializer_list<std::size_t>{100, 101, 127, 128, 255, 256, 480, 1000}) all.push_back(n);
   return all;
 }
 

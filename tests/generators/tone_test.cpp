@@ -241,7 +241,9 @@ TEST(ToneQ15, EachSampleHasTheBitsOfItsOwnCosine) {
       const kit::Direction scope(direction);
       generators::checkPlaces<Zor16s>(
           "zorsToneQ15_Direct_16s",
-          [&](Zor16s* dst, Zor32s len) { return zorsToneQ15_Direct_16s(dst, len, magnitude, rFreq, phase); },
+          [magnitude = magnitude, rFreq = rFreq, phase = phase](Zor16s* dst, Zor32s len) {
+            return zorsToneQ15_Direct_16s(dst, len, magnitude, rFreq, phase);
+          },
           fixedModel(1025, magnitude, rFreq, phase));
     }
 }
@@ -251,7 +253,7 @@ TEST(ToneQ15, PiecesOfAnySizeGiveTheSamplesOfOneCall) {
     const auto wanted = fixedModel(1'000'000, magnitude, rFreq, phase);
     const kit::Guarded<Zor8u> record(48, kit::Edge::end, std::size_t(rFreq % 3));
     auto* state = reinterpret_cast<ZorToneState*>(record.data());
-    for (std::size_t most : {std::size_t{100}, std::size_t{200'000}, wanted.size()}) {
+    for (std::size_t most : std::initializer_list<std::size_t>{std::size_t{100}, std::size_t{200'000}, wanted.size()}) {
       ASSERT_EQ(zorsToneInitQ15_16s(state, magnitude, rFreq, phase), zorStatusOk);
       std::vector<Zor16s> y(wanted.size());
       for (std::size_t at = 0; at < y.size();) {

@@ -198,7 +198,7 @@ TEST(TriangleQ15, PiecesOfAnySizeGiveTheSamplesOfOneDirectCall) {
     expectWave(wanted.data(), 1000, {double(magnitude), rFreq / 32768.0, asym / 32768.0, phase / 32768.0}, "Q15");
     const kit::Guarded<Zor8u> record(136, kit::Edge::end, std::size_t(rFreq % 3));
     auto* state = reinterpret_cast<ZorTriangleState*>(record.data());
-    for (std::size_t most : {1, 7, 100, 2000, 100'000}) {
+    for (std::size_t most : std::initializer_list<std::size_t>{1, 7, 100, 2000, 100'000}) {
       ASSERT_EQ(zorsTriangleInitQ15_16s(state, magnitude, rFreq, phase, asym), zorStatusOk);
       std::vector<Zor16s> y(wanted.size());
       for (std::size_t at = 0; at < y.size();) {

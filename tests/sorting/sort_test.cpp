@@ -229,7 +229,7 @@ TEST(Sort, EveryLengthTo300) {
 TEST(Sort, AllKindsOfInput) {
   forEachSort([]<class T>(const Sorts<T>& member) {
     kit::Random random(2);
-    for (std::size_t n : {1000, 2100, 5000})
+    for (std::size_t n : std::initializer_list<std::size_t>{1000, 2100, 5000})
       for (Kind kind : allKinds) {
         checkSort(member, input<T>(kind, n, random), n % 2 ? Edge::begin : Edge::end, n % 7);
         if (testing::Test::HasFatalFailure()) return;
@@ -255,7 +255,7 @@ TEST(RadixSort, EveryLengthTo300) {
 TEST(RadixSort, AllKindsOfInput) {
   forEachRadixSort([]<class T>(const RadixSorts<T>& member) {
     kit::Random random(4);
-    for (std::size_t n : {499, 500, 3999, 4000, 9000})
+    for (std::size_t n : std::initializer_list<std::size_t>{499, 500, 3999, 4000, 9000})
       for (Kind kind : allKinds) {
         checkRadixSort(member, input<T>(kind, n, random), n % 2 ? Edge::begin : Edge::end, n % 7, Zor32s(sizeof(T)));
         if (testing::Test::HasFatalFailure()) return;
@@ -299,7 +299,7 @@ TEST(Sort, ANanAmongFewIsNeverTheGreatest) {
 
 TEST(Sort, DenormalsStayThemselvesWhereTheyCountAsZero) {
   const unsigned saved = _mm_getcsr();
-  for (std::size_t n : {5, 100, 3000}) {
+  for (std::size_t n : std::initializer_list<std::size_t>{5, 100, 3000}) {
     std::vector<Zor32f> x(n);
     std::vector<Zor64f> y(n);
     for (std::size_t i = 0; i < n; ++i) {

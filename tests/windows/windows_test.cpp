@@ -225,7 +225,7 @@ template <class T> void sweepWindows() {
       for (double alpha : window.alphas) {
         if (isKaiser(window.curve) && std::fabs(alpha) * (len - 1) > 70) continue;
         for (kit::Edge edge : kit::bothEdges)
-          for (std::size_t steps : {0, 1, 3}) {
+          for (std::size_t steps : std::initializer_list<std::size_t>{0, 1, 3}) {
             checkWindow(window, len, alpha, edge, steps * sizeof(PartOf<T>));
             if (testing::Test::HasFatalFailure()) return;
           }
