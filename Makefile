@@ -56,12 +56,13 @@ demo-equaliser: setup
 ## make test       build with g++ and run all tests; FAMILY=regex those of the files that name it
 test: setup
 	$(call run_tests,gcc-release)
+## make test-clang the same with clang++
 test-clang: setup
 	$(call run_tests,clang-release)
 
-## make sanitize   the tests built by clang++ under AddressSanitizer and UndefinedBehaviorSanitizer
+## make sanitize   the tests under AddressSanitizer and UndefinedBehaviorSanitizer
 sanitize: setup
-	$(call run_tests,clang-sanitize)
+	$(call run_tests,gcc-sanitize)
 
 ## make tsan       the tests of threads under ThreadSanitizer
 tsan: setup

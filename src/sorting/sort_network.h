@@ -65,12 +65,15 @@ constexpr int crossedFour(int of) { return (0 ^ of) | (1 ^ of) << 2 | (2 ^ of) <
 // Lane i from lane i ^ mask.
 template <int mask, class T, int W> ZORS_INLINE Row<T, W> crossed(Row<T, W> x) {
   constexpr int bytes = mask * int{sizeof(T)}, inHalf = bytes & 15;
-  constexpr int byEights = crossedFour(bytes / 8 & 3), byFours = crossedFour(inHalf / 4);
   return eachRegister<T, W>([&](int k) ZORS_INLINE_LAMBDA {
     __m256i y = x.r[k];
-    if constexpr (bytes % 8 == 0) return _mm256_permute4x64_epi64(y, byEights);
+    if constexpr (bytes % 8 == 0) {
+      constexpr int control = crossedFour(bytes / 8);
+      return _mm256_permute4x64_epi64(y, control);
+    }
     if constexpr (inHalf % 4 == 0) {
-      y = _mm256_shuffle_epi32(y, byFours);
+      constexpr int control = crossedFour(inHalf / 4);
+      y = _mm256_shuffle_epi32(y, control);
     } else {
       const __m128i places = _mm_setr_epi8(0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
       y = _mm256_shuffle_epi8(y, _mm256_broadcastsi128_si256(_mm_xor_si128(places, _mm_set1_epi8(char(inHalf)))));
