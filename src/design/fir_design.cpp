@@ -1,4 +1,5 @@
-// zorsFIRGenLowpass_64f, zorsFIRGenHighpass_64f, zorsFIRGenBandpass_64f, zorsFIRGenBandstop_64f: windowed ideal filters.
+// zorsFIRGenLowpass_64f, zorsFIRGenHighpass_64f, zorsFIRGenBandpass_64f, zorsFIRGenBandstop_64f: windowed ideal
+// filters.
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
@@ -98,8 +99,8 @@ ZorStatus design(Band band, Zor64f low, Zor64f high, Zor64f* taps, Zor32s tapsLe
   auto* t = reinterpret_cast<Zor64f*>(first.data());
   auto* u = reinterpret_cast<Zor64f*>(second.data());
 
-  // A band is what an ideal lowpass at its upper edge lets through, less that at its lower edge; the others are the whole,
-  // one tap of 1, less a band or a lowpass. An even length has no middle tap: its highpass is antisymmetric.
+  // A band is what an ideal lowpass at its upper edge lets through, less that at its lower edge; the others are the
+  // whole, one tap of 1, less a band or a lowpass. An even length has no middle tap: its highpass is antisymmetric.
   const bool falls = band == Band::lowpass || band == Band::bandstop;
   if (band == Band::highpass && !half.odd())
     wave(Wave::cosine, low, half, t, h + 1);
