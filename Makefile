@@ -60,9 +60,9 @@ test: setup
 test-clang: setup
 	$(call run_tests,clang-release)
 
-## make sanitize   the tests under AddressSanitizer and UndefinedBehaviorSanitizer
+## make sanitize   the tests built by clang++ under AddressSanitizer and UndefinedBehaviorSanitizer
 sanitize: setup
-	$(call run_tests,gcc-sanitize)
+	$(call run_tests,clang-sanitize)
 
 ## make tsan       the tests of threads under ThreadSanitizer
 tsan: setup
