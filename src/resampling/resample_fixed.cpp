@@ -45,12 +45,14 @@ ZorStatus getSize(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32s* size, Zor32
   return check().pointers(size, lenOut, height).size(inRate).size(outRate).size(len).then([&]() -> ZorStatus {
     const Plan plan = planOf(inRate, outRate, len);
     const Zor64s out = plan.out, n = len;
-    const Zor64s pointers = ((out + 4) & ~3) * 8, steps = ((out + 7) & ~7) * 2, response = 8 * plan.entries;
+    const Zor64s pointers = ((out + 4) & ~3) * 8, steps = ((out + 7) & ~7) * 2;
     // In binary64 first: lengths and rates near 2^31 give products beyond 64 bits.
     const Zor64f rows = integers ? 2.0 * (Zor64f((n + 8) & ~7) * Zor64f(out) + Zor64f(plan.entries))
                                  : 4.0 * Zor64f((n + 4) & ~3) * Zor64f(out);
     constexpr Zor64s largest = 0x7FFFFFFE;
-    if (rows + Zor64f(pointers + steps + response) + 58 > Zor64f(largest) + 64) return zorStatusBadArgument;
+    if (rows + Zor64f(pointers + steps) + 8 * Zor64f(plan.entries) + 58 > Zor64f(largest) + 64)
+      return zorStatusBadArgument;
+    const Zor64s response = 8 * plan.entries;
     const Zor64s bytes = integers ? pointers + steps + response + 58 + 2 * (((n + 8) & ~7) * out + plan.entries)
                                   : pointers + ((n + 4) & ~3) * out * 4 + steps + response + 48;
     if (bytes > largest) return zorStatusBadArgument;
