@@ -5,6 +5,7 @@
 #include <bit>
 #include <limits>
 
+#include "frame/simd.h"
 #include "iir/iir_filter.h"
 
 namespace zors {
