@@ -173,7 +173,7 @@ template <class Kind> void firStoreTap(ZorFIRState* state, Zor32s j, typename Ki
 template <class Kind> ZorFIRState* firBuildInteger(Zor8u* memory, Zor32s tapsLen) {
   Layout block = firLayout<Kind>(memory);
   const FirParts parts = layFirInteger<Kind>(block, tapsLen);
-  const Zor32s dlyBlock = firDirectBlock<Kind>(tapsLen);
+  const auto dlyBlock = static_cast<Zor32s>(firDirectBlock<Kind>(tapsLen));
   *parts.state = {.tag = Kind::tags[0],
                   .tapsLen = tapsLen,
                   .dlyLen = tapsLen,
@@ -195,7 +195,7 @@ void firFilterInteger(ZorFIRState* state, const typename Kind::Sample* src, type
   const auto* taps = firTaps<Kind>(state);
   const auto delay = firDelay<Kind>(state);
   const auto* history = delay.history();
-  const Zor32s first = len <= state->dlyBlock ? len : firRows<Kind>(n);
+  const Zor32s first = len <= state->dlyBlock ? len : static_cast<Zor32s>(firRows<Kind>(n));
   by_type::copy(src, delay.room(), first);
   fir::integerBlock(taps, n + ahead, history + 1 - ahead, dst, first, shift);
   delay.keep(first == len ? history + n + len : src + len);
