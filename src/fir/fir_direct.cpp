@@ -187,7 +187,7 @@ bool narrowBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsL
   const Zor32s ahead = fir::zerosAhead<T>(tapsLen);
   for (Zor32s j = 0; j < tapsLen; ++j) fir::storeTap(stored, tapsLen, j, valueAs<T>(taps[tapsLen - 1 - j]));
   return throughLine<T>(src, len, tapsLen, dly, dlyIndex, [&](const T* line, Zor32s i, Zor32s count) {
-    fir::integerBlock(stored, tapsLen + ahead, line - ahead, dst + i, count, shift);
+    fir::integerBlock(stored, tapsLen + ahead, line - ahead, dst + i, count, {shift});
   });
 }
 template <class Tap, class T>

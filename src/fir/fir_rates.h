@@ -15,6 +15,7 @@ struct FirRates {
   fir::PhaseRow* rows;   // one for each output of an iteration
   void* taps;            // by phase
   std::ptrdiff_t plane;  // from a tap to its second form
+  Zor32s together;       // neighbouring rows that have the same window
   bool ahead;            // of a stream: windows begin at an output's place, otherwise they end there
 };
 
@@ -25,20 +26,20 @@ struct Phases {
   std::ptrdiff_t tapsLen, up;
   std::ptrdiff_t length(std::ptrdiff_t phase) const { return phase < tapsLen ? (tapsLen - 1 - phase) / up + 1 : 0; }
   std::ptrdiff_t longest() const { return length(0); }
-  // Elements that the phases before this one take.
-  template <class Value> std::ptrdiff_t place(std::ptrdiff_t phase) const {
-    using Arithmetic = PhaseArithmetic<Value>;
-    const std::ptrdiff_t longer = tapsLen % up, shorter = tapsLen / up;
-    return std::min(phase, longer) * Arithmetic::stored(shorter + 1) +
-           std::max<std::ptrdiff_t>(phase - longer, 0) * Arithmetic::stored(shorter);
-  }
-  template <class Value> std::ptrdiff_t inAll() const { return place<Value>(up); }
 };
+// The length of a row of taps; and of all rows that have any, with a row of zeros behind them where some have none.
+template <class Value> std::ptrdiff_t rowLen(const Phases& phases) {
+  constexpr std::ptrdiff_t lanes = PhaseSums<Value>::lanes;
+  return (phases.longest() + lanes - 1) / lanes * lanes;
+}
+template <class Value> std::ptrdiff_t tapsInAll(const Phases& phases) {
+  return std::min(phases.tapsLen + 1, phases.up) * rowLen<Value>(phases);
+}
 inline Zor64s floorOfQuotient(Zor64s a, Zor64s b) { return a / b - (a % b < 0 ? 1 : 0); }
 
 }  // namespace fir
 
-// Samples before the history that rows of an even length may reach, where they weigh nothing.
+// Samples before the history that whole registers may reach, where they weigh nothing.
 inline constexpr std::size_t firSpare = 16;
 
 template <class Value> struct RateParts {
@@ -69,8 +70,8 @@ RateParts<typename Kind::Value> layRates(Layout& block, Zor32s tapsLen, Zor32s u
   parts.rates = block.take<FirRates>(1);
   parts.rows = block.take<fir::PhaseRow>(static_cast<std::size_t>(up));
   parts.phaseTaps =
-      block.take<Value>(static_cast<std::size_t>(phases.template inAll<Value>()) * fir::PhaseArithmetic<Value>::planes);
-  parts.tapsReversed = block.take<Value>(static_cast<std::size_t>(tapsLen) * fir::PhaseArithmetic<Value>::planes + 1);
+      block.take<Value>(static_cast<std::size_t>(fir::tapsInAll<Value>(phases)) * fir::PhaseSums<Value>::planes);
+  parts.tapsReversed = block.take<Value>(static_cast<std::size_t>(tapsLen) * fir::PhaseSums<Value>::planes + 1);
   if (withLine) {
     Value* line = block.take<Value>(firLineLen<Value>(phases, down));
     parts.line = line == nullptr ? nullptr : line + firSpare;
@@ -93,7 +94,8 @@ ZorFIRState* firBuildRates(Layout& block, Tag tag, Zor32s tapsLen, Zor32s up, Zo
                   .chunk = firChunkOf(phases, down),
                   .rows = parts.rows,
                   .taps = parts.phaseTaps,
-                  .plane = phases.template inAll<typename Kind::Value>(),
+                  .plane = fir::tapsInAll<typename Kind::Value>(phases),
+                  .together = 1,
                   .ahead = ahead};
   *parts.state = {.tag = tag,
                   .tapsLen = tapsLen,
@@ -108,24 +110,39 @@ ZorFIRState* firBuildRates(Layout& block, Tag tag, Zor32s tapsLen, Zor32s up, Zo
 }
 
 // Output r of an iteration stands at p = downPhase + r * down in v.
-template <class Value> void firFillRows(const FirRates& rates, Zor32s tapsLen) {
+template <class Value> void firFillRows(FirRates& rates, Zor32s tapsLen) {
+  using Arithmetic = fir::PhaseSums<Value>;
   const fir::Phases phases{tapsLen, rates.up};
+  const std::ptrdiff_t rowLen = fir::rowLen<Value>(phases);
   for (Zor64s r = 0; r < rates.up; ++r) {
     const Zor64s place = rates.downPhase + r * rates.down - rates.upPhase;
     const Zor64s sample = fir::floorOfQuotient(place + (rates.ahead ? rates.up - 1 : 0), rates.up);
     const auto phase = static_cast<std::ptrdiff_t>(rates.ahead ? sample * rates.up - place : place - sample * rates.up);
-    const std::ptrdiff_t len = phases.length(phase), stored = fir::PhaseArithmetic<Value>::stored(len);
-    rates.rows[r] = {static_cast<Zor32s>(len == 0 ? 0 : phases.template place<Value>(phase)),
-                     static_cast<Zor32s>(stored),
-                     static_cast<Zor32s>((rates.ahead ? sample : sample - (len - 1)) - (stored - len))};
+    const std::ptrdiff_t len = phases.length(phase);
+    rates.rows[r] = {static_cast<Zor32s>(std::min<std::ptrdiff_t>(phase, tapsLen) * rowLen),
+                     static_cast<Zor32s>(std::max<std::ptrdiff_t>(len - (rowLen - Arithmetic::lanes), 0)),
+                     static_cast<Zor32s>(rates.ahead ? sample + len : sample + 1)};
   }
+  // What the grids of the engine take: all rows of an iteration, or as many as there are outputs in a tile.
+  const Zor32s count = rates.up % Arithmetic::outputs == 0 ? Arithmetic::outputs : rates.up;
+  rates.together = Arithmetic::outputs % count == 0 ? count : 1;
+  for (Zor32s r = 0; r < rates.up; ++r)
+    if (rates.rows[r].end != rates.rows[r - r % count].end) rates.together = 1;
 }
 
 // The engine of a record, over its own rows or, where it has one rate, over a single one.
-template <class Value> fir::Polyphase<Value> firEngine(const ZorFIRState* state, const fir::PhaseRow* single) {
-  const FirRates* rates = state->rates;
-  if (rates == nullptr) return {static_cast<const Value*>(state->tapsReversed), 0, single, 1, 1};
-  return {static_cast<const Value*>(rates->taps), rates->plane, rates->rows, rates->up, rates->down};
+template <class Value> fir::Polyphase<Value> firEngine(const ZorFIRState* state) {
+  const FirRates& rates = *state->rates;
+  const fir::Phases phases{state->tapsLen, rates.up};
+  const std::ptrdiff_t rowLen = fir::rowLen<Value>(phases);
+  return {.taps = static_cast<const Value*>(rates.taps),
+          .plane = rates.plane,
+          .rowLen = rowLen,
+          .rows = rates.rows,
+          .up = rates.up,
+          .down = rates.down,
+          .wholeRows = std::is_integral_v<simd::Part<Value>> || rowLen * rates.up == state->tapsLen,
+          .together = rates.together};
 }
 
 template <class Value> fir::Finish firFinish(const ZorFIRState* state, Zor32s scaleFactor) {

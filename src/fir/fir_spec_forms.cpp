@@ -125,8 +125,7 @@ ZorStatus filter(const Sample* src, Sample* dst, Zor32s numIters, const Zor8u* s
         std::fill_n(work.line, history, Value{});
       else if (history > 0)
         by_type::widen(dlySrc, work.line, history);
-      firRunLine(firEngine<Value>(state, nullptr), rates.chunk, work.line, history, work.results, from, dst, numIters,
-                 {}, 0);
+      firRunLine(firEngine<Value>(state), rates.chunk, work.line, history, work.results, from, dst, numIters, {}, 0);
       if (dlyDst != nullptr && history > 0) by_type::narrow(work.line, dlyDst, history);
       return zorStatusOk;
     });
