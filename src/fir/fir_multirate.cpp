@@ -102,14 +102,14 @@ ZorStatus firRunRates(ZorFIRState* state, const typename Kind::Sample* src, type
       if (state->rates == nullptr)
         runSingleStream(static_cast<const Value*>(state->tapsReversed), state->tapsLen, src, dst, len, finish);
       else
-        runStream(firEngine<Value>(state), src, dst, len, finish);
+        runStream(firEngine<Value>(state, static_cast<Value*>(state->rates->columns)), src, dst, len, finish);
     }
     return zorStatusOk;
   }
   const FirRates& rates = *state->rates;
   return firFromCopy(src, dst, len, rates.up, rates.down, [&](const Sample* from) -> ZorStatus {
-    firRunLine(firEngine<Value>(state), rates.chunk, firDlyLine<Kind>(state), state->dlyLen,
-               static_cast<Value*>(state->blockScratch), from, dst, len, finish, scaleFactor);
+    firRunLine(firEngine(state, static_cast<Value*>(rates.columns)), rates.chunk, firDlyLine<Kind>(state),
+               state->dlyLen, static_cast<Value*>(state->blockScratch), from, dst, len, finish, firNarrow(scaleFactor));
     return zorStatusOk;
   });
 }
@@ -146,7 +146,7 @@ std::size_t statedSize(std::size_t n, std::size_t u, std::size_t d, std::size_t 
 }
 template <class Kind> std::size_t stateSize(Zor32s tapsLen, Zor32s up, Zor32s down) {
   Layout account = firLayout<Kind>();
-  layRates<Kind>(account, tapsLen, up, down, true);
+  layRates<Kind>(account, tapsLen, up, down, RateRecord::state);
   return std::max(account.size(), statedSize(static_cast<std::size_t>(tapsLen), static_cast<std::size_t>(up),
                                              static_cast<std::size_t>(down), sizeof(typename Kind::Value)));
 }
@@ -185,7 +185,7 @@ ZorStatus init(ZorFIRState** state, const void* taps, const Given<Kind>& given, 
         if (stateSize<Kind>(given.tapsLen, given.up, given.down) > INT32_MAX) return zorStatusNoMemory;
         Layout block = firLayout<Kind>(buffer);
         ZorFIRState* built = firBuildRates<Kind>(block, Kind::tags[1], given.tapsLen, given.up, given.upPhase,
-                                                 given.down, given.downPhase, true, false);
+                                                 given.down, given.downPhase, RateRecord::state);
         firFillRows<typename Kind::Value>(*built->rates, given.tapsLen);
         set(built);
         setDlyLine(built, given.dly);

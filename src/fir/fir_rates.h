@@ -16,6 +16,7 @@ struct FirRates {
   void* taps;            // by phase
   std::ptrdiff_t plane;  // from a tap to its second form
   Zor32s together;       // neighbouring rows that have the same window
+  void* columns;         // of the engine, where the record has them
   bool ahead;            // of a stream: windows begin at an output's place, otherwise they end there
 };
 
@@ -46,7 +47,7 @@ template <class Value> struct RateParts {
   ZorFIRState* state;
   FirRates* rates;
   fir::PhaseRow* rows;
-  Value *phaseTaps, *tapsReversed, *line, *results;
+  Value *phaseTaps, *tapsReversed, *line, *results, *columns;
 };
 // Enough iterations that moving the history does not show, few enough that the chunk stays in the first-level cache.
 inline Zor32s firChunkOf(const fir::Phases& phases, Zor32s down) {
@@ -60,9 +61,17 @@ template <class Value> std::size_t firLineLen(const fir::Phases& phases, Zor32s 
 inline std::size_t firResultsLen(const fir::Phases& phases, Zor32s down) {
   return static_cast<std::size_t>(firChunkOf(phases, down)) * static_cast<std::size_t>(phases.up);
 }
-// The one account of what a multi-rate record holds: with a line of its own, or what a specification has.
+template <class Value> std::size_t firColumnsLen(const fir::Phases& phases, Zor32s down) {
+  if constexpr (!std::is_integral_v<simd::Part<Value>>)
+    if (down == 1 && phases.up > 1) return static_cast<std::size_t>(phases.up * fir::columnLen<Value>(phases.up));
+  return 0;
+}
+// What a record holds besides its rows and taps: a specification nothing, a stream the columns of the engine, a state a
+// delay line too.
+enum class RateRecord { specification, stream, state };
+// The one account of it.
 template <class Kind>
-RateParts<typename Kind::Value> layRates(Layout& block, Zor32s tapsLen, Zor32s up, Zor32s down, bool withLine) {
+RateParts<typename Kind::Value> layRates(Layout& block, Zor32s tapsLen, Zor32s up, Zor32s down, RateRecord record) {
   using Value = typename Kind::Value;
   const fir::Phases phases{tapsLen, up};
   RateParts<Value> parts{};
@@ -72,7 +81,8 @@ RateParts<typename Kind::Value> layRates(Layout& block, Zor32s tapsLen, Zor32s u
   parts.phaseTaps =
       block.take<Value>(static_cast<std::size_t>(fir::tapsInAll<Value>(phases)) * fir::PhaseSums<Value>::planes);
   parts.tapsReversed = block.take<Value>(static_cast<std::size_t>(tapsLen) * fir::PhaseSums<Value>::planes + 1);
-  if (withLine) {
+  if (record != RateRecord::specification) parts.columns = block.take<Value>(firColumnsLen<Value>(phases, down));
+  if (record == RateRecord::state) {
     Value* line = block.take<Value>(firLineLen<Value>(phases, down));
     parts.line = line == nullptr ? nullptr : line + firSpare;
     if constexpr (!std::is_same_v<typename Kind::Sample, Value>)
@@ -84,8 +94,9 @@ RateParts<typename Kind::Value> layRates(Layout& block, Zor32s tapsLen, Zor32s u
 // Fills the record but for the taps, with a history of zeros; the caller sets the taps.
 template <class Kind>
 ZorFIRState* firBuildRates(Layout& block, Tag tag, Zor32s tapsLen, Zor32s up, Zor32s upPhase, Zor32s down,
-                           Zor32s downPhase, bool withLine, bool ahead) {
-  const auto parts = layRates<Kind>(block, tapsLen, up, down, withLine);
+                           Zor32s downPhase, RateRecord record) {
+  const auto parts = layRates<Kind>(block, tapsLen, up, down, record);
+  const bool withLine = record == RateRecord::state;
   const fir::Phases phases{tapsLen, up};
   *parts.rates = {.up = up,
                   .upPhase = upPhase,
@@ -96,7 +107,8 @@ ZorFIRState* firBuildRates(Layout& block, Tag tag, Zor32s tapsLen, Zor32s up, Zo
                   .taps = parts.phaseTaps,
                   .plane = fir::tapsInAll<typename Kind::Value>(phases),
                   .together = 1,
-                  .ahead = ahead};
+                  .columns = parts.columns,
+                  .ahead = record == RateRecord::stream};
   *parts.state = {.tag = tag,
                   .tapsLen = tapsLen,
                   .dlyLen = withLine ? static_cast<Zor32s>(phases.longest()) : 0,
@@ -130,8 +142,8 @@ template <class Value> void firFillRows(FirRates& rates, Zor32s tapsLen) {
     if (rates.rows[r].end != rates.rows[r - r % count].end) rates.together = 1;
 }
 
-// The engine of a record, over its own rows or, where it has one rate, over a single one.
-template <class Value> fir::Polyphase<Value> firEngine(const ZorFIRState* state) {
+// The engine of a record; columns: those of the record, or for a specification the caller's.
+template <class Value> fir::Polyphase<Value> firEngine(const ZorFIRState* state, Value* columns) {
   const FirRates& rates = *state->rates;
   const fir::Phases phases{state->tapsLen, rates.up};
   const std::ptrdiff_t rowLen = fir::rowLen<Value>(phases);
@@ -142,7 +154,8 @@ template <class Value> fir::Polyphase<Value> firEngine(const ZorFIRState* state)
           .up = rates.up,
           .down = rates.down,
           .wholeRows = std::is_integral_v<simd::Part<Value>> || rowLen * rates.up == state->tapsLen,
-          .together = rates.together};
+          .together = rates.together,
+          .columns = columns};
 }
 
 template <class Value> fir::Finish firFinish(const ZorFIRState* state, Zor32s scaleFactor) {
@@ -166,25 +179,47 @@ ZorStatus firFromCopy(const Sample* src, const Sample* dst, Zor32s numIters, Zor
 }
 
 // numIters iterations by way of a line, in which `history` samples stand before the first. Each chunk is read whole
-// before its outputs are written.
-template <class Sample, class Value>
+// before its outputs are written. Samples that need no conversion go through the line only as far as windows reach into
+// the history, unless results replace them. Others are narrowed by narrow(results, dst, count).
+template <class Sample, class Value, class Narrow>
 void firRunLine(const fir::Polyphase<Value>& engine, Zor32s chunk, Value* line, Zor32s history, Value* results,
-                const Sample* src, Sample* dst, Zor32s numIters, fir::Finish finish, Zor32s scaleFactor) {
+                const Sample* src, Sample* dst, Zor32s numIters, fir::Finish finish, Narrow narrow) {
   Value* room = line + history;
-  for (Zor32s done = 0; done < numIters;) {
-    const Zor32s count = std::min(numIters - done, chunk), taken = count * engine.down, made = count * engine.up;
-    by_type::widen(src, room, taken);
-    if constexpr (std::is_same_v<Sample, Value>) {
-      engine.run(room, count, dst, finish);
-    } else {
-      engine.run(room, count, results, finish);
-      by_type::narrow(results, dst, made, scaleFactor);
+  const auto throughLine = [&](Zor32s iterations) {
+    for (Zor32s done = 0; done < iterations;) {
+      const Zor32s count = std::min(iterations - done, chunk), taken = count * engine.down, made = count * engine.up;
+      by_type::widen(src, room, taken);
+      if constexpr (std::is_same_v<Sample, Value>) {
+        engine.run(room, count, dst, finish);
+      } else {
+        engine.run(room, count, results, finish);
+        narrow(results, dst, made);
+      }
+      std::copy(line + taken, line + taken + history, line);
+      src += taken;
+      dst += made;
+      done += count;
     }
-    std::copy(line + taken, line + taken + history, line);
-    src += taken;
-    dst += made;
-    done += count;
+  };
+  if constexpr (std::is_same_v<Sample, Value>) {
+    // A register of integers may begin before its window.
+    const std::ptrdiff_t before = std::ptrdiff_t{history} + (engine.integers ? engine.lanes : 0);
+    const std::ptrdiff_t reaching = (before + engine.down - 1) / engine.down;
+    if (src != dst && numIters > reaching) {
+      throughLine(static_cast<Zor32s>(reaching));
+      const auto left = static_cast<Zor32s>(numIters - reaching);
+      engine.run(src, left, dst, finish);
+      const Sample* end = src + std::ptrdiff_t{left} * engine.down;
+      std::copy(end - history, end, line);
+      return;
+    }
   }
+  throughLine(numIters);
+}
+
+// Results of states and specifications.
+inline auto firNarrow(Zor32s scaleFactor) {
+  return [=](const auto* results, auto* dst, Zor32s count) { by_type::narrow(results, dst, count, scaleFactor); };
 }
 
 }  // namespace zors

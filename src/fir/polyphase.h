@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "fir/fir_integer.h"
+#include "fir/interleave.h"
 #include "frame/dot_kernels.h"
 
 namespace zors::fir {
@@ -77,6 +78,7 @@ template <class T> struct PhaseSums {  // Zor32f, Zor64f
   using Output = T;
   static constexpr int lanes = simd::lanesOf<T>, outputs = 8, planes = 1;
   using One = simd::Vec<T, lanes>;
+  using Samples = One;
   using Cells = simd::Vec<Cell, outputs>;
 
   ZORS_INLINE static One taps(const T* p) { return simd::held(simd::load<lanes>(p)); }
@@ -105,6 +107,7 @@ template <Complex C> struct PhaseSums<C> {  // Zor32fc, Zor64fc: by the real par
   using Arithmetic = dot::ComplexArithmetic<C>;
   using T = typename Arithmetic::Part;
   using One = simd::Vec<T, 2 * lanes>;
+  using Samples = One;
   struct Pair {
     One re, im;
   };
@@ -140,12 +143,13 @@ template <class Value, class CellType, int planesOfTaps> struct IntegerSums {
   using Cell = CellType;
   using Output = Value;
   static constexpr int lanes = simd::lanesOf<Value>, outputs = 8, planes = planesOfTaps;
+  using Samples = Sums;
   using Cells = simd::Vec<Cell, outputs>;
 
-  ZORS_INLINE static __m256i taps(const Value* p) { return simd::held(Sums{{loadSamples(p)}}).r[0]; }
-  ZORS_INLINE static __m256i samples(const Value* p) { return loadSamples(p); }
-  ZORS_INLINE static __m256i lastSamples(const Value* p, int) { return loadSamples(p); }
-  ZORS_INLINE void add(auto output, __m256i tap, __m256i x) { accumulate(sums_, output, tap, x); }
+  ZORS_INLINE static Sums taps(const Value* p) { return simd::held(samples(p)); }
+  ZORS_INLINE static Sums samples(const Value* p) { return {{loadSamples(p)}}; }
+  ZORS_INLINE static Sums lastSamples(const Value* p, int) { return samples(p); }
+  ZORS_INLINE void add(auto output, Sums tap, Sums x) { accumulate(sums_, output, tap.r[0], x.r[0]); }
   template <class S> ZORS_INLINE static Cells cells(const S (&sums)[planes], Finish finish) {
     const auto results = [&](int plane)
                              ZORS_INLINE_LAMBDA { return finished(Sums{{laneSums(sums[plane].sums_)}}, finish); };
@@ -205,40 +209,23 @@ template <class T>
 
 // ---- Blocks -------------------------------------------------------------------------------------
 
-// Rows and columns of a square of cells change places.
-template <class T, int L> ZORS_INLINE simd::Vec<T, L> transposed(simd::Vec<T, L> x) {
-  using V = simd::Vec<T, L>;
-  if constexpr (sizeof(T) == 16) {
-    return {
-        {simd::fromBits<typename V::Register>(_mm256_permute2x128_si256(simd::bits(x.r[0]), simd::bits(x.r[1]), 0x20)),
-         simd::fromBits<typename V::Register>(
-             _mm256_permute2x128_si256(simd::bits(x.r[0]), simd::bits(x.r[1]), 0x31))}};
-  } else {
-    // Neighbouring cells of rows a half of the square apart, then the same until every cell has moved: a perfect
-    // shuffle of the rows at each step.
-    constexpr int rows = V::registers;
-    const auto step = [](V in) ZORS_INLINE_LAMBDA {
-      return simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA {
-        const __m256i a = simd::bits(in.r[i / 2]), b = simd::bits(in.r[i / 2 + rows / 2]);
-        __m256i low, high;
-        if constexpr (sizeof(T) == 4)
-          low = _mm256_unpacklo_epi32(a, b), high = _mm256_unpackhi_epi32(a, b);
-        else
-          low = _mm256_unpacklo_epi64(a, b), high = _mm256_unpackhi_epi64(a, b);
-        return simd::fromBits<typename V::Register>(_mm256_permute2x128_si256(low, high, i % 2 == 0 ? 0x20 : 0x31));
-      });
-    };
-    if constexpr (rows == 4) return step(step(x));
-    if constexpr (rows == 8) return step(step(step(x)));
-  }
+// Several outputs for one sample are computed in columns, one for each of them, of so many iterations at a time that
+// there is room in the first-level cache.
+template <class Value> std::ptrdiff_t columnLen(std::ptrdiff_t up) {
+  constexpr std::ptrdiff_t lanes = simd::lanesOf<Value>, widest = lanes * dot::widestTile<Value>;
+  const std::ptrdiff_t fit = 8192 / std::ptrdiff_t{sizeof(Value)} / up, step = fit >= widest ? widest : lanes;
+  return std::max(fit / step * step, lanes);
 }
 
+// An order of addition belongs to a filter, not to a kernel or a place: where an iteration takes several samples an
+// output is the sum of partial sums, of every lanes-th product each; where it takes one sample, that of slide().
 template <class Value> struct Polyphase {
   using Arithmetic = PhaseSums<Value>;
   using Cell = typename Arithmetic::Cell;
   using Output = typename Arithmetic::Output;
   using Cells = typename Arithmetic::Cells;
   static constexpr int lanes = Arithmetic::lanes, outputs = Arithmetic::outputs, cellsInOne = simd::lanesOf<Cell>;
+  static constexpr bool integers = std::is_integral_v<simd::Part<Value>>;
 
   const Value* taps;
   std::ptrdiff_t plane;   // from a tap to its second form
@@ -247,14 +234,12 @@ template <class Value> struct Polyphase {
   Zor32s up, down;
   bool wholeRows;   // no zeros in them
   Zor32s together;  // so many neighbouring rows have the same window; 1 where that helps no kernel
+  Value* columns;   // up of them, where an iteration takes one sample
 
   // The outputs of `iterations`, whose first sample is in[0]. out may not overlap what is read.
   void run(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
-    if constexpr (!std::is_integral_v<simd::Part<Value>>)
-      if (up == 1 && down == 1) {
-        const std::ptrdiff_t zeros = lanes - rows[0].head, len = rowLen - zeros;
-        return slide(taps + zeros, len, in + rows[0].end - len, out, iterations);
-      }
+    if constexpr (!integers)
+      if (down == 1) return up == 1 ? slideRow(rows[0], in, out, iterations) : byColumns(in, iterations, out);
     const std::ptrdiff_t total = iterations * up;
     std::ptrdiff_t done = 0;
     if (up == 1)
@@ -267,16 +252,40 @@ template <class Value> struct Polyphase {
     inOrder(in, done * up, total, out, finish);
   }
 
-  // One output by itself.
+  // Output r of the iteration at in by itself.
   Output one(const Value* in, std::ptrdiff_t r, Finish finish) const {
-    Operands<outputs, outputs> operands;
-    for (int o = 0; o < outputs; ++o) operands.set(*this, o, rows[r], in);
-    Output results[outputs];
-    put(results, tile(operands, finish), outputs);
-    return results[0];
+    const PhaseRow& row = rows[r];
+    Output result[outputs];
+    if constexpr (!integers)
+      if (down == 1) return slideRow(row, in, result, 1), result[0];
+    Operands<1, outputs> operands;
+    operands.setRow(*this, 0, row);
+    for (int o = 0; o < outputs; ++o) operands.setWindow(*this, o, row, in);
+    put(result, tile(operands, 0, finish), outputs);
+    return result[0];
   }
 
  private:
+  ZORS_INLINE std::ptrdiff_t lenOf(const PhaseRow& row) const { return rowLen - lanes + row.head; }
+  ZORS_INLINE const Value* tapsOf(const PhaseRow& row) const { return taps + row.taps + lanes - row.head; }
+
+  // ---- By columns ----
+
+  void slideRow(const PhaseRow& row, const Value* in, Output* out, std::ptrdiff_t iterations) const
+      requires(!integers) {
+    slide(tapsOf(row), lenOf(row), in + row.end - lenOf(row), out, iterations);
+  }
+  void byColumns(const Value* in, std::ptrdiff_t iterations, Output* out) const requires(!integers) {
+    const std::ptrdiff_t len = columnLen<Value>(up);
+    for (std::ptrdiff_t i = 0; i < iterations; i += len) {
+      const std::ptrdiff_t count = std::min(len, iterations - i);
+      for (std::ptrdiff_t r = 0; r < up; ++r) slideRow(rows[r], in + i, columns + r * len, count);
+      interleave(columns, len, up, count, out + i * up);
+    }
+  }
+
+  // ---- By tiles ----
+
   // Output o of a tile is that of row o % R and window o / R, or o where there are as many windows as outputs.
   template <int R, int W> struct Operands {
     const Value *taps[R], *samples[W];
@@ -288,39 +297,58 @@ template <class Value> struct Polyphase {
     ZORS_INLINE void setWindow(const Polyphase& engine, int w, const PhaseRow& row, const Value* in) {
       samples[w] = in + row.end - engine.rowLen;
     }
-    ZORS_INLINE void set(const Polyphase& engine, int o, const PhaseRow& row, const Value* in) {
-      setRow(engine, o, row);
-      setWindow(engine, o, row, in);
-    }
   };
 
-  template <int R, int W> ZORS_INLINE Cells tile(const Operands<R, W>& of, Finish finish) const {
+  // at: from the windows of the operands to those that are meant. shared: windows so many places apart stand a register
+  // apart; 0 where that is none or no two of them.
+  template <int R, int W, int shared = 0>
+  ZORS_INLINE Cells tile(const Operands<R, W>& of, std::ptrdiff_t at, Finish finish) const {
     constexpr auto rowOf = [](int o) { return o % R; };
     constexpr auto windowOf = [](int o) { return W == outputs ? o : o / R; };
+    using Samples = typename Arithmetic::Samples;
     Arithmetic sums[Arithmetic::planes];
     simd::unrolled<Arithmetic::planes>([&](auto p) ZORS_INLINE_LAMBDA {
       std::ptrdiff_t k = 0;
       const auto tapsAt = [&](int r) ZORS_INLINE_LAMBDA { return Arithmetic::taps(of.taps[r] + p * plane + k); };
       if (!wholeRows) {
         simd::unrolled<outputs>([&](auto o) ZORS_INLINE_LAMBDA {
-          sums[p].add(o, tapsAt(rowOf(o)), Arithmetic::lastSamples(of.samples[windowOf(o)], of.heads[rowOf(o)]));
+          sums[p].add(o, tapsAt(rowOf(o)), Arithmetic::lastSamples(of.samples[windowOf(o)] + at, of.heads[rowOf(o)]));
         });
         k = lanes;
       }
-      for (; k < rowLen; k += lanes) {
-        if constexpr (R == 1) {
+      if constexpr (shared > 0) {
+        // The samples of window o are those that window o + shared had before.
+        constexpr int pairs = outputs / 2;
+        constexpr auto firstOf = [](int pair) { return pair / shared * 2 * shared + pair % shared; };
+        using All = simd::Vec<typename Samples::Element, pairs * Samples::lanes>;
+        if (k == rowLen) return;
+        All x = simd::build<All>(
+            [&](auto i) ZORS_INLINE_LAMBDA { return Arithmetic::samples(of.samples[firstOf(i)] + (at + k)).r[0]; });
+        for (; k < rowLen; k += lanes) {
           const auto tap = tapsAt(0);
-          simd::unrolled<outputs>(
-              [&](auto o) ZORS_INLINE_LAMBDA { sums[p].add(o, tap, Arithmetic::samples(of.samples[o] + k)); });
-        } else {
-          simd::unrolled<W>([&](auto w) ZORS_INLINE_LAMBDA {
-            const auto x = Arithmetic::samples(of.samples[w] + k);
-            constexpr int count = W == outputs ? 1 : R;
-            simd::unrolled<count>([&](auto r) ZORS_INLINE_LAMBDA {
-              constexpr int o = w * count + r;
-              sums[p].add(std::integral_constant<int, o>{}, tapsAt(rowOf(o)), x);
-            });
+          simd::unrolled<pairs>([&](auto i) ZORS_INLINE_LAMBDA {
+            constexpr int o = firstOf(i);
+            sums[p].add(std::integral_constant<int, o>{}, tap, Samples{{x.r[i]}});
+            x.r[i] = simd::held(Arithmetic::samples(of.samples[o + shared] + (at + k))).r[0];
+            sums[p].add(std::integral_constant<int, o + shared>{}, tap, Samples{{x.r[i]}});
           });
+        }
+      } else {
+        for (; k < rowLen; k += lanes) {
+          if constexpr (R == 1) {
+            const auto tap = tapsAt(0);
+            simd::unrolled<outputs>(
+                [&](auto o) ZORS_INLINE_LAMBDA { sums[p].add(o, tap, Arithmetic::samples(of.samples[o] + (at + k))); });
+          } else {
+            simd::unrolled<W>([&](auto w) ZORS_INLINE_LAMBDA {
+              const auto x = Arithmetic::samples(of.samples[w] + (at + k));
+              constexpr int count = W == outputs ? 1 : R;
+              simd::unrolled<count>([&](auto r) ZORS_INLINE_LAMBDA {
+                constexpr int o = w * count + r;
+                sums[p].add(std::integral_constant<int, o>{}, tapsAt(rowOf(o)), x);
+              });
+            });
+          }
         }
       }
     });
@@ -328,22 +356,33 @@ template <class Value> struct Polyphase {
   }
 
   // Tiles of one row, whose windows stand `down` samples apart; returns the iterations done.
-  [[gnu::flatten]] std::ptrdiff_t oneRow(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
+  std::ptrdiff_t oneRow(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
+    const auto distance = lanes % down == 0 ? lanes / down : 0;
+    if (distance == 1) return oneRowBy<1>(in, iterations, out, finish);
+    if (distance == 2) return oneRowBy<2>(in, iterations, out, finish);
+    if constexpr (outputs > 4)
+      if (distance == 4) return oneRowBy<4>(in, iterations, out, finish);
+    return oneRowBy<0>(in, iterations, out, finish);
+  }
+  template <int shared>
+  [[gnu::flatten]] std::ptrdiff_t oneRowBy(const Value* in, std::ptrdiff_t iterations, Output* out,
+                                           Finish finish) const {
+    const auto operands = windowsOf(rows[0], in);
     std::ptrdiff_t i = 0;
-    for (; i + outputs <= iterations; i += outputs) put(out + i, windowsOfRow(rows[0], in + i * down, finish), outputs);
+    for (; i + outputs <= iterations; i += outputs)
+      put(out + i, tile<1, outputs, shared>(operands, i * down, finish), outputs);
     return i;
   }
-  ZORS_INLINE Cells windowsOfRow(const PhaseRow& row, const Value* in, Finish finish) const {
+  ZORS_INLINE Operands<1, outputs> windowsOf(const PhaseRow& row, const Value* in) const {
     Operands<1, outputs> operands;
     operands.setRow(*this, 0, row);
     for (int o = 0; o < outputs; ++o) operands.setWindow(*this, o, row, in + o * std::ptrdiff_t{down});
-    return tile(operands, finish);
+    return operands;
   }
 
   std::ptrdiff_t rowsTogether(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
     if (together == outputs) return grid<outputs>(in, iterations, out, finish);
-    if constexpr (outputs > 4)
-      if (together == 4) return grid<4>(in, iterations, out, finish);
+    if (together == 4) return grid<4>(in, iterations, out, finish);
     return grid<2>(in, iterations, out, finish);
   }
   template <int R>
@@ -351,30 +390,29 @@ template <class Value> struct Polyphase {
     constexpr int windows = outputs / R;
     std::ptrdiff_t i = 0;
     for (; i + windows <= iterations; i += windows)
-      for (std::ptrdiff_t first = 0; first < up; first += R) {
+      for (std::ptrdiff_t r0 = 0; r0 < up; r0 += R) {
         Operands<R, windows> operands;
-        for (int r = 0; r < R; ++r) operands.setRow(*this, r, rows[first + r]);
-        for (int w = 0; w < windows; ++w)
-          operands.setWindow(*this, w, rows[first], in + (i + w) * std::ptrdiff_t{down});
-        put(out + i * up + first, tile(operands, finish), outputs);
+        for (int r = 0; r < R; ++r) operands.setRow(*this, r, rows[r0 + r]);
+        for (int w = 0; w < windows; ++w) operands.setWindow(*this, w, rows[r0], in + (i + w) * std::ptrdiff_t{down});
+        put(out + i * up + r0, tile(operands, 0, finish), outputs);
       }
     return i;
   }
 
   // As many iterations as a tile has outputs, row by row, then turned about.
   [[gnu::flatten]] void square(const Value* in, Output* out, const Output* end, Finish finish) const {
-    for (std::ptrdiff_t first = 0; first < up; first += cellsInOne) {
-      const int wide = int(std::min<std::ptrdiff_t>(cellsInOne, up - first));
+    for (std::ptrdiff_t r0 = 0; r0 < up; r0 += cellsInOne) {
+      const int wide = int(std::min<std::ptrdiff_t>(cellsInOne, up - r0));
       alignas(32) Cell cells[cellsInOne][outputs];
-      for (int r = 0; r < wide; ++r) simd::store(cells[r], windowsOfRow(rows[first + r], in, finish));
+      for (int r = 0; r < wide; ++r) simd::store(cells[r], tile(windowsOf(rows[r0 + r], in), 0, finish));
       for (int r = wide; r < cellsInOne; ++r) simd::store(cells[r], simd::splat<Cells>(Cell{}));
       for (int part = 0; part < outputs; part += cellsInOne) {
         using Square = simd::Vec<Cell, cellsInOne * cellsInOne>;
-        const auto byIteration = transposed(simd::build<Square>(
+        const auto byIteration = interleaved<cellsInOne>(simd::build<Square>(
             [&](auto r) ZORS_INLINE_LAMBDA { return simd::load<cellsInOne>(cells[r] + part).r[0]; }));
         simd::unrolled<cellsInOne>([&](auto l) ZORS_INLINE_LAMBDA {
           // A whole register where what it covers beyond the outputs of this iteration is written after it.
-          Output* to = out + (part + l) * up + first;
+          Output* to = out + (part + l) * up + r0;
           const bool whole = wide == cellsInOne || (up < cellsInOne && to + cellsInOne <= end);
           putOne(to, byIteration.r[l], whole ? cellsInOne : wide);
         });
@@ -382,20 +420,21 @@ template <class Value> struct Polyphase {
     }
   }
 
-  // Outputs first to total - 1 of all, in order; the last tile begins earlier, where there are outputs before it.
-  [[gnu::flatten]] void inOrder(const Value* in, std::ptrdiff_t first, std::ptrdiff_t total, Output* out,
+  // Outputs `from` to total - 1 of all, in order; the last tile begins earlier, where there are outputs before it.
+  [[gnu::flatten]] void inOrder(const Value* in, std::ptrdiff_t from, std::ptrdiff_t total, Output* out,
                                 Finish finish) const {
-    for (; first < total; first += outputs) {
-      if (first + outputs > total) first = std::max<std::ptrdiff_t>(total - outputs, 0);
-      const int count = int(std::min<std::ptrdiff_t>(outputs, total - first));
+    for (; from < total; from += outputs) {
+      if (from + outputs > total) from = std::max<std::ptrdiff_t>(total - outputs, 0);
+      const int count = int(std::min<std::ptrdiff_t>(outputs, total - from));
       Operands<outputs, outputs> operands;
-      std::ptrdiff_t r = first % up;
-      const Value* from = in + first / up * down;
+      std::ptrdiff_t r = from % up;
+      const Value* x = in + from / up * down;
       for (int o = 0; o < outputs; ++o) {
-        operands.set(*this, o, rows[r], from);
-        if (o + 1 < count && ++r == up) r = 0, from += down;
+        operands.setRow(*this, o, rows[r]);
+        operands.setWindow(*this, o, rows[r], x);
+        if (o + 1 < count && ++r == up) r = 0, x += down;
       }
-      put(out + first, tile(operands, finish), count);
+      put(out + from, tile(operands, 0, finish), count);
     }
   }
 
