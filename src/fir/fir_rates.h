@@ -61,9 +61,9 @@ template <class Value> std::size_t firLineLen(const fir::Phases& phases, Zor32s 
 inline std::size_t firResultsLen(const fir::Phases& phases, Zor32s down) {
   return static_cast<std::size_t>(firChunkOf(phases, down)) * static_cast<std::size_t>(phases.up);
 }
-template <class Value> std::size_t firColumnsLen(const fir::Phases& phases, Zor32s down) {
+template <class Value> std::size_t firColumnsLen(const fir::Phases& phases) {
   if constexpr (!std::is_integral_v<simd::Part<Value>>)
-    if (down == 1 && phases.up > 1) return static_cast<std::size_t>(phases.up * fir::columnLen<Value>(phases.up));
+    if (phases.up > 1) return static_cast<std::size_t>(phases.up * fir::columnLen<Value>(phases.up));
   return 0;
 }
 // What a record holds besides its rows and taps: a specification nothing, a stream the columns of the engine, a state a
@@ -81,7 +81,7 @@ RateParts<typename Kind::Value> layRates(Layout& block, Zor32s tapsLen, Zor32s u
   parts.phaseTaps =
       block.take<Value>(static_cast<std::size_t>(fir::tapsInAll<Value>(phases)) * fir::PhaseSums<Value>::planes);
   parts.tapsReversed = block.take<Value>(static_cast<std::size_t>(tapsLen) * fir::PhaseSums<Value>::planes + 1);
-  if (record != RateRecord::specification) parts.columns = block.take<Value>(firColumnsLen<Value>(phases, down));
+  if (record != RateRecord::specification) parts.columns = block.take<Value>(firColumnsLen<Value>(phases));
   if (record == RateRecord::state) {
     Value* line = block.take<Value>(firLineLen<Value>(phases, down));
     parts.line = line == nullptr ? nullptr : line + firSpare;

@@ -28,7 +28,7 @@ template <class Value> struct Buffer {
   Value *line, *results, *columns;
   static Buffer lay(Layout& block, const fir::Phases& phases, Zor32s down) {
     return {block.take<Value>(firLineLen<Value>(phases, down)), block.take<Value>(firResultsLen(phases, down)),
-            block.take<Value>(firColumnsLen<Value>(phases, down))};
+            block.take<Value>(firColumnsLen<Value>(phases))};
   }
 };
 template <class Value> std::size_t bufferSizeOf(Zor32s tapsLen, Zor32s up, Zor32s down) {

@@ -209,12 +209,13 @@ template <class T>
 
 // ---- Blocks -------------------------------------------------------------------------------------
 
-// Several outputs for one sample are computed in columns, one for each of them, of so many iterations at a time that
+// Several outputs an iteration are computed in columns, one for each of them, of so many iterations at a time that
 // there is room in the first-level cache.
 template <class Value> std::ptrdiff_t columnLen(std::ptrdiff_t up) {
-  constexpr std::ptrdiff_t lanes = simd::lanesOf<Value>, widest = lanes * dot::widestTile<Value>;
-  const std::ptrdiff_t fit = 8192 / std::ptrdiff_t{sizeof(Value)} / up, step = fit >= widest ? widest : lanes;
-  return std::max(fit / step * step, lanes);
+  constexpr std::ptrdiff_t least = std::max(simd::lanesOf<Value>, PhaseSums<Value>::outputs),
+                           widest = simd::lanesOf<Value> * dot::widestTile<Value>;
+  const std::ptrdiff_t fit = 8192 / std::ptrdiff_t{sizeof(Value)} / up, step = fit >= widest ? widest : least;
+  return std::max(fit / step * step, least);
 }
 
 // An order of addition belongs to a filter, not to a kernel or a place: where an iteration takes several samples an
@@ -234,22 +235,15 @@ template <class Value> struct Polyphase {
   Zor32s up, down;
   bool wholeRows;   // no zeros in them
   Zor32s together;  // so many neighbouring rows have the same window; 1 where that helps no kernel
-  Value* columns;   // up of them, where an iteration takes one sample
+  Value* columns;   // up of them
 
   // The outputs of `iterations`, whose first sample is in[0]. out may not overlap what is read.
   void run(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
     if constexpr (!integers)
-      if (down == 1) return up == 1 ? slideRow(rows[0], in, out, iterations) : byColumns(in, iterations, out);
-    const std::ptrdiff_t total = iterations * up;
-    std::ptrdiff_t done = 0;
-    if (up == 1)
-      done = oneRow(in, iterations, out, finish);
-    else if (together > 1)
-      done = rowsTogether(in, iterations, out, finish);
-    else
-      for (; done + outputs <= iterations; done += outputs)
-        square(in + done * down, out + done * up, out + total, finish);
-    inOrder(in, done * up, total, out, finish);
+      if (up == 1 && down == 1) return slideRow(rows[0], in, out, iterations);
+    const std::ptrdiff_t done =
+        up == 1 ? oneRow(rows[0], in, iterations, out, finish) : severalRows(in, iterations, out, finish);
+    inOrder(in, done * up, iterations * up, out, finish);
   }
 
   // Output r of the iteration at in by itself.
@@ -269,19 +263,37 @@ template <class Value> struct Polyphase {
   ZORS_INLINE std::ptrdiff_t lenOf(const PhaseRow& row) const { return rowLen - lanes + row.head; }
   ZORS_INLINE const Value* tapsOf(const PhaseRow& row) const { return taps + row.taps + lanes - row.head; }
 
-  // ---- By columns ----
+  // ---- Several rows ----
 
+  // Returns the iterations done.
+  std::ptrdiff_t severalRows(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
+    if constexpr (!integers) return byColumns(in, iterations, out);
+    if (together > 1) return rowsTogether(in, iterations, out, finish);
+    std::ptrdiff_t i = 0;
+    for (; i + outputs <= iterations; i += outputs) square(in + i * down, out + i * up, out + iterations * up, finish);
+    return i;
+  }
   void slideRow(const PhaseRow& row, const Value* in, Output* out, std::ptrdiff_t iterations) const
       requires(!integers) {
     slide(tapsOf(row), lenOf(row), in + row.end - lenOf(row), out, iterations);
   }
-  void byColumns(const Value* in, std::ptrdiff_t iterations, Output* out) const requires(!integers) {
-    const std::ptrdiff_t len = columnLen<Value>(up);
-    for (std::ptrdiff_t i = 0; i < iterations; i += len) {
-      const std::ptrdiff_t count = std::min(len, iterations - i);
-      for (std::ptrdiff_t r = 0; r < up; ++r) slideRow(rows[r], in + i, columns + r * len, count);
-      interleave(columns, len, up, count, out + i * up);
+  std::ptrdiff_t byColumns(const Value* in, std::ptrdiff_t iterations, Output* out) const {
+    std::ptrdiff_t i = 0;
+    if constexpr (!integers) {
+      const std::ptrdiff_t len = columnLen<Value>(up), all = down == 1 ? iterations : iterations / outputs * outputs;
+      for (; i < all; i += std::min(len, all - i)) {
+        const std::ptrdiff_t count = std::min(len, all - i);
+        const Value* from = in + i * down;
+        for (std::ptrdiff_t r = 0; r < up; ++r) {
+          if (down == 1)
+            slideRow(rows[r], from, columns + r * len, count);
+          else
+            oneRow(rows[r], from, count, columns + r * len, {});
+        }
+        interleave(columns, len, up, count, out + i * up);
+      }
     }
+    return i;
   }
 
   // ---- By tiles ----
@@ -356,18 +368,19 @@ template <class Value> struct Polyphase {
   }
 
   // Tiles of one row, whose windows stand `down` samples apart; returns the iterations done.
-  std::ptrdiff_t oneRow(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
+  std::ptrdiff_t oneRow(const PhaseRow& row, const Value* in, std::ptrdiff_t iterations, Output* out,
+                        Finish finish) const {
     const auto distance = lanes % down == 0 ? lanes / down : 0;
-    if (distance == 1) return oneRowBy<1>(in, iterations, out, finish);
-    if (distance == 2) return oneRowBy<2>(in, iterations, out, finish);
+    if (distance == 1) return oneRowBy<1>(row, in, iterations, out, finish);
+    if (distance == 2) return oneRowBy<2>(row, in, iterations, out, finish);
     if constexpr (outputs > 4)
-      if (distance == 4) return oneRowBy<4>(in, iterations, out, finish);
-    return oneRowBy<0>(in, iterations, out, finish);
+      if (distance == 4) return oneRowBy<4>(row, in, iterations, out, finish);
+    return oneRowBy<0>(row, in, iterations, out, finish);
   }
   template <int shared>
-  [[gnu::flatten]] std::ptrdiff_t oneRowBy(const Value* in, std::ptrdiff_t iterations, Output* out,
+  [[gnu::flatten]] std::ptrdiff_t oneRowBy(const PhaseRow& row, const Value* in, std::ptrdiff_t iterations, Output* out,
                                            Finish finish) const {
-    const auto operands = windowsOf(rows[0], in);
+    const auto operands = windowsOf(row, in);
     std::ptrdiff_t i = 0;
     for (; i + outputs <= iterations; i += outputs)
       put(out + i, tile<1, outputs, shared>(operands, i * down, finish), outputs);
