@@ -112,6 +112,7 @@ template <class T> ZorStatus bySorting(const T* src, T* dst, std::ptrdiff_t len,
   if (mask < 2 * lanes) return slide<T, KeysInRegisters<K, 2>>(src, dst, len, mask);
   if (mask < 4 * lanes) return slide<T, KeysInRegisters<K, 4>>(src, dst, len, mask);
   if (mask < 8 * lanes) return slide<T, KeysInRegisters<K, 8>>(src, dst, len, mask);
+  if (mask < 16 * lanes) return slide<T, KeysInRegisters<K, 16>>(src, dst, len, mask);
   return slide<T, KeysInMemory<K>>(src, dst, len, mask);
 }
 

@@ -49,8 +49,11 @@ template <int mask, class T> [[gnu::flatten]] void network(const T* in, T* out, 
   if (len < lanes) return simd::storePart(out, medians<mask>(in), int(len));
   simd::store(out, medians<mask>(in));
   const auto beyond = reinterpret_cast<std::uintptr_t>(out) % 32 / sizeof(T);
-  for (std::ptrdiff_t i = lanes - static_cast<std::ptrdiff_t>(beyond); i < len - lanes; i += lanes)
-    simd::store(out + i, medians<mask>(in + i));
+  std::ptrdiff_t i = lanes - static_cast<std::ptrdiff_t>(beyond);
+  for (; i + 4 * lanes <= len; i += 4 * lanes)
+    simd::unrolled<4>([&](auto k)
+                          ZORS_INLINE_LAMBDA { simd::store(out + i + k * lanes, medians<mask>(in + i + k * lanes)); });
+  for (; i < len - lanes; i += lanes) simd::store(out + i, medians<mask>(in + i));
   simd::store(out + len - lanes, medians<mask>(in + len - lanes));
 }
 

@@ -7,26 +7,60 @@
 
 namespace zors::fir {
 
-// Cell i of each row in turn, i from 0 on; rows are a power of two of registers, at most as many as cells of a row.
+// Cell i of each row in turn, i from 0 on: 2, 4 or 8 rows, at most as many as a row has cells.
 template <int rows, class T, int L> ZORS_INLINE simd::Vec<T, L> interleaved(simd::Vec<T, L> x) {
   using V = simd::Vec<T, L>;
   using Register = typename V::Register;
   static_assert(V::registers == rows && rows <= simd::lanesOf<T>);
-  // Neighbouring cells of rows a half of the rows apart, again and again: a perfect shuffle at each step.
-  const auto step = [](V in) ZORS_INLINE_LAMBDA {
-    return simd::build<V>([&](auto i) ZORS_INLINE_LAMBDA {
-      const __m256i a = simd::bits(in.r[i / 2]), b = simd::bits(in.r[i / 2 + rows / 2]);
-      __m256i low = a, high = b;
-      if constexpr (sizeof(T) == 4)
-        low = _mm256_unpacklo_epi32(a, b), high = _mm256_unpackhi_epi32(a, b);
-      else if constexpr (sizeof(T) == 8)
-        low = _mm256_unpacklo_epi64(a, b), high = _mm256_unpackhi_epi64(a, b);
-      return simd::fromBits<Register>(_mm256_permute2x128_si256(low, high, i % 2 == 0 ? 0x20 : 0x31));
-    });
+  constexpr int low = 0, high = 1;
+  // Of cells of so many bytes, those of one half of each half of two registers in turn.
+  const auto unpacked = []<int bytes>(std::integral_constant<int, bytes>, Register p, Register q,
+                                      int half) ZORS_INLINE_LAMBDA {
+    const __m256i a = simd::bits(p), b = simd::bits(q);
+    if constexpr (bytes == 4)
+      return simd::fromBits<Register>(half == low ? _mm256_unpacklo_epi32(a, b) : _mm256_unpackhi_epi32(a, b));
+    else
+      return simd::fromBits<Register>(half == low ? _mm256_unpacklo_epi64(a, b) : _mm256_unpackhi_epi64(a, b));
   };
-  if constexpr (rows == 2) return step(x);
-  if constexpr (rows == 4) return step(step(x));
-  if constexpr (rows == 8) return step(step(step(x)));
+  const auto halves = [](Register p, Register q, int half) ZORS_INLINE_LAMBDA {
+    const __m256i a = simd::bits(p), b = simd::bits(q);
+    return simd::fromBits<Register>(half == low ? _mm256_permute2x128_si256(a, b, 0x20)
+                                                : _mm256_permute2x128_si256(a, b, 0x31));
+  };
+  const auto& r = x.r;
+  constexpr std::integral_constant<int, 4> four{};
+  constexpr std::integral_constant<int, 8> eight{};
+  if constexpr (sizeof(T) == 16) {
+    return {{halves(r[0], r[1], low), halves(r[0], r[1], high)}};
+  } else if constexpr (rows == 2) {
+    constexpr std::integral_constant<int, sizeof(T)> cell{};
+    const Register even = unpacked(cell, r[0], r[1], low), odd = unpacked(cell, r[0], r[1], high);
+    return {{halves(even, odd, low), halves(even, odd, high)}};
+  } else if constexpr (sizeof(T) == 8) {
+    const Register a = unpacked(eight, r[0], r[1], low), b = unpacked(eight, r[2], r[3], low),
+                   c = unpacked(eight, r[0], r[1], high), d = unpacked(eight, r[2], r[3], high);
+    return {{halves(a, b, low), halves(c, d, low), halves(a, b, high), halves(c, d, high)}};
+  } else {
+    // Register k: cells k and k + 4 of four rows.
+    const auto ofFour = [&](int first) ZORS_INLINE_LAMBDA {
+      const Register a = unpacked(four, r[first], r[first + 1], low),
+                     b = unpacked(four, r[first + 2], r[first + 3], low),
+                     c = unpacked(four, r[first], r[first + 1], high),
+                     d = unpacked(four, r[first + 2], r[first + 3], high);
+      return simd::Vec<T, 32>{{unpacked(eight, a, b, low), unpacked(eight, a, b, high), unpacked(eight, c, d, low),
+                               unpacked(eight, c, d, high)}};
+    };
+    const auto u = ofFour(0);
+    if constexpr (rows == 4) {
+      return {{halves(u.r[0], u.r[1], low), halves(u.r[2], u.r[3], low), halves(u.r[0], u.r[1], high),
+               halves(u.r[2], u.r[3], high)}};
+    } else {
+      const auto v = ofFour(4);
+      return {{halves(u.r[0], v.r[0], low), halves(u.r[1], v.r[1], low), halves(u.r[2], v.r[2], low),
+               halves(u.r[3], v.r[3], low), halves(u.r[0], v.r[0], high), halves(u.r[1], v.r[1], high),
+               halves(u.r[2], v.r[2], high), halves(u.r[3], v.r[3], high)}};
+    }
+  }
 }
 
 // out[i * up + r] = columns[r * stride + i] for i < count, r < up.

@@ -200,14 +200,15 @@ template <class Sum, class Sample> struct Dots {
   const Zor32f* rows[outputsAtOnce];
   const Sample* x[outputsAtOnce];
 
-  // The dot products of `taps` taps each, a multiple of 4.
-  ZORS_INLINE void operator()(std::ptrdiff_t taps, Sum* sums) const {
+  // The dot products of `taps` taps each, a multiple of 4; all may be of the first row.
+  template <bool oneRow> ZORS_INLINE void operator()(std::bool_constant<oneRow>, std::ptrdiff_t taps, Sum* sums) const {
     // Binary32 sums in two registers each, of every second eight; those of binary64 fill two anyway.
     constexpr int ways = sizeof(Sum) == 4 ? 2 : 1;
     constexpr int step = 8 * ways;
     Products<Sum> parts[outputsAtOnce][ways];
+    const auto rowOf = [](int o) { return oneRow ? 0 : o; };
     const auto add = [&](auto o, auto way, std::ptrdiff_t k) ZORS_INLINE_LAMBDA {
-      parts[o][way].add(simd::load<8>(rows[o] + k), simd::floatsAt(x[o] + k));
+      parts[o][way].add(simd::load<8>(rows[rowOf(o)] + k), simd::floatsAt(x[o] + k));
     };
     std::ptrdiff_t k = 0;
     for (; k + step <= taps; k += step)
@@ -221,7 +222,7 @@ template <class Sum, class Sample> struct Dots {
     }
     if (k < taps)
       simd::unrolled<outputsAtOnce>([&](auto o) ZORS_INLINE_LAMBDA {
-        parts[o][ways - 1].add(fourThenZeros(rows[o] + k), fourThenZeros(x[o] + k));
+        parts[o][ways - 1].add(fourThenZeros(rows[rowOf(o)] + k), fourThenZeros(x[o] + k));
       });
     using One = Vec<Sum, simd::lanesOf<Sum>>;
     const auto folded = simd::build<Vec<Sum, outputsAtOnce * One::lanes>>([&](auto o) ZORS_INLINE_LAMBDA {
@@ -250,31 +251,42 @@ template <class Sum, class Sample>
   const Zor64s first = i0 * out + q, limit = out * (len + i0), count = first < limit ? (limit - first - 1) / in + 1 : 0;
   const auto gain = static_cast<Sum>(std::min(1.0, Zor64f(out) / Zor64f(in)) * state->scale * norm);
   // Output c stands at c / out: the sample before it, and the phase behind that.
-  const Zor64s samples = in / out, phases = in % out;
   Zor64s sample = q == out ? i0 + 1 : i0, phase = q == out ? 0 : q;
-  for (Zor64s done = 0; done < count; done += outputsAtOnce) {
-    const int made = static_cast<int>(std::min<Zor64s>(count - done, outputsAtOnce));
-    Dots<Sum, Sample> dots;
-    Sum sums[outputsAtOnce], beyond[outputsAtOnce];
-    for (int o = 0; o < outputsAtOnce; ++o) {
-      dots.rows[o] = state->rows + phase * (2 * h + 4);
-      dots.x[o] = src + sample + 1 - h;
-      // Row 0 is symmetrical about the sample itself: it begins a sample earlier and has a tap more.
-      beyond[o] = 0;
-      if (phase == 0) {
-        --dots.x[o];
-        beyond[o] = static_cast<Sum>(dots.rows[o][2 * h]) * static_cast<Sum>(dots.x[o][2 * h]);
-      }
-      if (o + 1 >= made) continue;  // the last one again
-      phase += phases;
-      sample += samples + (phase >= out ? 1 : 0);
-      phase -= phase >= out ? out : 0;
-    }
-    dots(2 * h, sums);
-    for (int o = 0; o < made; ++o) dst[done + o] = result<Sample, Ties::even>((sums[o] + beyond[o]) * gain);
+  const auto advance = [&, samples = in / out, phases = in % out]() ZORS_INLINE_LAMBDA {
     phase += phases;
     sample += samples + (phase >= out ? 1 : 0);
     phase -= phase >= out ? out : 0;
+  };
+  Dots<Sum, Sample> dots;
+  Sum sums[outputsAtOnce], beyond[outputsAtOnce];
+  // Row 0 is symmetrical about the sample itself: it begins a sample earlier and has a tap more.
+  const auto set = [&](int o, Zor64s shift) ZORS_INLINE_LAMBDA {
+    dots.rows[o] = state->rows + phase * (2 * h + 4);
+    dots.x[o] = src + sample + shift - h + (phase == 0 ? 0 : 1);
+    beyond[o] = phase == 0 ? static_cast<Sum>(dots.rows[o][2 * h]) * static_cast<Sum>(dots.x[o][2 * h]) : 0;
+  };
+  const auto put = [&](Sample* to, int o)
+                       ZORS_INLINE_LAMBDA { *to = result<Sample, Ties::even>((sums[o] + beyond[o]) * gain); };
+  // Every out-th output is of the same row: those of so many rounds together, so that the rows, which may leave the
+  // first-level cache, are read once for all of them.
+  Zor64s done = 0;
+  for (; done + outputsAtOnce * out <= count; done += outputsAtOnce * out) {
+    for (Zor64s k = 0; k < out; ++k, advance()) {
+      for (int o = 0; o < outputsAtOnce; ++o) set(o, o * in);
+      dots(std::true_type{}, 2 * h, sums);
+      for (int o = 0; o < outputsAtOnce; ++o) put(dst + done + k + o * out, o);
+    }
+    sample += (outputsAtOnce - 1) * in;
+  }
+  for (; done < count; done += outputsAtOnce) {
+    const int made = static_cast<int>(std::min<Zor64s>(count - done, outputsAtOnce));
+    for (int o = 0; o < outputsAtOnce; ++o) {  // the last one again where there are no more
+      if (o > 0 && o < made) advance();
+      set(o, 0);
+    }
+    dots(std::false_type{}, 2 * h, sums);
+    for (int o = 0; o < made; ++o) put(dst + done + o, o);
+    advance();
   }
   *time = fraction + static_cast<Zor64f>(first + count * in - q) / static_cast<Zor64f>(out);
   *outLen = static_cast<Zor32s>(count);
