@@ -39,14 +39,14 @@ std::size_t streamSize16s(Zor32s tapsLen) {
 
 template <class Kind> std::size_t rateStreamSize(Zor32s tapsLen, Zor32s up, Zor32s down) {
   Layout account = firLayout<Kind>();
-  layRates<Kind>(account, tapsLen, up, down, false);
+  layRates<Kind>(account, tapsLen, up, down, RateRecord::stream);
   return account.size();
 }
 template <class Kind, class Set>
 ZorFIRState* buildRateStream(Zor8u* memory, Tag tag, Zor32s tapsLen, const Rates& rates, Set set) {
   Layout block = firLayout<Kind>(memory);
-  ZorFIRState* state =
-      firBuildRates<Kind>(block, tag, tapsLen, rates.up, rates.upPhase, rates.down, rates.downPhase, false, true);
+  ZorFIRState* state = firBuildRates<Kind>(block, tag, tapsLen, rates.up, rates.upPhase, rates.down, rates.downPhase,
+                                           RateRecord::stream);
   firFillRows<typename Kind::Value>(*state->rates, tapsLen);
   set(state);
   return state;
