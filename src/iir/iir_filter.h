@@ -8,14 +8,14 @@ namespace zors {
 // Stores taps, normalised, and the tables made from them; registers stay. zorStatusDivideByZero leaves all as it was.
 template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* taps);
 
-// The tables of one section with the normalised a1, a2.
-template <class Value> void iirSectionRows(Value a1, Value a2, Value* table);
+// The table of one section with the normalised a1, a2.
+template <class Value> void iirSectionTableOf(Value a1, Value a2, Value* table);
 
 // len samples in place, one by one.
 template <class Value> void iirStep(ZorIIRState* state, Value* data, Zor32s len);
 
-// A chunk of at most iirChunk samples in place, several outputs at once. data is aligned to a register, has iirLead
-// bytes before it and room for iirChunk values. False where an output is not a finite number: such a number would reach
+// A chunk of at most iirChunk samples in place, several outputs at once. data is aligned to a register and has room for
+// iirChunk values. False where an output is not a finite number: such a number would reach
 // outputs before it, so nothing is claimed about data; registers are as they were.
 template <class Value> bool iirLookAhead(ZorIIRState* state, Value* data, Zor32s len);
 

@@ -6,6 +6,7 @@
 
 #include "iir/iir_filter.h"
 #include "iir/iir_scalar.h"
+#include "iir/iir_sections.h"
 #include "iir/iir_vector.h"
 
 namespace zors {
@@ -16,9 +17,11 @@ using simd::load;
 
 Zor32s padded(Zor32s len, int multiple) { return (len + multiple - 1) / multiple * multiple; }
 
-// Whether all values are finite, up to the next pair of whole registers.
+// Chunks are followed by zeros up to a multiple of this.
+template <class T> inline constexpr Zor32s padding = iirRun * iirLanes<T>;
+
 template <class T> bool allFinite(const T* data, Zor32s len) {
-  using Real = simd::Vec<simd::Part<T>, 2 * row<T> * parts<T>>;
+  using Real = simd::Vec<simd::Part<T>, iirRun * iirLanes<T>>;
   const auto* p = components(data);
   auto seen = simd::splat<Real>(0);
   for (std::ptrdiff_t i = 0; i < len * parts<T>; i += Real::lanes)
@@ -27,47 +30,6 @@ template <class T> bool allFinite(const T* data, Zor32s len) {
 }
 
 // ---- Sections of order 2 ------------------------------------------------------------------------
-
-// len, a multiple of two registers, in place. taps: b0, b1, b2, ...; registers: what the past adds to the first two v.
-// The outputs of a half register come from its own v, then the upper half takes the lower one's last two outputs, the
-// second register the first one's; what two registers wait for is one product of each of the last two outputs before
-// them. The register before data is written, with zeros.
-template <class T> void section(const T* taps, const T* table, const T* registers, T* data, Zor32s len) {
-  constexpr int n = row<T>, half = n / 2;
-  const auto b0 = factor(taps[0]), b1 = factor(taps[1]), b2 = factor(taps[2]);
-  const T *one = table, *two = table + half + 2 * n;  // what the outputs one and two back add
-  const Block<T> upper1 = load<n>(one), upper2 = load<n>(two);
-  const Block<T> first1 = load<n>(one + half), first2 = load<n>(two + half);
-  const Block<T> second1 = load<n>(one + half + n), second2 = load<n>(two + half + n);
-  const auto fromBefore = [](Block<T> before, Block<T> by1, Block<T> by2, Block<T> x) ZORS_INLINE_LAMBDA {
-    return join<T>(addProduct(lane<n - 1>(before), by1, addProduct(lane<n - 2>(before), by2, sumOf(x))));
-  };
-  const auto within = [&](Products<T> v) ZORS_INLINE_LAMBDA {
-    const Block<T> x = join<T>(v);
-    auto sum = sumOf(x);
-    simd::unrolled<half - 1>(
-        [&](auto j) ZORS_INLINE_LAMBDA { sum = addProduct(inHalf<j>(x), loadTwice(one + half - 1 - j), sum); });
-    const Block<T> halves = join<T>(sum);
-    sum = addProduct(lane<half - 1>(halves), upper1, sumOf(halves));
-    if constexpr (half > 1) sum = addProduct(lane<half - 2>(halves), upper2, sum);
-    return join<T>(sum);
-  };
-  T start[n] = {registers[0], registers[1]};
-  auto past = sumOf(load<n>(start));
-  auto before = simd::splat<Block<T>>(zero<T>());
-  simd::store(data - n, before);
-  for (T* p = data; p < data + len; p += 2 * n) {
-    const auto v = addProduct(b2, load<n>(p - 2), addProduct(b1, load<n>(p - 1), addProduct(b0, load<n>(p), past)));
-    const auto vNext =
-        addProduct(b2, load<n>(p + n - 2), addProduct(b1, load<n>(p + n - 1), product(b0, load<n>(p + n))));
-    simd::store(p - n, before);  // not sooner: v has read its last two inputs
-    past = simd::splat<Products<T>>(0);
-    const Block<T> own = within(v), ownNext = fromBefore(own, first1, first2, within(vNext));
-    simd::store(p, fromBefore(before, first1, first2, own));
-    before = fromBefore(before, second1, second2, ownNext);
-  }
-  simd::store(data + len - n, before);
-}
 
 // The transposed registers after inputs ..., x2, x1 and outputs ..., y2, y1.
 template <class T> void closeRegisters(const T* taps, T x1, T x2, T y1, T y2, T* registers) {
@@ -79,11 +41,12 @@ template <class T> void sections(const ZorIIRState* state, Zor32s count, T* data
   const auto *taps = static_cast<const T*>(state->taps), *table = static_cast<const T*>(state->tables);
   const auto* registers = static_cast<const T*>(state->dlyLine);
   const bool firstForm = state->form == IirForm::firstForm;
-  const Zor32s paddedLen = padded(len, 2 * row<T>);
-  std::fill(data + len, data + paddedLen, zero<T>());
+  const Zor32s blocks = padded(len, blockLen<T>) / blockLen<T>;
+  std::fill(data + len, data + blocks * blockLen<T>, zero<T>());
   T ownTable[iirSectionTable<T>];
   for (Zor32s s = 0; s < count; ++s, taps += 5) {
-    const T x1 = data[len - 1], x2 = data[len - 2];
+    const auto sample = [&](bool rows, Zor32s i) { return rows ? data[i] : sampleAt(data, i); };
+    const T x1 = sample(s == 0, len - 1), x2 = sample(s == 0, len - 2);
     T transposed[2];
     if (firstForm) {
       closeRegisters(taps, registers[0], registers[1], registers[2], registers[3], transposed);
@@ -92,10 +55,13 @@ template <class T> void sections(const ZorIIRState* state, Zor32s count, T* data
       std::copy_n(registers, 2, transposed);
       registers += 2;
     }
-    if (state->tables == nullptr) iirSectionRows(taps[3], taps[4], ownTable);
-    section(taps, state->tables == nullptr ? ownTable : table + s * std::ptrdiff_t{iirSectionTable<T>}, transposed,
-            data, paddedLen);
-    const T y1 = data[len - 1], y2 = data[len - 2];
+    if (state->tables == nullptr) iirSectionTableOf(taps[3], taps[4], ownTable);
+    const SectionColumns<T> columns(taps, state->tables == nullptr ? ownTable : table);
+    if (state->tables != nullptr) table += iirSectionTable<T>;
+    const bool first = s == 0, last = s + 1 == count;
+    first ? filterRuns<true>(columns, transposed, data, blocks) : filterRuns<false>(columns, transposed, data, blocks);
+    last ? joinRuns<true>(columns, data, blocks) : joinRuns<false>(columns, data, blocks);
+    const T y1 = sample(last, len - 1), y2 = sample(last, len - 2);
     if (firstForm) {
       for (T value : {x1, x2, y1, y2}) *registersAfter++ = value;
     } else {
@@ -155,7 +121,7 @@ template <class T> void polynomial(const ZorIIRState* state, T* data, Zor32s len
   const Zor32s order = state->count, head = padded(order, row<T>), paddedLen = padded(len, 2 * row<T>);
   const auto *b = static_cast<const T*>(state->taps), *a = b + order + 1;
   const auto* registers = static_cast<const T*>(state->dlyLine);
-  std::fill(data + len, data + paddedLen, zero<T>());
+  std::fill(data + len, data + padded(len, padding<T>), zero<T>());
   std::fill_n(registersAfter, order, zero<T>());
   leaveInRegisters(b + 1, order, data + len - 1, false, registersAfter);
 

@@ -35,7 +35,7 @@ void iirCutFirst(const typename Kind::Value* results, typename Kind::Sample* dst
                                zorRoundTowardZero, std::clamp(scaleFactor, -127, 126));
 }
 
-// scratch: room for a chunk, with a register of room before it.
+// scratch: room for a chunk.
 template <class Kind>
 void iirFilter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorIIRState* state,
                typename Kind::Value* scratch, Zor32s scaleFactor) {
@@ -62,8 +62,8 @@ void iirFilter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor
   if (state->scratch != nullptr)
     return iirFilter<Kind>(src, dst, len, state, static_cast<Value*>(state->scratch), scaleFactor);
   if constexpr (Kind::hasFirstForm && !Kind::converts) {
-    alignas(iirAlignment) Value local[iirRow<Value> + iirChunk];
-    iirFilter<Kind>(src, dst, len, state, local + iirRow<Value>, scaleFactor);
+    alignas(iirAlignment) Value local[iirChunk];
+    iirFilter<Kind>(src, dst, len, state, local, scaleFactor);
   }
 }
 

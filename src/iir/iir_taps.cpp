@@ -41,17 +41,22 @@ template <class Value> void polynomialRows(const Value* a, Zor32s order, Value* 
 
 }  // namespace
 
-// Two rows, each behind half a register of zeros: the impulse response from h[1] on, which is what the output one
-// sample back adds, and -a2 h[0], -a2 h[1], ..., what the output two samples back adds.
-template <class Value> void iirSectionRows(Value a1, Value a2, Value* table) {
-  constexpr auto row = static_cast<Zor32s>(iirRow<Value>);
+template <class Value> void iirSectionTableOf(Value a1, Value a2, Value* table) {
+  constexpr int lanes = iirLanes<Value>;
   const Value a[] = {a1, a2};
-  Wide<Value> h[2 * row + 1];
-  impulseResponse(a, 2, h, 2 * row + 1);
-  table = std::fill_n(table, row / 2, zero<Value>());
-  for (Zor32s i = 0; i < 2 * row; ++i) *table++ = narrowed<Value>(h[i + 1]);
-  table = std::fill_n(table, row / 2, zero<Value>());
-  for (Zor32s i = 0; i < 2 * row; ++i) *table++ = narrowed<Value>(mul(negated(wide(a2)), h[i]));
+  Wide<Value> h[iirRun * lanes];
+  impulseResponse(a, 2, h, iirRun * lanes);
+  for (int k = 0; k < iirRun; ++k) *table++ = narrowed<Value>(h[k]);
+  auto* p = components(table);
+  for (int lane = 0; lane < lanes; ++lane, ++p) {
+    const int k = iirRun * lane;
+    // The pair before the block is the pair before its first run.
+    const Value rows[] = {narrowed<Value>(h[k]), k == 0 ? zero<Value>() : narrowed<Value>(h[k - 1]),
+                          narrowed<Value>(k == 0 ? h[0] : mul(negated(wide(a2)), h[k - 2]))};
+    for (int row = 0; row < 3; ++row)
+      for (int part = 0; part < iirParts<Value>; ++part)
+        p[(row * iirParts<Value> + part) * lanes] = components(&rows[row])[part];
+  }
 }
 
 template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* taps) {
@@ -66,7 +71,7 @@ template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* t
     normalise(taps + count + 2, r, count, stored + count + 1);
     const Value* a = stored + count + 1;
     if (count == 2)
-      iirSectionRows(a[0], a[1], tables);
+      iirSectionTableOf(a[0], a[1], tables);
     else
       polynomialRows(a, count, tables);
     return zorStatusOk;
@@ -80,13 +85,13 @@ template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* t
     const Value r = reciprocal(taps[3]);
     normalise(taps, r, 3, stored);
     normalise(taps + 4, r, 2, stored + 3);
-    if (tables != nullptr) iirSectionRows(stored[3], stored[4], tables + static_cast<std::size_t>(s) * iirSectionTable<Value>);
+    if (tables != nullptr) iirSectionTableOf(stored[3], stored[4], tables + static_cast<std::size_t>(s) * iirSectionTable<Value>);
   }
   return zorStatusOk;
 }
 
 #define FOR_VALUE(Value)                                     \
-  template void iirSectionRows<Value>(Value, Value, Value*); \
+  template void iirSectionTableOf<Value>(Value, Value, Value*); \
   template ZorStatus iirStoreTaps<Value>(ZorIIRState*, const Value*);
 FOR_VALUE(Zor32f)
 FOR_VALUE(Zor32fc)
