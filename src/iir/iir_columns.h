@@ -16,7 +16,8 @@ ZORS_INLINE __m256 minusProduct(__m256 a, __m256 b, __m256 c) { return _mm256_fn
 ZORS_INLINE __m256d minusProduct(__m256d a, __m256d b, __m256d c) { return _mm256_fnmadd_pd(a, b, c); }
 
 // a b + sum; complex: each part in two fused steps.
-template <class P, int L> ZORS_INLINE simd::Vec<P, L> plusProduct(simd::Vec<P, L> a, simd::Vec<P, L> b, simd::Vec<P, L> sum) {
+template <class P, int L>
+ZORS_INLINE simd::Vec<P, L> plusProduct(simd::Vec<P, L> a, simd::Vec<P, L> b, simd::Vec<P, L> sum) {
   if constexpr (L == simd::lanesOf<P>) {
     return simd::fma(a, b, sum);
   } else {
@@ -39,7 +40,8 @@ template <class P, int L> ZORS_INLINE simd::Vec<P, L> product(simd::Vec<P, L> a,
 
 // The value in all lanes.
 template <class T> ZORS_INLINE Column<T> column(const T& x) {
-  return simd::build<Column<T>>([&](auto part) ZORS_INLINE_LAMBDA { return simd::splatRegister(components(&x)[part]); });
+  return simd::build<Column<T>>([&](auto part)
+                                    ZORS_INLINE_LAMBDA { return simd::splatRegister(components(&x)[part]); });
 }
 
 // ---- Across lanes -------------------------------------------------------------------------------
@@ -67,9 +69,8 @@ template <class P, int L> ZORS_INLINE simd::Vec<P, L> lastLane(simd::Vec<P, L> x
 ZORS_INLINE __m256 withFirstLane(__m256 x, __m256 first) { return _mm256_blend_ps(x, first, 1); }
 ZORS_INLINE __m256d withFirstLane(__m256d x, __m256d first) { return _mm256_blend_pd(x, first, 1); }
 template <class P, int L> ZORS_INLINE simd::Vec<P, L> withFirstLane(simd::Vec<P, L> x, simd::Vec<P, L> first) {
-  return simd::build<simd::Vec<P, L>>([&](auto part) ZORS_INLINE_LAMBDA {
-    return withFirstLane(x.r[part], first.r[part]);
-  });
+  return simd::build<simd::Vec<P, L>>([&](auto part)
+                                          ZORS_INLINE_LAMBDA { return withFirstLane(x.r[part], first.r[part]); });
 }
 
 // ---- To columns and back ------------------------------------------------------------------------
@@ -110,7 +111,7 @@ ZORS_INLINE void transpose(simd::Vec<Zor64f, 4> (&x)[4]) {
   });
 }
 
-template <class T> inline constexpr Zor32s blockLen = iirRun * iirLanes<T>;
+template <class T> inline constexpr Zor32s blockLen = iirRun* iirLanes<T>;
 
 // A block of samples as columns, loaded and stored as they are or as rows: runs are the rows of squares side by side,
 // which become columns one below the other.
@@ -124,16 +125,16 @@ template <class T> struct ColumnBlock {
     if constexpr (rows) {
       simd::unrolled<squares>([&](auto s) ZORS_INLINE_LAMBDA {
         simd::Vec<simd::Part<T>, lanes> x[lanes];
-        simd::unrolled<lanes>([&](auto k) ZORS_INLINE_LAMBDA { x[k] = simd::load<lanes>(p + (k * squares + s) * lanes); });
+        simd::unrolled<lanes>([&](auto k)
+                                  ZORS_INLINE_LAMBDA { x[k] = simd::load<lanes>(p + (k * squares + s) * lanes); });
         transpose(x);
         simd::unrolled<lanes>([&](auto k) ZORS_INLINE_LAMBDA {
           columns.at[(s * lanes + k) / parts].r[(s * lanes + k) % parts] = x[k].r[0];
         });
       });
     } else {
-      simd::unrolled<iirRun>([&](auto k) ZORS_INLINE_LAMBDA {
-        columns.at[k] = simd::load<lanes * parts>(p + k * lanes * parts);
-      });
+      simd::unrolled<iirRun>(
+          [&](auto k) ZORS_INLINE_LAMBDA { columns.at[k] = simd::load<lanes * parts>(p + k * lanes * parts); });
     }
     return columns;
   }
@@ -142,9 +143,8 @@ template <class T> struct ColumnBlock {
     if constexpr (rows) {
       simd::unrolled<squares>([&](auto s) ZORS_INLINE_LAMBDA {
         simd::Vec<simd::Part<T>, lanes> x[lanes];
-        simd::unrolled<lanes>([&](auto k) ZORS_INLINE_LAMBDA {
-          x[k].r[0] = at[(s * lanes + k) / parts].r[(s * lanes + k) % parts];
-        });
+        simd::unrolled<lanes>(
+            [&](auto k) ZORS_INLINE_LAMBDA { x[k].r[0] = at[(s * lanes + k) / parts].r[(s * lanes + k) % parts]; });
         transpose(x);
         simd::unrolled<lanes>([&](auto k) ZORS_INLINE_LAMBDA { simd::store(p + (k * squares + s) * lanes, x[k]); });
       });

@@ -18,7 +18,7 @@ using simd::load;
 Zor32s padded(Zor32s len, int multiple) { return (len + multiple - 1) / multiple * multiple; }
 
 // Chunks are followed by zeros up to a multiple of this.
-template <class T> inline constexpr Zor32s padding = iirRun * iirLanes<T>;
+template <class T> inline constexpr Zor32s padding = iirRun* iirLanes<T>;
 
 template <class T> bool allFinite(const T* data, Zor32s len) {
   using Real = simd::Vec<simd::Part<T>, iirRun * iirLanes<T>>;

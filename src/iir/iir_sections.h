@@ -27,8 +27,8 @@ template <class T> struct SectionColumns {
   Pairs across[steps];                 // from 1, 2, 4 runs before
   Pairs before;                        // from the pair before the block to that before each run
 
-  // table: h[0] to h[iirRun - 1], h being the impulse response of 1 / (1 + a1/z + a2/z^2); then for the runs of a block,
-  // from their first sample k on, h[k], h[k - 1] and -a2 h[k - 2], each a column.
+  // table: h[0] to h[iirRun - 1], h being the impulse response of 1 / (1 + a1/z + a2/z^2); then for the runs of a
+  // block, from their first sample k on, h[k], h[k - 1] and -a2 h[k - 2], each a column.
   SectionColumns(const T* taps, const T* table)
       : b0(column(taps[0])),
         b1(column(taps[1])),
@@ -112,9 +112,8 @@ template <bool toRows, class T> void joinRuns(const SectionColumns<T>& c, T* dat
       add(c.across[step], turned<(1 << step)>(one), turned<(1 << step)>(two), one, two);
     });
     add(c.before, y1, y2, one, two);
-    simd::unrolled<iirRun>([&](auto k) ZORS_INLINE_LAMBDA {
-      y.at[k] = plusProduct(c.one[k], one, plusProduct(c.two[k], two, y.at[k]));
-    });
+    simd::unrolled<iirRun>(
+        [&](auto k) ZORS_INLINE_LAMBDA { y.at[k] = plusProduct(c.one[k], one, plusProduct(c.two[k], two, y.at[k])); });
     y1 = lastLane(y.at[iirRun - 1]);
     y2 = lastLane(y.at[iirRun - 2]);
     y.template store<toRows>(data);

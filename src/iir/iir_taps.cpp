@@ -85,12 +85,13 @@ template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* t
     const Value r = reciprocal(taps[3]);
     normalise(taps, r, 3, stored);
     normalise(taps + 4, r, 2, stored + 3);
-    if (tables != nullptr) iirSectionTableOf(stored[3], stored[4], tables + static_cast<std::size_t>(s) * iirSectionTable<Value>);
+    if (tables != nullptr)
+      iirSectionTableOf(stored[3], stored[4], tables + static_cast<std::size_t>(s) * iirSectionTable<Value>);
   }
   return zorStatusOk;
 }
 
-#define FOR_VALUE(Value)                                     \
+#define FOR_VALUE(Value)                                        \
   template void iirSectionTableOf<Value>(Value, Value, Value*); \
   template ZorStatus iirStoreTaps<Value>(ZorIIRState*, const Value*);
 FOR_VALUE(Zor32f)
