@@ -75,43 +75,64 @@ template <class P, int L> ZORS_INLINE simd::Vec<P, L> withFirstLane(simd::Vec<P,
 
 // ---- To columns and back ------------------------------------------------------------------------
 
-// Rows and columns of a square change places.
-ZORS_INLINE void transpose(simd::Vec<Zor32f, 8> (&x)[8]) {
+// Rows and columns of the squares that halves of registers make change places.
+ZORS_INLINE void transposeHalves(simd::Vec<Zor32f, 8>* x) {
   const auto low = [](__m256 a, __m256 b) ZORS_INLINE_LAMBDA {  // by integers: these have two ports
     return _mm256_castsi256_ps(_mm256_unpacklo_epi32(_mm256_castps_si256(a), _mm256_castps_si256(b)));
   };
   const auto high = [](__m256 a, __m256 b) ZORS_INLINE_LAMBDA {
     return _mm256_castsi256_ps(_mm256_unpackhi_epi32(_mm256_castps_si256(a), _mm256_castps_si256(b)));
   };
-  __m256 y[8];  // 4 by 4 within the halves of registers
-  simd::unrolled<2>([&](auto half) ZORS_INLINE_LAMBDA {
-    constexpr int k = 4 * half;
-    const __m256 a = low(x[k].r[0], x[k + 1].r[0]), b = high(x[k].r[0], x[k + 1].r[0]);
-    const __m256 c = low(x[k + 2].r[0], x[k + 3].r[0]), d = high(x[k + 2].r[0], x[k + 3].r[0]);
-    y[k] = _mm256_shuffle_ps(a, c, 0x44);
-    y[k + 1] = _mm256_shuffle_ps(a, c, 0xEE);
-    y[k + 2] = _mm256_shuffle_ps(b, d, 0x44);
-    y[k + 3] = _mm256_shuffle_ps(b, d, 0xEE);
-  });
-  simd::unrolled<4>([&](auto k) ZORS_INLINE_LAMBDA {
-    x[k].r[0] = _mm256_permute2f128_ps(y[k], y[k + 4], 0x20);
-    x[k + 4].r[0] = _mm256_permute2f128_ps(y[k], y[k + 4], 0x31);
-  });
+  const __m256 a = low(x[0].r[0], x[1].r[0]), b = high(x[0].r[0], x[1].r[0]);
+  const __m256 c = low(x[2].r[0], x[3].r[0]), d = high(x[2].r[0], x[3].r[0]);
+  x[0].r[0] = _mm256_shuffle_ps(a, c, 0x44);
+  x[1].r[0] = _mm256_shuffle_ps(a, c, 0xEE);
+  x[2].r[0] = _mm256_shuffle_ps(b, d, 0x44);
+  x[3].r[0] = _mm256_shuffle_ps(b, d, 0xEE);
 }
-ZORS_INLINE void transpose(simd::Vec<Zor64f, 4> (&x)[4]) {
-  __m256d y[4];
-  simd::unrolled<2>([&](auto half) ZORS_INLINE_LAMBDA {
-    constexpr int k = 2 * half;
-    y[k] = _mm256_shuffle_pd(x[k].r[0], x[k + 1].r[0], 0x0);
-    y[k + 1] = _mm256_shuffle_pd(x[k].r[0], x[k + 1].r[0], 0xF);
+ZORS_INLINE void transposeHalves(simd::Vec<Zor64f, 4>* x) {
+  const __m256d a = x[0].r[0], b = x[1].r[0];
+  x[0].r[0] = _mm256_shuffle_pd(a, b, 0x0);
+  x[1].r[0] = _mm256_shuffle_pd(a, b, 0xF);
+}
+
+ZORS_INLINE simd::Vec<Zor32f, 8> loadHalves(const Zor32f* low, const Zor32f* high) {
+  return {{_mm256_insertf128_ps(_mm256_castps128_ps256(_mm_loadu_ps(low)), _mm_loadu_ps(high), 1)}};
+}
+ZORS_INLINE simd::Vec<Zor64f, 4> loadHalves(const Zor64f* low, const Zor64f* high) {
+  return {{_mm256_insertf128_pd(_mm256_castpd128_pd256(_mm_loadu_pd(low)), _mm_loadu_pd(high), 1)}};
+}
+ZORS_INLINE void storeHalves(Zor32f* low, Zor32f* high, simd::Vec<Zor32f, 8> x) {
+  _mm_storeu_ps(low, _mm256_castps256_ps128(x.r[0]));
+  _mm_storeu_ps(high, _mm256_extractf128_ps(x.r[0], 1));
+}
+ZORS_INLINE void storeHalves(Zor64f* low, Zor64f* high, simd::Vec<Zor64f, 4> x) {
+  _mm_storeu_pd(low, _mm256_castpd256_pd128(x.r[0]));
+  _mm_storeu_pd(high, _mm256_extractf128_pd(x.r[0], 1));
+}
+
+// A square whose row k stands at row(k), as columns.
+template <class P> using Square = simd::Vec<P, simd::lanesOf<P>>[simd::lanesOf<P>];
+template <class P, class Row> ZORS_INLINE void loadRows(Square<P>& x, Row row) {
+  constexpr int half = simd::lanesOf<P> / 2;
+  simd::unrolled<half>([&](auto k) ZORS_INLINE_LAMBDA {
+    x[k] = loadHalves(row(k), row(k + half));
+    x[k + half] = loadHalves(row(k) + half, row(k + half) + half);
   });
-  simd::unrolled<2>([&](auto k) ZORS_INLINE_LAMBDA {
-    x[k].r[0] = _mm256_permute2f128_pd(y[k], y[k + 2], 0x20);
-    x[k + 2].r[0] = _mm256_permute2f128_pd(y[k], y[k + 2], 0x31);
+  transposeHalves(x);
+  transposeHalves(x + half);
+}
+template <class P, class Row> ZORS_INLINE void storeRows(Square<P>& x, Row row) {
+  constexpr int half = simd::lanesOf<P> / 2;
+  transposeHalves(x);
+  transposeHalves(x + half);
+  simd::unrolled<half>([&](auto k) ZORS_INLINE_LAMBDA {
+    storeHalves(row(k), row(k + half), x[k]);
+    storeHalves(row(k) + half, row(k + half) + half, x[k + half]);
   });
 }
 
-template <class T> inline constexpr Zor32s blockLen = iirRun* iirLanes<T>;
+template <class T> inline constexpr Zor32s blockLen = iirLanes<T>* Zor32s{iirRun};
 
 // A block of samples as columns, loaded and stored as they are or as rows: runs are the rows of squares side by side,
 // which become columns one below the other.
@@ -124,10 +145,8 @@ template <class T> struct ColumnBlock {
     ColumnBlock columns;
     if constexpr (rows) {
       simd::unrolled<squares>([&](auto s) ZORS_INLINE_LAMBDA {
-        simd::Vec<simd::Part<T>, lanes> x[lanes];
-        simd::unrolled<lanes>([&](auto k)
-                                  ZORS_INLINE_LAMBDA { x[k] = simd::load<lanes>(p + (k * squares + s) * lanes); });
-        transpose(x);
+        Square<simd::Part<T>> x;
+        loadRows<simd::Part<T>>(x, [&](int k) ZORS_INLINE_LAMBDA { return p + (k * squares + s) * lanes; });
         simd::unrolled<lanes>([&](auto k) ZORS_INLINE_LAMBDA {
           columns.at[(s * lanes + k) / parts].r[(s * lanes + k) % parts] = x[k].r[0];
         });
@@ -142,11 +161,10 @@ template <class T> struct ColumnBlock {
     auto* p = components(block);
     if constexpr (rows) {
       simd::unrolled<squares>([&](auto s) ZORS_INLINE_LAMBDA {
-        simd::Vec<simd::Part<T>, lanes> x[lanes];
+        Square<simd::Part<T>> x;
         simd::unrolled<lanes>(
             [&](auto k) ZORS_INLINE_LAMBDA { x[k].r[0] = at[(s * lanes + k) / parts].r[(s * lanes + k) % parts]; });
-        transpose(x);
-        simd::unrolled<lanes>([&](auto k) ZORS_INLINE_LAMBDA { simd::store(p + (k * squares + s) * lanes, x[k]); });
+        storeRows<simd::Part<T>>(x, [&](int k) ZORS_INLINE_LAMBDA { return p + (k * squares + s) * lanes; });
       });
     } else {
       simd::unrolled<iirRun>([&](auto k) ZORS_INLINE_LAMBDA { simd::store(p + k * lanes * parts, at[k]); });

@@ -1,7 +1,8 @@
-// IIR filters several outputs at once. The recursion of y[i] = v[i] - a[1] y[i-1] - ... - a[N] y[i-N], v being the
-// numerator's output, is solved for a register of outputs: each is a sum over the register's own v, weighted by the
-// impulse response of 1/A, and over the N outputs before the register, weighted by rows made with the taps. So a
-// register of outputs waits once for the one before it, not once for each of its outputs.
+// IIR filters several outputs at once. Sections: iir_sections.h. Longer polynomials: the recursion
+// y[i] = v[i] - a[1] y[i-1] - ... - a[N] y[i-N], v being the numerator's output, is solved for a register of outputs:
+// each is a sum over the register's own v, weighted by the impulse response of 1/A, and over the N outputs before the
+// register, weighted by rows made with the taps. So a register of outputs waits once for the one before it, not once
+// for each of its outputs.
 #include <algorithm>
 
 #include "iir/iir_filter.h"
@@ -17,14 +18,18 @@ using simd::load;
 
 Zor32s padded(Zor32s len, int multiple) { return (len + multiple - 1) / multiple * multiple; }
 
-// Chunks are followed by zeros up to a multiple of this.
-template <class T> inline constexpr Zor32s padding = iirRun* iirLanes<T>;
+// The samples from `from` on to data, and zeros behind them.
+template <class T> void complete(const T* src, T* data, Zor32s from, Zor32s len, Zor32s paddedLen) {
+  if (src != data) std::copy(src + from, src + len, data + from);
+  std::fill(data + len, data + paddedLen, zero<T>());
+}
 
+// Whether all values up to the next whole block are finite.
 template <class T> bool allFinite(const T* data, Zor32s len) {
   using Real = simd::Vec<simd::Part<T>, iirRun * iirLanes<T>>;
   const auto* p = components(data);
   auto seen = simd::splat<Real>(0);
-  for (std::ptrdiff_t i = 0; i < len * parts<T>; i += Real::lanes)
+  for (std::ptrdiff_t i = 0; i < len * iirParts<T>; i += Real::lanes)
     seen = simd::fma(load<Real::lanes>(p + i), simd::same(seen, 0), seen);
   return !simd::any(simd::notAtLeast(seen, simd::same(seen, 0)));
 }
@@ -37,31 +42,32 @@ template <class T> void closeRegisters(const T* taps, T x1, T x2, T y1, T y2, T*
   registers[1] = mulAdd(taps[2], x1, mul(negated(taps[4]), y1));
 }
 
-template <class T> void sections(const ZorIIRState* state, Zor32s count, T* data, Zor32s len, T* registersAfter) {
-  const auto *taps = static_cast<const T*>(state->taps), *table = static_cast<const T*>(state->tables);
-  const auto* registers = static_cast<const T*>(state->dlyLine);
+template <class T>
+void sections(const ZorIIRState* state, Zor32s count, const T* taps, const T* src, T* data, Zor32s len,
+              T* registersAfter) {
+  const auto *registers = static_cast<const T*>(state->dlyLine), *table = static_cast<const T*>(state->tables);
   const bool firstForm = state->form == IirForm::firstForm;
-  const Zor32s blocks = padded(len, blockLen<T>) / blockLen<T>;
-  std::fill(data + len, data + blocks * blockLen<T>, zero<T>());
+  const Zor32s blocks = padded(len, blockLen<T>) / blockLen<T>, lastBlock = (blocks - 1) * blockLen<T>;
+  complete(src, data, lastBlock, len, blocks * blockLen<T>);
   T ownTable[iirSectionTable<T>];
   for (Zor32s s = 0; s < count; ++s, taps += 5) {
-    const auto sample = [&](bool rows, Zor32s i) { return rows ? data[i] : sampleAt(data, i); };
-    const T x1 = sample(s == 0, len - 1), x2 = sample(s == 0, len - 2);
-    T transposed[2];
+    const bool first = s == 0, last = s + 1 == count;
+    const T x1 = first ? src[len - 1] : sampleAt(data, len - 1), x2 = first ? src[len - 2] : sampleAt(data, len - 2);
+    T before[2];
     if (firstForm) {
-      closeRegisters(taps, registers[0], registers[1], registers[2], registers[3], transposed);
+      closeRegisters(taps, registers[0], registers[1], registers[2], registers[3], before);
       registers += 4;
     } else {
-      std::copy_n(registers, 2, transposed);
+      std::copy_n(registers, 2, before);
       registers += 2;
     }
-    if (state->tables == nullptr) iirSectionTableOf(taps[3], taps[4], ownTable);
-    const SectionColumns<T> columns(taps, state->tables == nullptr ? ownTable : table);
-    if (state->tables != nullptr) table += iirSectionTable<T>;
-    const bool first = s == 0, last = s + 1 == count;
-    first ? filterRuns<true>(columns, transposed, data, blocks) : filterRuns<false>(columns, transposed, data, blocks);
+    if (table == nullptr) iirSectionTableOf(taps[3], taps[4], ownTable);
+    const SectionColumns<T> columns(taps, table == nullptr ? ownTable : table);
+    if (table != nullptr) table += iirSectionTable<T>;
+    first ? filterRuns<true>(columns, before, src, data, blocks)
+          : filterRuns<false>(columns, before, data, data, blocks);
     last ? joinRuns<true>(columns, data, blocks) : joinRuns<false>(columns, data, blocks);
-    const T y1 = sample(last, len - 1), y2 = sample(last, len - 2);
+    const T y1 = last ? data[len - 1] : sampleAt(data, len - 1), y2 = last ? data[len - 2] : sampleAt(data, len - 2);
     if (firstForm) {
       for (T value : {x1, x2, y1, y2}) *registersAfter++ = value;
     } else {
@@ -117,11 +123,11 @@ template <class T> void leaveInRegisters(const T* taps, Zor32s order, const T* n
 
 inline constexpr Zor32s maxOrder = iirChunk / 4;  // longer filters never look ahead
 
-template <class T> void polynomial(const ZorIIRState* state, T* data, Zor32s len, T* registersAfter) {
+template <class T> void polynomial(const ZorIIRState* state, const T* src, T* data, Zor32s len, T* registersAfter) {
   const Zor32s order = state->count, head = padded(order, row<T>), paddedLen = padded(len, 2 * row<T>);
   const auto *b = static_cast<const T*>(state->taps), *a = b + order + 1;
   const auto* registers = static_cast<const T*>(state->dlyLine);
-  std::fill(data + len, data + padded(len, padding<T>), zero<T>());
+  complete(src, data, 0, len, padded(len, blockLen<T>));
   std::fill_n(registersAfter, order, zero<T>());
   leaveInRegisters(b + 1, order, data + len - 1, false, registersAfter);
 
@@ -136,22 +142,28 @@ template <class T> void polynomial(const ZorIIRState* state, T* data, Zor32s len
 
 }  // namespace
 
-template <class Value> bool iirLookAhead(ZorIIRState* state, Value* data, Zor32s len) {
+template <class Value> bool iirLookAhead(ZorIIRState* state, const Value* src, Value* data, Zor32s len) {
   Value registersAfter[iirChunk];
-  if (state->form != IirForm::polynomial)
-    sections(state, state->count, data, len, registersAfter);
-  else if (state->count == 2)
-    sections(state, 1, data, len, registersAfter);
-  else
-    polynomial(state, data, len, registersAfter);
+  const auto* taps = static_cast<const Value*>(state->taps);
+  const Value none = zero<Value>();
+  if (state->form != IirForm::polynomial) {
+    sections(state, state->count, taps, src, data, len, registersAfter);
+  } else if (state->count == 1) {
+    const Value section[] = {taps[0], taps[1], none, taps[2], none};
+    sections(state, 1, section, src, data, len, registersAfter);
+  } else if (state->count == 2) {
+    sections(state, 1, taps, src, data, len, registersAfter);
+  } else {
+    polynomial(state, src, data, len, registersAfter);
+  }
   if (!allFinite(data, len)) return false;
   std::copy_n(registersAfter, state->dlyLen, static_cast<Value*>(state->dlyLine));
   return true;
 }
 
-template bool iirLookAhead<Zor32f>(ZorIIRState*, Zor32f*, Zor32s);
-template bool iirLookAhead<Zor32fc>(ZorIIRState*, Zor32fc*, Zor32s);
-template bool iirLookAhead<Zor64f>(ZorIIRState*, Zor64f*, Zor32s);
-template bool iirLookAhead<Zor64fc>(ZorIIRState*, Zor64fc*, Zor32s);
+template bool iirLookAhead<Zor32f>(ZorIIRState*, const Zor32f*, Zor32f*, Zor32s);
+template bool iirLookAhead<Zor32fc>(ZorIIRState*, const Zor32fc*, Zor32fc*, Zor32s);
+template bool iirLookAhead<Zor64f>(ZorIIRState*, const Zor64f*, Zor64f*, Zor32s);
+template bool iirLookAhead<Zor64fc>(ZorIIRState*, const Zor64fc*, Zor64fc*, Zor32s);
 
 }  // namespace zors

@@ -4,8 +4,6 @@
 // wait for each other only for the pair before them.
 #pragma once
 
-#include <algorithm>
-
 #include "iir/iir_columns.h"
 #include "iir/iir_scalar.h"
 
@@ -66,16 +64,17 @@ template <class T> struct SectionColumns {
   }
 };
 
-// Blocks in place, from rows or columns to columns: each run as if no outputs came before it. registers: what the past
-// adds to the numerator's first two outputs.
+// Blocks from rows or columns to columns in data: each run as if no outputs came before it. All blocks but the last are
+// read from src, that one from data, where it has been completed. registers: what the past adds to the numerator's
+// first two outputs.
 template <bool fromRows, class T>
-void filterRuns(const SectionColumns<T>& c, const T* registers, T* data, Zor32s blocks) {
+void filterRuns(const SectionColumns<T>& c, const T* registers, const T* src, T* data, Zor32s blocks) {
   using Col = Column<T>;
   const auto none = simd::splat<Col>(0);
   Col past[2] = {withFirstLane(none, column(registers[0])), withFirstLane(none, column(registers[1]))};
   Col x1 = none, x2 = none;  // inputs before the block, in the first lane
-  for (; blocks > 0; --blocks, data += blockLen<T>) {
-    const auto x = ColumnBlock<T>::template load<fromRows>(data);
+  for (; blocks > 0; --blocks, src += blockLen<T>, data += blockLen<T>) {
+    const auto x = ColumnBlock<T>::template load<fromRows>(blocks > 1 ? src : data);
     ColumnBlock<T> y;
     const Col last1 = turned<1>(x.at[iirRun - 1]), last2 = turned<1>(x.at[iirRun - 2]);
     const Col before1 = withFirstLane(last1, x1), before2 = withFirstLane(last2, x2);

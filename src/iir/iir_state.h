@@ -93,12 +93,14 @@ constexpr std::size_t iirDlyLen(IirForm form, std::size_t count) {
 constexpr std::size_t iirRegistersLen(IirForm form, std::size_t count) {
   return iirDlyLen(form, count) + (form == IirForm::polynomial);
 }
+// A polynomial that is filtered as one section.
+constexpr bool iirIsSection(std::size_t order) { return order <= 2; }
 // Of a section its impulse response over a run, and what is left of it in the runs behind (iir_sections.h); of a
-// polynomial a register for each past output, and two for the impulse response. A polynomial of order 2 is a section.
+// polynomial a register for each past output, and two for the impulse response.
 template <class Value> inline constexpr std::size_t iirSectionTable = iirRun + 3 * iirLanes<Value>;
 template <class Value> constexpr std::size_t iirTablesLen(IirForm form, std::size_t count) {
   if (form != IirForm::polynomial) return iirSectionTable<Value> * count;
-  return count == 2 ? iirSectionTable<Value> : (count + 2) * iirRow<Value>;
+  return iirIsSection(count) ? iirSectionTable<Value> : (count + 2) * iirRow<Value>;
 }
 // Single-precision sections of the first form are filtered in memory of the call.
 template <class Value> constexpr bool iirHasTables(IirForm form) {

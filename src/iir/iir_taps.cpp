@@ -42,20 +42,25 @@ template <class Value> void polynomialRows(const Value* a, Zor32s order, Value* 
 }  // namespace
 
 template <class Value> void iirSectionTableOf(Value a1, Value a2, Value* table) {
-  constexpr int lanes = iirLanes<Value>;
+  constexpr int lanes = iirLanes<Value>, parts = iirParts<Value>;
   const Value a[] = {a1, a2};
-  Wide<Value> h[iirRun * lanes];
-  impulseResponse(a, 2, h, iirRun * lanes);
+  Wide<Value> h[iirRun + 1];
+  impulseResponse(a, 2, h, iirRun + 1);
   for (int k = 0; k < iirRun; ++k) *table++ = narrowed<Value>(h[k]);
+  const auto minusA2 = negated(wide(a2));
   auto* p = components(table);
+  // The last two of the response before a run give those of the run. The first run is preceded by the pair before the
+  // block itself.
+  auto one = h[0], two = zero<Wide<Value>>(), fromPair = h[0];
   for (int lane = 0; lane < lanes; ++lane, ++p) {
-    const int k = iirRun * lane;
-    // The pair before the block is the pair before its first run.
-    const Value rows[] = {narrowed<Value>(h[k]), k == 0 ? zero<Value>() : narrowed<Value>(h[k - 1]),
-                          narrowed<Value>(k == 0 ? h[0] : mul(negated(wide(a2)), h[k - 2]))};
+    const Value rows[] = {narrowed<Value>(one), narrowed<Value>(two), narrowed<Value>(fromPair)};
     for (int row = 0; row < 3; ++row)
-      for (int part = 0; part < iirParts<Value>; ++part)
-        p[(row * iirParts<Value> + part) * lanes] = components(&rows[row])[part];
+      for (int part = 0; part < parts; ++part) p[(row * parts + part) * lanes] = components(&rows[row])[part];
+    const auto next = [&](int k) { return mulAdd(h[k], one, mul(mul(minusA2, h[k - 1]), two)); };
+    const auto nextOne = next(iirRun), nextTwo = next(iirRun - 1);
+    fromPair = mul(minusA2, next(iirRun - 2));
+    one = nextOne;
+    two = nextTwo;
   }
 }
 
@@ -70,8 +75,8 @@ template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* t
     normalise(taps, r, count + 1, stored);
     normalise(taps + count + 2, r, count, stored + count + 1);
     const Value* a = stored + count + 1;
-    if (count == 2)
-      iirSectionTableOf(a[0], a[1], tables);
+    if (iirIsSection(static_cast<std::size_t>(count)))
+      iirSectionTableOf(a[0], count == 2 ? a[1] : zero<Value>(), tables);
     else
       polynomialRows(a, count, tables);
     return zorStatusOk;

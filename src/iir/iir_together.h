@@ -35,7 +35,7 @@ template <class T, IirForm form> class SectionsTogether {
   }
 
   // One sample a lane in each register.
-  ZORS_INLINE void filter(simd::Vec<T, iirLanes<T>> (&x)[iirLanes<T>]) {
+  ZORS_INLINE void filter(Square<T>& x) {
     for (Zor32s s = 0; s < count_; ++s) {
       Section& section = sections_[s];
       const auto taps = [&](int k) ZORS_INLINE_LAMBDA { return simd::load<lanes>(section.taps[k]); };
@@ -92,14 +92,10 @@ void filterTogether(const T* const* srcs, T* const* dsts, Zor32s len, Zor32s cha
     Sections sections(states, channels, first, std::min(count - first, Sections::most));
     const T* const* from = first == 0 ? srcs : dsts;
     for (Zor32s i = 0; i < whole; i += lanes) {
-      simd::Vec<T, lanes> x[lanes];
-      simd::unrolled<lanes>(
-          [&](auto c) ZORS_INLINE_LAMBDA { x[c] = simd::load<lanes>(from[std::min<Zor32s>(c, channels - 1)] + i); });
-      transpose(x);
+      Square<T> x;
+      loadRows<T>(x, [&](int c) ZORS_INLINE_LAMBDA { return from[std::min(c, channels - 1)] + i; });
       sections.filter(x);
-      transpose(x);
-      simd::unrolled<lanes>([&](auto c)
-                                ZORS_INLINE_LAMBDA { simd::store(dsts[std::min<Zor32s>(c, channels - 1)] + i, x[c]); });
+      storeRows<T>(x, [&](int c) ZORS_INLINE_LAMBDA { return dsts[std::min(c, channels - 1)] + i; });
     }
     sections.giveRegisters();
   }
