@@ -132,7 +132,7 @@ template <class P, class Row> ZORS_INLINE void storeRows(Square<P>& x, Row row) 
   });
 }
 
-template <class T> inline constexpr Zor32s blockLen = iirLanes<T>* Zor32s{iirRun};
+template <class T> inline constexpr Zor32s blockLen = Zor32s{iirRun} * iirLanes<T>;
 
 // A block of samples as columns, loaded and stored as they are or as rows: runs are the rows of squares side by side,
 // which become columns one below the other.
