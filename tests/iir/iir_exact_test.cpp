@@ -73,6 +73,16 @@ TEST(IirExact, BothSidesOfEveryThreshold) {
   }
 }
 
+// Runs of 8 samples, blocks of 32 and 64, chunks that steps are faster for; each followed by another one.
+TEST(IirExact, BothSidesOfEveryRunAndBlock) {
+  kit::Random random(5);
+  for (const Filter& f : filters())
+    for (int count = 1; count <= 9; ++count)
+      for (int block : {12 + 4 * count, 32, 36, 64, 96, 128, 192, 256, 960})
+        for (int len = block - 1; len <= block + 1; ++len)
+          checkStream(f, count, {len, int(random() % 90) + 1}, 0, random);
+}
+
 TEST(IirExact, AStreamCutAnywhereIsOneStream) {
   kit::Random random(3);
   for (const Filter& f : filters())
