@@ -81,7 +81,7 @@ accuracy: setup
 
 ## make format     clang-format over all sources
 format:
-	clang-format -i $$(git ls-files '*.cpp' '*.h' '*.c')
+	clang-format -i $$(git ls-files '*.cpp' '*.h' '*.hpp' '*.c')
 
 ## make lint       clang-tidy over the sources that differ from main (BASE=commit); make lint-all over all
 BASE ?= $(shell git merge-base HEAD origin/main 2>/dev/null || git rev-parse HEAD~1)
