@@ -3,6 +3,9 @@ PACKAGES = g++ clang cmake ninja-build make pkg-config libgtest-dev libbenchmark
            libsndfile1-dev gnuplot-nox libfftw3-dev libvolk2-dev libliquid-dev libsleef-dev libopenblas-dev libeigen3-dev \
            libsamplerate0-dev libsoxr-dev \
            clang-format clang-tidy
+BUILD_PACKAGES = g++ cmake ninja-build
+PACKAGING_PACKAGES = $(BUILD_PACKAGES) debhelper dpkg-dev fakeroot lintian mmdebstrap
+ABI_PACKAGES = $(BUILD_PACKAGES) abigail-tools
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
 RATE ?= 48000
@@ -13,7 +16,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -94,10 +97,13 @@ lint-all: setup
 	@cmake --preset clang-release >/dev/null && cmake --build --preset clang-release --target exports_by_section >/dev/null
 	git ls-files 'src/*.cpp' | xargs -n 4 -P $(JOBS) $(tidy)
 
-## make install    install library and headers below PREFIX (default /usr/local)
+## make install    install library and headers below PREFIX (default /usr/local); DESTDIR is put in front
 PREFIX ?= /usr/local
-install:
-	cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target zorsl9 zorcore
+setup-install:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(BUILD_PACKAGES)'
+install: setup-install
+	@[ -f build/gcc-release/build.ninja ] || cmake --preset gcc-release -DZORS_TESTS=OFF -DZORS_BENCH=OFF -DZORS_DEMO=OFF >/dev/null
+	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore
 	cmake --install build/gcc-release --prefix $(PREFIX)
 
 ## make clean      remove the build folder
