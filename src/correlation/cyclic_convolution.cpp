@@ -1,4 +1,6 @@
 // zorsConvCyclic*: cyclic convolutions of 8 and 4 elements, without checks.
+#include <algorithm>
+
 #include "exports/conversion.h"
 #include "exports/correlation.h"
 #include "frame/simd.h"
