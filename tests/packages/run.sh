@@ -31,7 +31,7 @@ tree() { find /usr /etc /var/lib/dpkg/info -iname '*zors*' | sort; }
 packages=$(for file in *.deb; do dpkg-deb --field "$file" Package; done)
 before=$(tree)
 dpkg -i ./*.deb >dpkg.log || { cat dpkg.log; exit 1; }
-[ -z "$(dpkg --audit)" ]
+[ -z "$(dpkg --audit $packages)" ]
 dpkg --verify $packages
 ldconfig -p | says 'libzorsl9.so.8 '
 say "installed: $(dpkg-query -W -f '${Package} ${Version}, ${Installed-Size} KiB; ' $packages)"
