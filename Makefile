@@ -3,6 +3,9 @@ PACKAGES = g++ clang cmake ninja-build make pkg-config libgtest-dev libbenchmark
            libsndfile1-dev gnuplot-nox libfftw3-dev libvolk2-dev libliquid-dev libsleef-dev libopenblas-dev libeigen3-dev \
            libsamplerate0-dev libsoxr-dev \
            clang-format clang-tidy
+BUILD_PACKAGES = g++ cmake ninja-build
+PACKAGING_PACKAGES = $(BUILD_PACKAGES) debhelper dpkg-dev fakeroot lintian pkg-config man-db
+ABI_PACKAGES = $(BUILD_PACKAGES) abigail-tools
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
 RATE ?= 48000
@@ -13,7 +16,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library-for-abi abi abi-update clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -81,7 +84,7 @@ accuracy: setup
 
 ## make format     clang-format over all sources
 format:
-	clang-format -i $$(git ls-files '*.cpp' '*.h' '*.c')
+	clang-format -i $$(git ls-files '*.cpp' '*.h' '*.hpp' '*.c')
 
 ## make lint       clang-tidy over the sources that differ from main (BASE=commit); make lint-all over all
 BASE ?= $(shell git merge-base HEAD origin/main 2>/dev/null || git rev-parse HEAD~1)
@@ -94,11 +97,39 @@ lint-all: setup
 	@cmake --preset clang-release >/dev/null && cmake --build --preset clang-release --target exports_by_section >/dev/null
 	git ls-files 'src/*.cpp' | xargs -n 4 -P $(JOBS) $(tidy)
 
-## make install    install library and headers below PREFIX (default /usr/local)
+## make install    install library and headers below PREFIX (default /usr/local); DESTDIR is put in front
 PREFIX ?= /usr/local
-install:
-	cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target zorsl9 zorcore
+setup-install:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(BUILD_PACKAGES)'
+install: setup-install
+	@[ -f build/gcc-release/build.ninja ] || cmake --preset gcc-release -DZORS_TESTS=OFF -DZORS_BENCH=OFF -DZORS_DEMO=OFF >/dev/null
+	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore
 	cmake --install build/gcc-release --prefix $(PREFIX)
+
+## make packages   Debian packages into build/packages; with the manual where `make docs` has made it
+packages = build/packages
+setup-packages:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(PACKAGING_PACKAGES)'
+packages: setup-packages
+	@rm -rf $(packages) && mkdir -p $(packages)
+	@ZORS_PACKAGES=$(packages) dpkg-buildpackage -b -us -uc -j$(JOBS) --buildinfo-option=-u$(packages) --changes-option=-u$(packages) \
+	  --buildinfo-file=$(packages)/zorsl9.buildinfo --changes-file=$(packages)/zorsl9.changes
+	@ls -l $(packages)/*.deb
+
+## make test-packages  the packages under lintian, then installed, used and removed in a scratch copy of this system
+test-packages: packages
+	tests/packages/run.sh $(packages)
+
+## make abi        the binary interface beside its record: what is gone or changed fails; make abi-update records what is new
+setup-abi:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(ABI_PACKAGES)'
+library-for-abi: setup-abi
+	@[ -f build/gcc-release/build.ninja ] || cmake --preset gcc-release -DZORS_TESTS=OFF -DZORS_BENCH=OFF -DZORS_DEMO=OFF >/dev/null
+	@cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore | tail -1
+abi: library-for-abi
+	@tests/abi/run.sh check build/gcc-release && tests/abi/refuses.sh build/gcc-release
+abi-update: library-for-abi
+	@tests/abi/run.sh update build/gcc-release && git diff --stat tests/abi
 
 ## make clean      remove the build folder
 clean:
