@@ -40,25 +40,30 @@ Plan planOf(Zor32s inRate, Zor32s outRate, Zor32s len) {
   return plan;
 }
 
+// The stated size of a state; 0 where it is beyond 0x7FFFFFFE.
+Zor32s bytesOf(const Plan& plan, bool integers) {
+  const Zor64s out = plan.out, n = plan.len;
+  const Zor64s pointers = ((out + 4) & ~3) * 8, steps = ((out + 7) & ~7) * 2;
+  // In binary64 first: lengths and rates near 2^31 give products beyond 64 bits.
+  const Zor64f rows = integers ? 2.0 * (Zor64f((n + 8) & ~7) * Zor64f(out) + Zor64f(plan.entries))
+                               : 4.0 * Zor64f((n + 4) & ~3) * Zor64f(out);
+  constexpr Zor64s largest = 0x7FFFFFFE;
+  if (rows + Zor64f(pointers + steps) + 8 * Zor64f(plan.entries) + 58 > Zor64f(largest) + 64) return 0;
+  const Zor64s response = 8 * plan.entries;
+  const Zor64s bytes = integers ? pointers + steps + response + 58 + 2 * (((n + 8) & ~7) * out + plan.entries)
+                                : pointers + ((n + 4) & ~3) * out * 4 + steps + response + 48;
+  return bytes > largest ? 0 : static_cast<Zor32s>(bytes);
+}
+
 ZorStatus getSize(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32s* size, Zor32s* lenOut, Zor32s* height,
                   bool integers) {
   return check().pointers(size, lenOut, height).size(inRate).size(outRate).size(len).then([&]() -> ZorStatus {
     const Plan plan = planOf(inRate, outRate, len);
-    const Zor64s out = plan.out, n = len;
-    const Zor64s pointers = ((out + 4) & ~3) * 8, steps = ((out + 7) & ~7) * 2;
-    // In binary64 first: lengths and rates near 2^31 give products beyond 64 bits.
-    const Zor64f rows = integers ? 2.0 * (Zor64f((n + 8) & ~7) * Zor64f(out) + Zor64f(plan.entries))
-                                 : 4.0 * Zor64f((n + 4) & ~3) * Zor64f(out);
-    constexpr Zor64s largest = 0x7FFFFFFE;
-    if (rows + Zor64f(pointers + steps) + 8 * Zor64f(plan.entries) + 58 > Zor64f(largest) + 64)
-      return zorStatusBadArgument;
-    const Zor64s response = 8 * plan.entries;
-    const Zor64s bytes = integers ? pointers + steps + response + 58 + 2 * (((n + 8) & ~7) * out + plan.entries)
-                                  : pointers + ((n + 4) & ~3) * out * 4 + steps + response + 48;
-    if (bytes > largest) return zorStatusBadArgument;
-    *size = static_cast<Zor32s>(bytes);
+    const Zor32s bytes = bytesOf(plan, integers);
+    if (bytes == 0) return zorStatusBadArgument;
+    *size = bytes;
     *lenOut = static_cast<Zor32s>(2 * plan.halfLen());
-    *height = static_cast<Zor32s>(out);
+    *height = static_cast<Zor32s>(plan.out);
     return zorStatusOk;
   });
 }
@@ -120,8 +125,9 @@ ZorStatus init(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32f rollf, Zor32f a
       .size(outRate)
       .size(len)
       .require(rollf > 0 && rollf <= 1 && alpha >= 1, zorStatusBadArgument)
-      .then([&] {
+      .then([&]() -> ZorStatus {
         const Plan plan = planOf(inRate, outRate, len);
+        if (bytesOf(plan, quantised) == 0) return zorStatusBadArgument;
         ZorResampleFixedState* record = recordOf(state);
         auto* rows = reinterpret_cast<Zor32f*>(record + 1);
         const WindowedSinc sinc(std::numbers::pi / static_cast<Zor64f>(std::max(plan.in, plan.out)), rollf, alpha,
@@ -135,6 +141,7 @@ ZorStatus init(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32f rollf, Zor32f a
                    .scale = quantised ? unit : 1,
                    .unit = quantised ? 1 : unit,
                    .rows = rows};
+        return zorStatusOk;
       });
 }
 

@@ -190,9 +190,10 @@ template <class T> Zor8u* bytes(T* p) { return reinterpret_cast<Zor8u*>(p); }
 
 template <class T>
 ZorStatus sampleUp(const T* src, Zor32s srcLen, T* dst, Zor32s* dstLen, Zor32s factor, Zor32s* phase) {
-  return checked(src, srcLen, dst, dstLen, factor, phase).then([&] {
+  const Zor64s len = Zor64s{srcLen} * factor;
+  return checked(src, srcLen, dst, dstLen, factor, phase).require(len <= INT32_MAX, zorStatusNoMemory).then([&] {
     spread<sizeof(T)>(bytes(src), srcLen, bytes(dst), factor, *phase);
-    *dstLen = static_cast<Zor32s>(static_cast<Zor32u>(srcLen) * static_cast<Zor32u>(factor));
+    *dstLen = static_cast<Zor32s>(len);
   });
 }
 template <class T>
