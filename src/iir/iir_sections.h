@@ -9,9 +9,14 @@
 
 namespace zors::iir {
 
-template <class P> inline constexpr P zerosThenOnes[] = {};
-template <> inline constexpr Zor32f zerosThenOnes<Zor32f>[] = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 1, 1, 1, 1};
-template <> inline constexpr Zor64f zerosThenOnes<Zor64f>[] = {0, 0, 0, 0, 1, 1, 1, 1};
+// A register of zeros, then one of ones.
+template <class P> struct ZerosThenOnes {
+  P at[2 * simd::lanesOf<P>] = {};
+  constexpr ZerosThenOnes() {
+    for (int lane = 0; lane < simd::lanesOf<P>; ++lane) at[simd::lanesOf<P> + lane] = 1;
+  }
+};
+template <class P> inline constexpr ZerosThenOnes<P> zerosThenOnes;
 
 // A section's taps and what follows from them, in columns.
 template <class T> struct SectionColumns {
@@ -44,7 +49,7 @@ template <class T> struct SectionColumns {
     simd::unrolled<steps>([&](auto step) ZORS_INLINE_LAMBDA {
       constexpr int distance = 1 << step;
       const auto from = [&](const Column<T>& all) ZORS_INLINE_LAMBDA {
-        const auto shown = simd::load<lanes>(zerosThenOnes<simd::Part<T>> + lanes - distance);
+        const auto shown = simd::load<lanes>(zerosThenOnes<simd::Part<T>>.at + lanes - distance);
         const Column<T> same = column(laneOf(all, distance));
         return simd::build<Column<T>>([&](auto part) ZORS_INLINE_LAMBDA {
           return simd::mul(simd::Vec<simd::Part<T>, lanes>{{same.r[part]}}, shown).r[0];
