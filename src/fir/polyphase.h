@@ -242,7 +242,7 @@ template <class Value> struct Polyphase {
     if constexpr (!integers)
       if (up == 1 && down == 1) return slideRow(rows[0], in, out, iterations);
     const std::ptrdiff_t done =
-        up == 1 ? oneRow(rows[0], in, iterations, out, finish) : severalRows(in, iterations, out, finish);
+        up == 1 ? oneRow(rows[0], sharing(), in, iterations, out, finish) : severalRows(in, iterations, out, finish);
     inOrder(in, done * up, iterations * up, out, finish);
   }
 
@@ -267,7 +267,8 @@ template <class Value> struct Polyphase {
 
   // Returns the iterations done.
   std::ptrdiff_t severalRows(const Value* in, std::ptrdiff_t iterations, Output* out, Finish finish) const {
-    if constexpr (!integers) return byColumns(in, iterations, out);
+    if constexpr (!integers)
+      if (down == 1 || up <= outputs) return byColumns(in, iterations, out);
     if (together > 1) return rowsTogether(in, iterations, out, finish);
     std::ptrdiff_t i = 0;
     for (; i + outputs <= iterations; i += outputs) square(in + i * down, out + i * up, out + iterations * up, finish);
@@ -280,7 +281,8 @@ template <class Value> struct Polyphase {
   std::ptrdiff_t byColumns(const Value* in, std::ptrdiff_t iterations, Output* out) const {
     std::ptrdiff_t i = 0;
     if constexpr (!integers) {
-      const std::ptrdiff_t len = columnLen<Value>(up), all = down == 1 ? iterations : iterations / outputs * outputs;
+      const std::ptrdiff_t distance = sharing(), len = columnLen<Value>(up),
+                           all = down == 1 ? iterations : iterations / outputs * outputs;
       for (; i < all; i += std::min(len, all - i)) {
         const std::ptrdiff_t count = std::min(len, all - i);
         const Value* from = in + i * down;
@@ -288,7 +290,7 @@ template <class Value> struct Polyphase {
           if (down == 1)
             slideRow(rows[r], from, columns + r * len, count);
           else
-            oneRow(rows[r], from, count, columns + r * len, {});
+            oneRow(rows[r], distance, from, count, columns + r * len, {});
         }
         interleave(columns, len, up, count, out + i * up);
       }
@@ -367,10 +369,11 @@ template <class Value> struct Polyphase {
     return Arithmetic::cells(sums, finish);
   }
 
+  // How many windows of a row further on one stands a register further on; 0 where none does.
+  std::ptrdiff_t sharing() const { return down <= lanes && lanes % down == 0 ? lanes / down : 0; }
   // Tiles of one row, whose windows stand `down` samples apart; returns the iterations done.
-  std::ptrdiff_t oneRow(const PhaseRow& row, const Value* in, std::ptrdiff_t iterations, Output* out,
-                        Finish finish) const {
-    const auto distance = lanes % down == 0 ? lanes / down : 0;
+  std::ptrdiff_t oneRow(const PhaseRow& row, std::ptrdiff_t distance, const Value* in, std::ptrdiff_t iterations,
+                        Output* out, Finish finish) const {
     if (distance == 1) return oneRowBy<1>(row, in, iterations, out, finish);
     if (distance == 2) return oneRowBy<2>(row, in, iterations, out, finish);
     if constexpr (outputs > 4)
