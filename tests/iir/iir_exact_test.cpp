@@ -106,6 +106,26 @@ TEST(IirExact, ScaledResultsRoundToEvenAndTheFirstTwoOfACascadesChunkAreCut) {
   }
 }
 
+// Scales at the end of the exponents of normal numbers, and results that need them.
+TEST(IirExact, TinyResultsAreScaledUpByTheWholeFactor) {
+  for (const Filter& f : filters()) {
+    if (f.sampleBits == 0 || f.integerTaps) continue;
+    const int exponent = f.single ? 124 : 1019;
+    Numbers taps(std::size_t(tapsLen(f.form, 1)));
+    taps[0] = {std::ldexp(1.0L, -exponent), 0};
+    taps[f.form == Form::polynomial ? 2 : 3] = {1, 0};
+    for (int len : {1, 4, 30, 70}) {
+      const State state(f, taps, 1);
+      Numbers x(static_cast<std::size_t>(len));
+      for (std::size_t i = 0; i < x.size(); ++i) x[i].re = static_cast<long double>(i) - 20;
+      Model model(f.form, taps, 1);
+      EXPECT_EQ(difference(f.run(x, state, -exponent - 2, false, 0), expected(f, model, x, 1, -exponent - 2)), "")
+          << f.name << " " << len;
+      EXPECT_EQ(f.one({7, 0}, state, -exponent - 2).re, 28) << f.name;
+    }
+  }
+}
+
 TEST(IirExact, LargeResultsSaturateBeforeTheyAreConverted) {
   for (const Filter& f : filters()) {
     if (f.sampleBits == 0) continue;
