@@ -6,6 +6,7 @@ PACKAGES = g++ clang cmake ninja-build make pkg-config libgtest-dev libbenchmark
 BUILD_PACKAGES = g++ cmake ninja-build
 PACKAGING_PACKAGES = $(BUILD_PACKAGES) debhelper dpkg-dev fakeroot lintian pkg-config man-db
 ABI_PACKAGES = $(BUILD_PACKAGES) abigail-tools
+DOCS_PACKAGES = doxygen python3 man-db
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
 RATE ?= 48000
@@ -16,7 +17,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library-for-abi abi abi-update clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library-for-abi abi abi-update setup-docs docs test-docs clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -130,6 +131,22 @@ abi: library-for-abi
 	@tests/abi/run.sh check build/gcc-release && tests/abi/refuses.sh build/gcc-release
 abi-update: library-for-abi
 	@tests/abi/run.sh update build/gcc-release && git diff --stat tests/abi
+
+## make docs       the manual into build/docs: HTML with a search that needs no server, a man page for each export
+setup-docs:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(DOCS_PACKAGES)'
+docs: setup-docs
+	@rm -rf build/docs && mkdir -p build/docs
+	doxygen docs/Doxyfile
+	docs/check_documented.py build/docs
+	@rm -rf build/docs/xml
+
+## make test-docs  the manual, its links, and every program of the guides compiled, linked and run
+test-docs: docs setup-install
+	docs/check_links.py README.md docs/guide/*.md
+	@[ -f build/gcc-release/build.ninja ] || cmake --preset gcc-release -DZORS_TESTS=OFF -DZORS_BENCH=OFF -DZORS_DEMO=OFF >/dev/null
+	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore
+	docs/check_snippets.py build/gcc-release README.md docs/guide/*.md
 
 ## make clean      remove the build folder
 clean:
