@@ -10,7 +10,7 @@ import xml.etree.ElementTree as xml
 
 root = sys.argv[1]
 with open("src/frame/exports.def", encoding="utf-8") as file:
-    exports = set(re.findall(r"EXPORT\((\w+)\)", file.read()))
+    exports = set(re.findall(r"(?m)^(?:EXPORT|SHARED)\((\w+)", file.read()))
 pages = os.path.join(root, "man", "man3")
 os.makedirs(pages, exist_ok=True)
 
@@ -24,7 +24,7 @@ def roff(line):
     return "\\&" + line if line[:1] in (".", "'") else line
 
 
-def page(name, prototype, family, paragraphs, members, header):
+def page(name, prototype, family, paragraphs, members, notes, header):
     lines = [f'.TH {name} 3 "" "zorsl9 8.2"', ".SH NAME", roff(f"{name} - {family}"), ".SH SYNOPSIS", ".nf", f"#include <{header}>", ".PP",
              roff(prototype + ";"), ".fi", ".SH DESCRIPTION"]
     for paragraph in paragraphs:
@@ -32,6 +32,7 @@ def page(name, prototype, family, paragraphs, members, header):
     others = ", ".join(other for other in members if other != name)
     if others:
         lines += [".SH FAMILY"] + [roff(line) for line in textwrap.wrap(others, 110)]
+    lines += [".SH NOTES"] + [line for note in notes for line in [".PP"] + [roff(l) for l in textwrap.wrap(note, 110)]]
     with open(os.path.join(pages, name + ".3"), "w", encoding="utf-8") as file:
         file.write("\n".join(lines) + "\n")
 
@@ -40,6 +41,7 @@ documented = set()
 for path in glob.glob(os.path.join(root, "xml", "*_8h.xml")):
     compound = xml.parse(path).getroot().find("compounddef")
     header = compound.find("location").get("file", "").removeprefix("include/")
+    notes = [n for n in (text(p) for p in compound.find("detaileddescription").iter("para")) if n]
     for section in compound.iter("sectiondef"):
         functions = [f for f in section.findall("memberdef") if f.get("kind") == "function" and f.findtext("name") in exports]
         members = [f.findtext("name") for f in functions]
@@ -52,7 +54,7 @@ for path in glob.glob(os.path.join(root, "xml", "*_8h.xml")):
                 continue
             documented.add(name)
             prototype = text(function.find("type")) + " " + name + function.findtext("argsstring")
-            page(name, prototype, family, parts, members if section.findtext("header") else [name], header)
+            page(name, prototype, family, parts, members if section.findtext("header") else [name], notes, header)
 
 missing = sorted(exports - documented)
 for name in missing:

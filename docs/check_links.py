@@ -5,7 +5,7 @@ import re
 import sys
 
 with open("src/frame/exports.def", encoding="utf-8") as file:
-    exports = set(re.findall(r"EXPORT\((\w+)\)", file.read()))
+    exports = set(re.findall(r"(?m)^(?:EXPORT|SHARED)\((\w+)", file.read()))
 with open("include/zors_status.h", encoding="utf-8") as file:
     exports |= set(re.findall(r"(zorsStatus\w+)\(", file.read()))
 faults = 0
