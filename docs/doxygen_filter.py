@@ -4,7 +4,16 @@ import re
 import sys
 
 path = sys.argv[1]
-text = open(path, encoding="utf-8").read()
+with open(path, encoding="utf-8") as file:
+    text = file.read()
+entities = {"<": "&lt;", ">": "&gt;", "&": "&amp;"}
+table = re.compile(r"((?:^ \* {3,4}\S.*\n(?:^ \* {5,}\S.*\n)*)+)", re.M)  # lines farther in keep their columns
+
+
+def plain(words):
+    words = re.sub(r"[<>\\#%&]", lambda c: entities.get(c.group(0), "\\" + c.group(0)), words)
+    words = re.sub(r"(?<=\w)_(?!\w)|(?<!\w)_|(?<!\n )(?<!\n)(?<!^ )(?<!^)\*", lambda c: "\\" + c.group(0), words)  # emphasis
+    return re.sub(r"(?m)^( \* +\d+)\. ", r"\1\\. ", words)  # lists
 
 
 def block(match):
@@ -14,11 +23,10 @@ def block(match):
         comment = "/** @file\n *\n *" + comment[2:]
     if not comment.startswith("/**"):
         return comment
-    head, body = comment[:3], comment[3:-2]
-    body = re.sub(r"[<>\\#%&]", lambda c: {"<": "&lt;", ">": "&gt;", "\\": "\\\\", "#": "\\#", "%": "\\%", "&": "&amp;"}[c.group(0)], body)
-    # The table of conventions keeps its columns.
-    body = re.sub(r"(?m)^( \* Conventions.*\n)((?: \*   .*\n)+)", r"\1 * @verbatim\n\2 * @endverbatim\n", body)
-    return head + body + "*/"
+    parts = table.split(comment[3:-2])
+    parts[0::2] = map(plain, parts[0::2])
+    parts[1::2] = (f" * @verbatim\n{part} * @endverbatim\n" for part in parts[1::2])
+    return comment[:3] + "".join(parts) + "*/"
 
 
 if path.endswith((".h", ".hpp")):
