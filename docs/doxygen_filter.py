@@ -13,6 +13,7 @@ table = re.compile(r"((?:^ \* {3,4}\S.*\n(?:^ \* {5,}\S.*\n)*)+)", re.M)  # line
 def plain(words):
     words = re.sub(r"[<>\\#%&]", lambda c: entities.get(c.group(0), "\\" + c.group(0)), words)
     words = re.sub(r"(?<=\w)_(?!\w)|(?<!\w)_|(?<!\n )(?<!\n)(?<!^ )(?<!^)\*", lambda c: "\\" + c.group(0), words)  # emphasis
+    words = re.sub(r"\n \* +\\\* ", r" \\* ", words)  # a factor at the begin of a line is no bullet
     return re.sub(r"(?m)^( \* +\d+)\. ", r"\1\\. ", words)  # lists
 
 
@@ -25,7 +26,7 @@ def block(match):
         return comment
     parts = table.split(comment[3:-2])
     parts[0::2] = map(plain, parts[0::2])
-    parts[1::2] = (f" * @verbatim\n{part} * @endverbatim\n" for part in parts[1::2])
+    parts[1::2] = ("@verbatim\n" + re.sub(r"(?m)^ \*", "", part) + "@endverbatim\n" for part in parts[1::2])
     return comment[:3] + "".join(parts) + "*/"
 
 
