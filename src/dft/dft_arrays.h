@@ -123,4 +123,9 @@ template <class T, class Run> ZORS_INLINE void overColumns(std::size_t count, Ru
   if (k < count) run.template operator()<1>(k);
 }
 
+// run.operator()<n>() where value is n, one of the values; whether it is.
+template <int... values, class Run> ZORS_INLINE bool withConstant(Zor32s value, Run run) {
+  return ((value == values && (run.template operator()<values>(), true)) || ...);
+}
+
 }  // namespace zors::dft

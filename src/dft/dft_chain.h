@@ -63,27 +63,10 @@ template <class T, class Source> [[gnu::flatten]] void genericLeafPass(const Eng
   });
 }
 template <class T, class Source> void leaves(const Engine<T>& engine, Source src, T* to) {
-  if constexpr (!requires { Source::oddAlone; }) {
-    if (engine.leaf == 2) return leafPass<2>(engine, src, to);
-    if (engine.leaf == 4) return leafPass<4>(engine, src, to);
-    if (engine.leaf == 6) return leafPass<6>(engine, src, to);
-    if (engine.leaf == 8) return leafPass<8>(engine, src, to);
-    if (engine.leaf == 16) return leafPass<16>(engine, src, to);
-  }
-  switch (engine.leaf) {
-    case 3:
-      return leafPass<3>(engine, src, to);
-    case 5:
-      return leafPass<5>(engine, src, to);
-    case 7:
-      return leafPass<7>(engine, src, to);
-    case 11:
-      return leafPass<11>(engine, src, to);
-    case 13:
-      return leafPass<13>(engine, src, to);
-    default:
-      return genericLeafPass(engine, src, to);
-  }
+  const auto kernel = [&]<int leaf>() { leafPass<leaf>(engine, src, to); };
+  if constexpr (!requires { Source::oddAlone; })
+    if (withConstant<2, 4, 6, 8, 16>(engine.leaf, kernel)) return;
+  if (!withConstant<3, 5, 7, 11, 13>(engine.leaf, kernel)) genericLeafPass(engine, src, to);
 }
 
 // ---- Stages -------------------------------------------------------------------------------------
@@ -122,24 +105,10 @@ template <class T, class Target>
   }
 }
 template <class T, class Target> void pass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
-  if constexpr (!requires { Target::oddAlone; }) {
-    if (stage.radix == 2) return stagePass<2>(stage, from, blocks, out);
-    if (stage.radix == 4) return stagePass<4>(stage, from, blocks, out);
-  }
-  switch (stage.radix) {
-    case 3:
-      return stagePass<3>(stage, from, blocks, out);
-    case 5:
-      return stagePass<5>(stage, from, blocks, out);
-    case 7:
-      return stagePass<7>(stage, from, blocks, out);
-    case 11:
-      return stagePass<11>(stage, from, blocks, out);
-    case 13:
-      return stagePass<13>(stage, from, blocks, out);
-    default:
-      return genericStagePass(stage, from, blocks, out);
-  }
+  const auto kernel = [&]<int radix>() { stagePass<radix>(stage, from, blocks, out); };
+  if constexpr (!requires { Target::oddAlone; })
+    if (withConstant<4>(stage.radix, kernel)) return;
+  if (!withConstant<3, 5, 7, 11, 13>(stage.radix, kernel)) genericStagePass(stage, from, blocks, out);
 }
 
 template <class T> std::size_t blockOf(const Stage<T>& stage) {

@@ -91,25 +91,41 @@ template <class T>
     });
   }
 }
-template <class T> void part(const Stage<T>& stage, const T* src, std::size_t blocks, T* dst) {
-  switch (stage.radix) {
-    case 2:
-      return partPass<2>(stage, src, blocks, dst);
-    case 3:
-      return partPass<3>(stage, src, blocks, dst);
-    case 4:
-      return partPass<4>(stage, src, blocks, dst);
-    case 5:
-      return partPass<5>(stage, src, blocks, dst);
-    case 7:
-      return partPass<7>(stage, src, blocks, dst);
-    case 11:
-      return partPass<11>(stage, src, blocks, dst);
-    case 13:
-      return partPass<13>(stage, src, blocks, dst);
-    default:
-      return genericPartPass(stage, src, blocks, dst);
+// The deepest pass: blocks of radix points, which need no turns; lanes are blocks.
+template <int radix, class T> [[gnu::flatten]] void unitPass(const T* src, Sign change, std::size_t blocks, T* dst) {
+  const T sign = change == Sign::changed ? T(-0.0) : T(0.0);
+  overColumns<T>(blocks, [&]<int n>(std::size_t b) ZORS_INLINE_LAMBDA {
+    const T* from[n];
+    T* to[n];
+    for (std::size_t i = 0; i < n; ++i) {
+      from[i] = src + 2 * radix * (b + i);
+      to[i] = dst + 2 * radix * (b + i);
+    }
+    Pairs<T, n> x[radix];
+    loadTransposed(x, radix, from);
+    simd::unrolled<radix>([&](auto q) ZORS_INLINE_LAMBDA { x[q] = signsOf(x[q], both<Pairs<T, n>>(0, sign)); });
+    butterfly<radix>(x);
+    storeTransposed(x, radix, to);
+  });
+}
+template <class T> void genericUnitPass(const Stage<T>& stage, const T* src, Sign change, std::size_t blocks, T* dst) {
+  const InterleavedSource<T> source(src, change);
+  const auto radix = static_cast<std::size_t>(stage.radix);
+  for (std::size_t at = 0; at < blocks * radix; at += radix) {
+    Pairs<T, 1> x[largestGeneric][1];
+    for (std::size_t q = 0; q < radix; ++q) x[q][0] = source.template load<1>(at + q);
+    genericButterfly<1>(stage.radix, stage.roots, x);
+    for (std::size_t q = 0; q < radix; ++q) storePairs(dst + 2 * (at + q), x[q][0]);
   }
+}
+template <class T> void unit(const Stage<T>& stage, const T* src, Sign change, std::size_t blocks, T* dst) {
+  const auto kernel = [&]<int radix>() { unitPass<radix>(src, change, blocks, dst); };
+  if (!withConstant<2, 3, 4, 5, 7, 11, 13>(stage.radix, kernel)) genericUnitPass(stage, src, change, blocks, dst);
+}
+template <class T> void part(const Stage<T>& stage, const T* src, std::size_t blocks, T* dst) {
+  if (stage.rest == 1) return unit(stage, src, Sign::kept, blocks, dst);
+  const auto kernel = [&]<int radix>() { partPass<radix>(stage, src, blocks, dst); };
+  if (!withConstant<3, 4, 5, 7, 11, 13>(stage.radix, kernel)) genericPartPass(stage, src, blocks, dst);
 }
 
 // Part q of a block.
