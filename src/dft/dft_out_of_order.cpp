@@ -152,10 +152,8 @@ template <class T> void joinAll(const Stage<T>* stages, int top, const T* src, T
       joinAll(stages, top - 1, src + partAt(stages[top], q), block + partAt(stages[top], q));
     return pass(stages[top], block, 1, WorkTarget<T>{block});
   }
-  const InterleavedSource<T> conjugates(src, Sign::changed);
-  overColumns<T>(points, [&]<int n>(std::size_t k)
-                             ZORS_INLINE_LAMBDA { storePairs(block + 2 * k, conjugates.template load<n>(k)); });
-  for (int i = 0; i <= top; ++i) pass(stages[i], block, points / blockOf(stages[i]), WorkTarget<T>{block});
+  unit(stages[0], src, Sign::changed, points / blockOf(stages[0]), block);
+  for (int i = 1; i <= top; ++i) pass(stages[i], block, points / blockOf(stages[i]), WorkTarget<T>{block});
 }
 
 template <class S, class T> void chainForward(const S& spec, const T* src, T* dst) {
