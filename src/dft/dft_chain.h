@@ -2,6 +2,9 @@
 // them, block by block while a block stays in the first-level cache.
 #pragma once
 
+#include <algorithm>
+#include <iterator>
+
 #include "dft/dft_arrays.h"
 #include "dft/dft_butterfly.h"
 #include "dft/dft_generic.h"
@@ -15,35 +18,54 @@ namespace zors::dft {
 template <class T> class LeafPlaces {
  public:
   explicit LeafPlaces(const Engine<T>& engine) : engine_(engine) {}
-  ZORS_INLINE std::size_t next() {
-    const std::size_t place = place_;
-    for (int i = 0; i < engine_.stages; ++i) {
-      const auto& stage = engine_.stage[i];
-      place_ += static_cast<std::size_t>(stage.rest);
-      if (++digit_[i] < stage.radix) break;
-      place_ -= static_cast<std::size_t>(stage.rest) * static_cast<std::size_t>(stage.radix);
-      digit_[i] = 0;
+  // The places of the next leaves.
+  void fill(Zor32u* places, std::size_t count) {
+    const auto top = engine_.stage[0];
+    for (std::size_t k = 0; k < count; ++k) {
+      places[k] = place_;
+      place_ += static_cast<Zor32u>(top.rest);
+      if (++digit_[0] == top.radix) carry();
     }
-    return place;
   }
 
  private:
+  void carry() {
+    for (int i = 0; digit_[i] == engine_.stage[i].radix; ++i) {
+      digit_[i] = 0;
+      place_ -= static_cast<Zor32u>(blockOf(engine_.stage[i]));
+      if (i + 1 == engine_.stages) return;
+      ++digit_[i + 1];
+      place_ += static_cast<Zor32u>(engine_.stage[i + 1].rest);
+    }
+  }
+
   const Engine<T>& engine_;
-  std::size_t place_ = 0;
+  Zor32u place_ = 0;
   Zor32s digit_[Factors::capacity] = {};
 };
 
+// Places come from the table of a chain of one block; those of more are counted some at a time.
 template <class T, class Transform, class Source>
 ZORS_INLINE void forLeaves(const Engine<T>& engine, Source src, T* to, Transform transform) {
-  const std::size_t leaves = static_cast<std::size_t>(engine.points / engine.leaf);
-  LeafPlaces<T> places(engine);
-  overColumns<T>(leaves, [&]<int n>(std::size_t first) ZORS_INLINE_LAMBDA {
-    T* place[n];
-    for (int i = 0; i < n; ++i) place[i] = to + 2 * places.next();
-    transform.template operator()<n>(
-        [&](int q) ZORS_INLINE_LAMBDA { return src.template load<n>(first + leaves * static_cast<std::size_t>(q)); },
-        place);
-  });
+  const auto leaves = static_cast<std::size_t>(engine.leaves);
+  LeafPlaces<T> counter(engine);
+  Zor32u counted[128];
+  for (std::size_t from = 0, count = leaves; from < leaves; from += count) {
+    const Zor32u* places = engine.places;
+    if (places == nullptr) {
+      count = std::min(std::size(counted), leaves - from);
+      counter.fill(counted, count);
+      places = counted;
+    }
+    overColumns<T>(count, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
+      T* place[n];
+      for (std::size_t i = 0; i < n; ++i) place[i] = to + 2 * std::size_t{places[k + i]};
+      transform.template operator()<n>(
+          [&](int q)
+              ZORS_INLINE_LAMBDA { return src.template load<n>(from + k + leaves * static_cast<std::size_t>(q)); },
+          place);
+    });
+  }
 }
 template <int leaf, class T, class Source> [[gnu::flatten]] void leafPass(const Engine<T>& engine, Source src, T* to) {
   forLeaves(engine, src, to, [&]<int n>(auto load, T* const(&place)[n]) ZORS_INLINE_LAMBDA {
@@ -111,9 +133,6 @@ template <class T, class Target> void pass(const Stage<T>& stage, const T* from,
   if (!withConstant<3, 5, 7, 11, 13>(stage.radix, kernel)) genericStagePass(stage, from, blocks, out);
 }
 
-template <class T> std::size_t blockOf(const Stage<T>& stage) {
-  return static_cast<std::size_t>(stage.radix) * static_cast<std::size_t>(stage.rest);
-}
 // All stages from `first` to the last on one block of stage `first`, deepest first.
 template <class T> void joinBlock(const Engine<T>& engine, int first, T* block) {
   if (first == engine.stages) return;
