@@ -71,6 +71,9 @@ template <class P> ZORS_INLINE P all(typename P::Value x) {
 template <class P> ZORS_INLINE P both(typename P::Value re, typename P::Value im) {  // (re, im) in all places
   ZORS_PICK(P, _mm256_setr_ps(re, im, re, im, re, im, re, im), _mm_setr_ps(re, im, re, im), _mm256_setr_pd(re, im, re, im), _mm_setr_pd(re, im))
 }
+template <class P> ZORS_INLINE P repeated(Pairs<typename P::Value, 1> x) {  // one number in all places
+  ZORS_PICK(P, _mm256_castpd_ps(_mm256_broadcastsd_pd(_mm_castps_pd(x.r))), _mm_castpd_ps(_mm_movedup_pd(_mm_castps_pd(x.r))), _mm256_set_m128d(x.r, x.r), x.r)
+}
 // clang-format on
 #undef ZORS_PICK
 

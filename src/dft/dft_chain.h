@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <type_traits>
 
 #include "dft/dft_arrays.h"
 #include "dft/dft_butterfly.h"
@@ -57,7 +58,7 @@ ZORS_INLINE void forLeaves(const Engine<T>& engine, Source src, T* to, Transform
       counter.fill(counted, count);
       places = counted;
     }
-    overColumns<T>(count, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
+    overColumnsApart<T>(count, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
       T* place[n];
       for (std::size_t i = 0; i < n; ++i) place[i] = to + 2 * std::size_t{places[k + i]};
       transform.template operator()<n>(
@@ -93,12 +94,14 @@ template <class T, class Source> void leaves(const Engine<T>& engine, Source src
 
 // ---- Stages -------------------------------------------------------------------------------------
 
-// Columns of `blocks` blocks from `from` on; out gets block after block.
-template <int radix, class T, class Target>
+// Columns of `blocks` blocks from `from` on; out gets block after block. columns: the stage's rest, where it is known
+// to be so short that a loop over it would cost more than its work.
+template <int radix, int columns, class T, class Target>
 [[gnu::flatten]] void stagePass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
-  const auto rest = static_cast<std::size_t>(stage.rest);
+  const auto rest = static_cast<std::size_t>(columns > 0 ? columns : stage.rest);
+  const T* const twiddles = stage.twiddles;
   for (std::size_t at = 0; at < blocks * radix * rest; at += radix * rest) {
-    const T* w = stage.twiddles;
+    const T* w = twiddles;
     overColumns<T>(rest, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
       Pairs<T, n> x[radix];
       x[0] = loadPairs<n>(from + 2 * (at + k));
@@ -127,7 +130,13 @@ template <class T, class Target>
   }
 }
 template <class T, class Target> void pass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
-  const auto kernel = [&]<int radix>() { stagePass<radix>(stage, from, blocks, out); };
+  const auto kernel = [&]<int radix>() {
+    if constexpr (radix <= 5 && std::is_same_v<Target, WorkTarget<T>>)
+      if (withConstant<2, 4, 6, 8, 16>(stage.rest,
+                                       [&]<int columns>() { stagePass<radix, columns>(stage, from, blocks, out); }))
+        return;
+    stagePass<radix, 0>(stage, from, blocks, out);
+  };
   if constexpr (!requires { Target::oddAlone; })
     if (withConstant<4>(stage.radix, kernel)) return;
   if (!withConstant<3, 5, 7, 11, 13>(stage.radix, kernel)) genericStagePass(stage, from, blocks, out);

@@ -122,8 +122,70 @@ template <class T> void unit(const Stage<T>& stage, const T* src, Sign change, s
   const auto kernel = [&]<int radix>() { unitPass<radix>(src, change, blocks, dst); };
   if (!withConstant<2, 3, 4, 5, 7, 11, 13>(stage.radix, kernel)) genericUnitPass(stage, src, change, blocks, dst);
 }
+// The two deepest passes at once, of radix 4 over 2 or 4: the same steps on blocks that stay in registers. Inverse: on
+// conjugates.
+template <int radix, bool inverse, class T>
+[[gnu::flatten]] void unitPairPass(const Stage<T>& wide, const T* src, std::size_t blocks, T* dst) {
+  constexpr int points = 4 * radix, group = std::min(radix, fullPairs<T>);
+  overColumns<T>(blocks, [&]<int n>(std::size_t b) ZORS_INLINE_LAMBDA {
+    using P = Pairs<T, n>;
+    const T* from[n];
+    T* to[n];
+    for (std::size_t i = 0; i < n; ++i) {
+      from[i] = src + 2 * points * (b + i);
+      to[i] = dst + 2 * points * (b + i);
+    }
+    P x[points];
+    loadTransposed(x, points, from);
+    const auto turn = [&](P v, int j, int k) ZORS_INLINE_LAMBDA {
+      const T* const w = wide.twiddles + 2 * (group * (3 * (k / group) + j - 1) + k % group);
+      return turned(both<P>(w[0], w[1]), v);
+    };
+    const auto across = [&]() ZORS_INLINE_LAMBDA {
+      simd::unrolled<radix>([&](auto k) ZORS_INLINE_LAMBDA {
+        P y[] = {x[k], x[k + radix], x[k + 2 * radix], x[k + 3 * radix]};
+        if (inverse) simd::unrolled<3>([&](auto i) ZORS_INLINE_LAMBDA { y[i + 1] = turn(y[i + 1], i + 1, k); });
+        butterfly<4>(y);
+        x[k] = y[0];
+        simd::unrolled<3>(
+            [&](auto i) ZORS_INLINE_LAMBDA { x[k + (i + 1) * radix] = inverse ? y[i + 1] : turn(y[i + 1], i + 1, k); });
+      });
+    };
+    const auto within = [&]() ZORS_INLINE_LAMBDA {
+      simd::unrolled<4>([&](auto q) ZORS_INLINE_LAMBDA {
+        P y[radix];
+        simd::unrolled<radix>([&](auto k) ZORS_INLINE_LAMBDA { y[k] = x[q * radix + k]; });
+        butterfly<radix>(y);
+        simd::unrolled<radix>([&](auto k) ZORS_INLINE_LAMBDA { x[q * radix + k] = y[k]; });
+      });
+    };
+    if constexpr (inverse) {
+      simd::unrolled<points>([&](auto i) ZORS_INLINE_LAMBDA { x[i] = conjugate(x[i]); });
+      within();
+      across();
+    } else {
+      across();
+      within();
+    }
+    storeTransposed(x, points, to);
+  });
+}
+// Of so many passes at hand, the deepest that run as one.
+template <class T> int passesInUnits(const Stage<T>* stages, int count) {
+  return count > 1 && stages[1].radix == 4 && (stages[0].radix == 2 || stages[0].radix == 4) ? 2 : 1;
+}
+template <bool inverse, class T>
+void units(const Stage<T>* stages, int count, const T* src, std::size_t points, T* dst) {
+  const auto pair = [&]<int radix>() {
+    unitPairPass<radix, inverse>(stages[1], src, points / blockOf(stages[1]), dst);
+  };
+  if (passesInUnits(stages, count) == 2)
+    withConstant<2, 4>(stages[0].radix, pair);
+  else
+    unit(stages[0], src, inverse ? Sign::changed : Sign::kept, points / blockOf(stages[0]), dst);
+}
+
 template <class T> void part(const Stage<T>& stage, const T* src, std::size_t blocks, T* dst) {
-  if (stage.rest == 1) return unit(stage, src, Sign::kept, blocks, dst);
   const auto kernel = [&]<int radix>() { partPass<radix>(stage, src, blocks, dst); };
   if (!withConstant<3, 4, 5, 7, 11, 13>(stage.radix, kernel)) genericPartPass(stage, src, blocks, dst);
 }
@@ -138,8 +200,9 @@ template <class T> void partAll(const Stage<T>* stages, int top, const T* src, T
   part(stages[top], src, 1, block);
   const std::size_t points = static_cast<std::size_t>(stages[top].rest);
   if (points <= stageBlock) {
-    for (int i = top - 1; i >= 0; --i) part<T>(stages[i], block, blockOf(stages[top]) / blockOf(stages[i]), block);
-    return;
+    for (int i = top - 1; i >= passesInUnits(stages, top); --i)
+      part<T>(stages[i], block, blockOf(stages[top]) / blockOf(stages[i]), block);
+    return units<false, T>(stages, top, block, blockOf(stages[top]), block);
   }
   for (Zor32s q = 0; q < stages[top].radix; ++q)
     partAll<T>(stages, top - 1, block + partAt(stages[top], q), block + partAt(stages[top], q));
@@ -152,8 +215,9 @@ template <class T> void joinAll(const Stage<T>* stages, int top, const T* src, T
       joinAll(stages, top - 1, src + partAt(stages[top], q), block + partAt(stages[top], q));
     return pass(stages[top], block, 1, WorkTarget<T>{block});
   }
-  unit(stages[0], src, Sign::changed, points / blockOf(stages[0]), block);
-  for (int i = 1; i <= top; ++i) pass(stages[i], block, points / blockOf(stages[i]), WorkTarget<T>{block});
+  units<true>(stages, top + 1, src, points, block);
+  for (int i = passesInUnits(stages, top + 1); i <= top; ++i)
+    pass(stages[i], block, points / blockOf(stages[i]), WorkTarget<T>{block});
 }
 
 template <class S, class T> void chainForward(const S& spec, const T* src, T* dst) {
