@@ -1,6 +1,7 @@
 // Errors of the transforms of any length and of the cosine transforms, by method, beside FFTW's on the same inputs: the
 // root mean square of the error over that of the exact result, and the largest error of a term over the same, in units
 // of the element type's rounding (2^-24, 2^-53); for each method the mean and the worst of its lengths from 2 to 200.
+// Then the root mean square of longer transforms, over some of their terms.
 #include <algorithm>
 #include <cmath>
 #include <complex>
@@ -27,12 +28,24 @@ Points roots(std::size_t n) {
     w[k] = std::polar(1.0L, -2 * std::numbers::pi_v<long double> * (long double)(k) / (long double)(n));
   return w;
 }
-Points exactTransform(const Points& x) {
+// Every so manieth of the first `terms` terms.
+Points exactTransform(const Points& x, std::size_t terms, std::size_t step = 1) {
   const std::size_t n = x.size();
   const Points w = roots(n);
-  Points out(n);
-  for (std::size_t k = 0; k < n; ++k)
-    for (std::size_t i = 0; i < n; ++i) out[k] += x[i] * w[i * k % n];
+  Points out;
+  for (std::size_t k = 0; k < terms; k += step) {
+    long double re = 0, im = 0;
+    for (std::size_t i = 0, at = 0; i < n; ++i, at = at + k < n ? at + k : at + k - n) {
+      re += x[i].real() * w[at].real() - x[i].imag() * w[at].imag();
+      im += x[i].real() * w[at].imag() + x[i].imag() * w[at].real();
+    }
+    out.emplace_back(re, im);
+  }
+  return out;
+}
+Points every(const Points& x, std::size_t step) {
+  Points out;
+  for (std::size_t k = 0; k < x.size(); k += step) out.push_back(x[k]);
   return out;
 }
 Points exactCosines(const Points& x) {
@@ -88,6 +101,24 @@ template <> struct Kind<Zor32f> {
 #endif
     return wide(x);
   }
+  static Points spectrum(std::vector<Zor32f> x) {
+    std::vector<C> y(x.size() / 2 + 1);
+    ZorsDFTSpec_R_32f* spec = nullptr;
+    zorsDFTInitAlloc_R_32f(&spec, int(x.size()), ZOR_FFT_DIVIDE_NONE, zorAlgHintNone);
+    zorsDFTFwd_RToCCS_32f(x.data(), &y[0].re, spec, nullptr);
+    zorsDFTFree_R_32f(spec);
+    return wide(y);
+  }
+  static Points spectrumByFftw(std::vector<Zor32f> x) {
+    std::vector<C> y(x.size() / 2 + 1);
+#ifdef HAVE_FFTW
+    const auto plan =
+        fftwf_plan_dft_r2c_1d(int(x.size()), x.data(), reinterpret_cast<fftwf_complex*>(y.data()), FFTW_ESTIMATE);
+    fftwf_execute(plan);
+    fftwf_destroy_plan(plan);
+#endif
+    return wide(y);
+  }
   static Points wide(const std::vector<C>& x) {
     Points out;
     for (const C& v : x) out.emplace_back(v.re, v.im);
@@ -120,6 +151,24 @@ template <> struct Kind<Zor64f> {
     fftw_destroy_plan(plan);
 #endif
     return wide(x);
+  }
+  static Points spectrum(std::vector<Zor64f> x) {
+    std::vector<C> y(x.size() / 2 + 1);
+    ZorsDFTSpec_R_64f* spec = nullptr;
+    zorsDFTInitAlloc_R_64f(&spec, int(x.size()), ZOR_FFT_DIVIDE_NONE, zorAlgHintNone);
+    zorsDFTFwd_RToCCS_64f(x.data(), &y[0].re, spec, nullptr);
+    zorsDFTFree_R_64f(spec);
+    return wide(y);
+  }
+  static Points spectrumByFftw(std::vector<Zor64f> x) {
+    std::vector<C> y(x.size() / 2 + 1);
+#ifdef HAVE_FFTW
+    const auto plan =
+        fftw_plan_dft_r2c_1d(int(x.size()), x.data(), reinterpret_cast<fftw_complex*>(y.data()), FFTW_ESTIMATE);
+    fftw_execute(plan);
+    fftw_destroy_plan(plan);
+#endif
+    return wide(y);
   }
   static Points wide(const std::vector<C>& x) {
     Points out;
@@ -155,7 +204,7 @@ template <class T> void measure(std::mt19937_64& random) {
   using K = Kind<T>;
   enum { straight, fft, chain, direct, chirp, methods };
   const char* const names[methods] = {"up to 16 points", "powers of two", "chains", "direct", "chirps"};
-  Row ours[methods], fftw[methods], cosines;
+  Row ours[methods], fftw[methods], real, realFftw, cosines;
   std::uniform_real_distribution<double> uniform(-1, 1);
   for (int n = 2; n <= 200; ++n) {
     const int largest = largestFactor(n);
@@ -170,9 +219,12 @@ template <class T> void measure(std::mt19937_64& random) {
       exact.emplace_back(x[i].re, x[i].im);
       exactValues.emplace_back(values[i], 0);
     }
-    exact = exactTransform(exact);
+    exact = exactTransform(exact, exact.size());
+    const Points exactReal = exactTransform(exactValues, exactValues.size() / 2 + 1);
     ours[method].add(errorOf(K::transform(x), exact, K::unit));
     fftw[method].add(errorOf(K::byFftw(x), exact, K::unit));
+    real.add(errorOf(K::spectrum(values), exactReal, K::unit));
+    realFftw.add(errorOf(K::spectrumByFftw(values), exactReal, K::unit));
     cosines.add(errorOf(K::cosines(values), exactCosines(exactValues), K::unit));
   }
   for (int method = 0; method < methods; ++method) {
@@ -181,9 +233,36 @@ template <class T> void measure(std::mt19937_64& random) {
     fftw[method].print();
     std::printf("\n");
   }
-  std::printf("| DCT, %s |", K::name);
+  std::printf("| real to CCS, %s |", K::name);
+  real.print();
+  realFftw.print();
+  std::printf("\n| DCT, %s |", K::name);
   cosines.print();
   std::printf(" | | |\n");
+}
+
+template <class T> void measureLong(std::mt19937_64& random, std::size_t n) {
+  using K = Kind<T>;
+  std::uniform_real_distribution<double> uniform(-1, 1);
+  std::vector<typename K::C> x(n);
+  std::vector<T> values(n);
+  Points exact, exactValues;
+  for (std::size_t i = 0; i < n; ++i) {
+    x[i] = {T(uniform(random)), T(uniform(random))};
+    values[i] = x[i].re;
+    exact.emplace_back(x[i].re, x[i].im);
+    exactValues.emplace_back(values[i], 0);
+  }
+  const std::size_t step = std::max<std::size_t>(1, n / 300);
+  exact = exactTransform(exact, n, step);
+  exactValues = exactTransform(exactValues, n / 2 + 1, step);
+  const auto print = [&](const Points& got, const Points& right) {
+    std::printf(" %.2f |", errorOf(every(got, step), right, K::unit).rms);
+  };
+  print(K::transform(x), exact);
+  print(K::byFftw(x), exact);
+  print(K::spectrum(values), exactValues);
+  print(K::spectrumByFftw(values), exactValues);
 }
 
 }  // namespace
@@ -195,4 +274,13 @@ int main() {
   std::mt19937_64 random(1);
   measure<Zor32f>(random);
   measure<Zor64f>(random);
+  std::printf(
+      "\n| points | CToC_32fc | FFTW | RToCCS_32f | FFTW | CToC_64fc | FFTW | RToCCS_64f | FFTW "
+      "|\n|---|---|---|---|---|---|---|---|---|\n");
+  for (const std::size_t n : {240, 480, 960, 1000, 1009, 1152, 1920, 1999, 4800, 10007, 44100, 48000, 1000000}) {
+    std::printf("| %zu |", n);
+    measureLong<Zor32f>(random, n);
+    measureLong<Zor64f>(random, n);
+    std::printf("\n");
+  }
 }
