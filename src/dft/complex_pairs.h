@@ -71,6 +71,9 @@ template <class P> ZORS_INLINE P all(typename P::Value x) {
 template <class P> ZORS_INLINE P both(typename P::Value re, typename P::Value im) {  // (re, im) in all places
   ZORS_PICK(P, _mm256_setr_ps(re, im, re, im, re, im, re, im), _mm_setr_ps(re, im, re, im), _mm256_setr_pd(re, im, re, im), _mm_setr_pd(re, im))
 }
+template <class P> ZORS_INLINE P repeated(Pairs<typename P::Value, 1> x) {  // one number in all places
+  ZORS_PICK(P, _mm256_castpd_ps(_mm256_broadcastsd_pd(_mm_castps_pd(x.r))), _mm_castpd_ps(_mm_movedup_pd(_mm_castps_pd(x.r))), _mm256_set_m128d(x.r, x.r), x.r)
+}
 // clang-format on
 #undef ZORS_PICK
 
@@ -192,6 +195,34 @@ template <class T, int n> ZORS_INLINE void storeTransposed(const Pairs<T, n>* x,
         single(to[0] + 2 * q, x[q].r);
         second(to[1] + 2 * q, x[q].r);
       }
+    }
+  }
+}
+
+// The way back: number i of x[q] from place q of from[i].
+template <class T, int n> ZORS_INLINE void loadTransposed(Pairs<T, n>* x, int rows, const T* const* from) {
+  if constexpr (n == 1) {
+    for (int q = 0; q < rows; ++q) x[q] = loadPairs<1>(from[0] + 2 * q);
+  } else if constexpr (sizeof(T) == 8) {
+    for (int q = 0; q < rows; ++q)
+      x[q] = {_mm256_set_m128d(_mm_loadu_pd(from[1] + 2 * q), _mm_loadu_pd(from[0] + 2 * q))};
+  } else {
+    const auto two = [](const T* low, const T* high) ZORS_INLINE_LAMBDA {
+      return _mm_loadh_pi(loadPairs<1>(low).r, reinterpret_cast<const __m64*>(high));
+    };
+    int q = 0;
+    if constexpr (n == 4) {
+      for (; q + 1 < rows; q += 2) {
+        const auto row = [&](int i) ZORS_INLINE_LAMBDA { return _mm_loadu_ps(from[i] + 2 * q); };
+        const __m256d even = _mm256_castps_pd(_mm256_set_m128(row(2), row(0))),
+                      odd = _mm256_castps_pd(_mm256_set_m128(row(3), row(1)));
+        x[q] = {_mm256_castpd_ps(_mm256_unpacklo_pd(even, odd))};
+        x[q + 1] = {_mm256_castpd_ps(_mm256_unpackhi_pd(even, odd))};
+      }
+      if (q < rows)
+        x[q] = {_mm256_set_m128(two(from[2] + 2 * q, from[3] + 2 * q), two(from[0] + 2 * q, from[1] + 2 * q))};
+    } else {
+      for (; q < rows; ++q) x[q] = {two(from[0] + 2 * q, from[1] + 2 * q)};
     }
   }
 }
