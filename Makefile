@@ -47,10 +47,11 @@ demo-find: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target find_sound | tail -1
 	@./build/gcc-release/examples/find_sound "$(IN)" $(if $(SOUND),"$(SOUND)")
 
-## make pictures   draw the windows and their spectra into docs/
+## make pictures   draw the windows and their spectra and what resamplers add into docs/
 pictures: setup
-	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target window_pictures | tail -1
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target window_pictures resampler_pictures | tail -1
 	@./build/gcc-release/examples/window_pictures docs
+	@./build/gcc-release/examples/resampler_pictures docs
 ## make demo-equaliser  an equaliser of five bands: make demo-equaliser IN=file.wav OUT=file.wav GAINS="-12 3 0 9 -9"
 demo-equaliser: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target equaliser | tail -1

@@ -79,6 +79,13 @@ void multirate() {
     }
 #endif
     w.bound(bench::fmas(double(tapsLen) / up, 8));
+    auto* dly = bench::array<Zor32f>(tapsLen);
+    workload("zorsFIRMR_Direct_32f" + what, out)
+        .zors([=, tapsLen = tapsLen, up = up, down = down] {
+          zorsFIRMR_Direct_32f(x, y, numIters, taps, tapsLen, up, 0, down, 0, dly);
+        })
+        .peer("with a specification", [=] { zorsFIRMR_32f(x, y, numIters, spec, nullptr, nullptr, buffer); })
+        .bound(bench::fmas(double(tapsLen) / up, 8));
   }
   for (int tapsLen : {64}) {
     constexpr int len = 4000;

@@ -71,13 +71,14 @@ void applyWindow(Zor32s window, Zor64f* taps, Zor32s tapsLen) {
   }
 }
 
-// The gain at zero, at half the sampling rate, or in the middle of the band, of the left half and its mirror.
-Zor64f gain(Band band, const Half& half, Zor64f centreFrequency) {
+// The gain at zero, at half the sampling rate, or, with the wave of its frequency, in the middle of the band: of the
+// left half and its mirror.
+Zor64f gain(Band band, const Half& half, const Zor64f* middle) {
   const Zor32s h = half.len();
   Zor64f sum = 0, centre = half.odd() ? half.taps[h] : 0;
   for (Zor32s k = 0; k < h; ++k) {
     if (band == Band::bandpass)
-      sum += half.tap(k) * std::cos(2 * pi * centreFrequency * half.distance(k));
+      sum += half.tap(k) * middle[k];
     else if (band == Band::highpass)
       sum += k % 2 == 0 ? -half.tap(k) : half.tap(k);
     else
@@ -118,7 +119,8 @@ ZorStatus design(Band band, Zor64f low, Zor64f high, Zor64f* taps, Zor32s tapsLe
   std::fill_n(taps + shown, h, 0.0);
   applyWindow(window, taps, tapsLen);
   if (normalise != 0) {
-    const Zor64f scale = 1 / std::fabs(gain(band, half, (low + high) / 2));
+    if (band == Band::bandpass) wave(Wave::cosine, (low + high) / 2, half, t, h + 1);
+    const Zor64f scale = 1 / std::fabs(gain(band, half, t));
     for (Zor32s i = 0; i < shown; ++i) taps[i] *= scale;
   }
   const bool antisymmetric = band == Band::highpass && !half.odd();

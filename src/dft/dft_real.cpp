@@ -21,18 +21,32 @@ template <Packed format, class S, class T> ZorStatus forward(const T* src, T* ds
       },
       src, dst);
 }
+// The FFT's own ways from each format: they take their work memory before they write.
+template <Packed format>
+ZorStatus fftToValues(const Zor32f* src, Zor32f* dst, const ZorsFFTSpec_R_32f* spec, Zor8u* work) {
+  if constexpr (format == Packed::pack) return zors::zorsFFTInv_PackToR_32f(src, dst, spec, work);
+  if constexpr (format == Packed::perm) return zors::zorsFFTInv_PermToR_32f(src, dst, spec, work);
+  if constexpr (format == Packed::ccs) return zors::zorsFFTInv_CCSToR_32f(src, dst, spec, work);
+}
+template <Packed format>
+ZorStatus fftToValues(const Zor64f* src, Zor64f* dst, const ZorsFFTSpec_R_64f* spec, Zor8u* work) {
+  if constexpr (format == Packed::pack) return zors::zorsFFTInv_PackToR_64f(src, dst, spec, work);
+  if constexpr (format == Packed::perm) return zors::zorsFFTInv_PermToR_64f(src, dst, spec, work);
+  if constexpr (format == Packed::ccs) return zors::zorsFFTInv_CCSToR_64f(src, dst, spec, work);
+}
+
 template <Packed format, class S, class T> ZorStatus inverse(const T* src, T* dst, const S* given, Zor8u* buffer) {
   return withSpec(
       given, buffer,
       [&](const S& spec, Zor8u* work) {
+        if (spec.engine.method == Method::fft)
+          return fftToValues<format>(src, dst, static_cast<const typename S::Fft::Spec*>(spec.engine.fft), work);
         const T* perm = src;
         if constexpr (format != Packed::perm) {
           toPerm<format>(src, dst, static_cast<std::size_t>(spec.len));
           perm = dst;
         }
-        return spec.engine.method == Method::fft
-                   ? S::Fft::inverse(perm, dst, static_cast<const typename S::Fft::Spec*>(spec.engine.fft), work)
-                   : fromPermSpectrum(spec, perm, dst, work);
+        return fromPermSpectrum(spec, perm, dst, work);
       },
       src, dst);
 }

@@ -43,43 +43,77 @@ template <int mask, class T> void byNetwork(const T* src, T* dst, std::ptrdiff_t
   }
 }
 
-template <class T, class Keys>
-void slide(const T* src, T* dst, std::ptrdiff_t len, std::ptrdiff_t mask, Key<T>* ring, Keys keys) {
-  const std::ptrdiff_t h = mask / 2;
-  dst[0] = valueOf<T>(keys.median());
-  const Key<T> last = keyOf(src[len - 1]);
-  std::ptrdiff_t oldest = 0;
-  const auto step = [&](std::ptrdiff_t i, Key<T> entering) ZORS_INLINE_LAMBDA {
+// A stretch of outputs on its way, at output i: the window's keys in order of time, from the oldest at
+// `oldest` round, and sorted.
+template <class T, class Keys> struct Stretch {
+  using K = Key<T>;
+  Stretch(const T* src, std::ptrdiff_t len, std::ptrdiff_t mask, std::ptrdiff_t first, K* memory)
+      : ring(memory), size(mask), oldest(0), i(first), keys(sorted(src, len, mask, first, memory), mask) {}
+
+  void put(T* dst) const { dst[i] = valueOf<T>(keys.median()); }
+  ZORS_INLINE void next(K entering) {
     keys.replace(ring[oldest], entering);
     ring[oldest] = entering;
-    oldest = oldest + 1 < mask ? oldest + 1 : 0;
-    dst[i] = valueOf<T>(keys.median());
+    oldest = oldest + 1 < size ? oldest + 1 : 0;
+    ++i;
+  }
+
+  K* ring;
+  std::ptrdiff_t size, oldest, i;
+  Keys keys;
+
+ private:
+  static K* sorted(const T* src, std::ptrdiff_t len, std::ptrdiff_t mask, std::ptrdiff_t first, K* memory) {
+    for (std::ptrdiff_t k = 0; k < mask; ++k)
+      memory[k] = keyOf(src[std::clamp<std::ptrdiff_t>(first + k - mask / 2, 0, len - 1)]);
+    std::copy_n(memory, mask, memory + mask);
+    std::sort(memory + mask, memory + 2 * mask);
+    return memory + mask;
+  }
+};
+
+// Steps wait for each other, so two stretches go on side by side. In place the second one overwrites what the first one
+// has still to read, which is kept.
+template <class T, class Keys> ZorStatus slide(const T* src, T* dst, std::ptrdiff_t len, std::ptrdiff_t mask) {
+  using K = Key<T>;
+  const std::ptrdiff_t h = mask / 2, middle = len > 4 * mask ? len / 2 : len;
+  const Scratch work((5 * std::size_t(mask)) * sizeof(K));
+  if (!work) return zorStatusNoMemory;
+  const K last = keyOf(src[len - 1]);
+  const auto enteringAt = [=](std::ptrdiff_t i) ZORS_INLINE_LAMBDA { return i + h < len ? keyOf(src[i + h]) : last; };
+  K* ahead = work.as<K>() + 4 * mask;  // what follows the first stretch
+  if (middle < len) std::transform(src + middle, src + middle + h, ahead, keyOf<T>);
+  Stretch<T, Keys> first(src, len, mask, 0, work.as<K>());
+  const auto finish = [&](auto& stretch, std::ptrdiff_t end) {
+    while (stretch.i + 1 < end) stretch.next(enteringAt(stretch.i + 1)), stretch.put(dst);
   };
-  std::ptrdiff_t i = 1;
-  for (; i + h < len; ++i) step(i, keyOf(src[i + h]));
-  for (; i < len; ++i) step(i, last);
+  if (middle == len) {
+    first.put(dst);
+    finish(first, len);
+    return zorStatusOk;
+  }
+  Stretch<T, Keys> second(src, len, mask, middle, work.as<K>() + 2 * mask);
+  first.put(dst);
+  second.put(dst);
+  for (std::ptrdiff_t step = 1; step < middle; ++step) {
+    first.next(step + h < middle ? keyOf(src[step + h]) : ahead[step + h - middle]);
+    second.next(enteringAt(middle + step));
+    first.put(dst);
+    second.put(dst);
+  }
+  finish(second, len);
+  return zorStatusOk;
 }
 
 template <class T> ZorStatus bySorting(const T* src, T* dst, std::ptrdiff_t len, std::ptrdiff_t mask) {
   using K = Key<T>;
-  const Scratch work(2 * std::size_t(mask) * sizeof(K));
-  if (!work) return zorStatusNoMemory;
-  K *ring = work.as<K>(), *sorted = ring + mask;
-  for (std::ptrdiff_t k = 0; k < mask; ++k) ring[k] = keyOf(src[std::clamp<std::ptrdiff_t>(k - mask / 2, 0, len - 1)]);
-  std::copy_n(ring, mask, sorted);
-  std::sort(sorted, sorted + mask);
   constexpr std::ptrdiff_t lanes = simd::lanesOf<K>;
-  if (mask < lanes)
-    slide(src, dst, len, mask, ring, KeysInRegisters<K, 1>(sorted, mask));
-  else if (mask < 2 * lanes)
-    slide(src, dst, len, mask, ring, KeysInRegisters<K, 2>(sorted, mask));
-  else if (mask < 4 * lanes)
-    slide(src, dst, len, mask, ring, KeysInRegisters<K, 4>(sorted, mask));
-  else if (mask < 8 * lanes)
-    slide(src, dst, len, mask, ring, KeysInRegisters<K, 8>(sorted, mask));
-  else
-    slide(src, dst, len, mask, ring, KeysInMemory<K>(sorted, mask));
-  return zorStatusOk;
+  if (mask < lanes) return slide<T, KeysInRegisters<K, 1>>(src, dst, len, mask);
+  if (mask < 2 * lanes) return slide<T, KeysInRegisters<K, 2>>(src, dst, len, mask);
+  if (mask < 4 * lanes) return slide<T, KeysInRegisters<K, 4>>(src, dst, len, mask);
+  if (mask < 8 * lanes) return slide<T, KeysInRegisters<K, 8>>(src, dst, len, mask);
+  if (mask < 16 * lanes) return slide<T, KeysInRegisters<K, 16>>(src, dst, len, mask);
+  return slide<T, KeysInMemory<K>>(src, dst, len, mask);
 }
 
 template <class T> ZorStatus filterMedian(const T* src, T* dst, Zor32s len, Zor32s mask) {

@@ -8,11 +8,17 @@ struct ZorFIRSparseState {
 };
 
 namespace zors {
+namespace {
+
+Zor64s bytesOf(Zor64s nzTapsLen, Zor64s order) {
+  return ((8 * order + 15) & ~15) + ((4 * nzTapsLen + 15) >> 4 << 5) + 48 + 16 * nzTapsLen + 16;
+}
+
+}  // namespace
 
 ZorStatus zorsFIRSparseGetStateSize_32f(Zor32s nzTapsLen, Zor32s order, Zor32s* size) {
   return check().pointers(size).require(nzTapsLen >= 1 && order >= 1, zorStatusBadTapsLength).then([&]() -> ZorStatus {
-    const Zor64s n = nzTapsLen;
-    const Zor64s bytes = ((8 * Zor64s{order} + 15) & ~15) + ((4 * n + 15) >> 4 << 5) + 48 + 16 * n + 16;
+    const Zor64s bytes = bytesOf(nzTapsLen, order);
     if (bytes > INT32_MAX) return zorStatusNoMemory;
     *size = static_cast<Zor32s>(bytes);
     return zorStatusOk;
@@ -28,6 +34,7 @@ ZorStatus zorsFIRSparseInit_32f(ZorFIRSparseState** state, const Zor32f* nzTaps,
         if (!sparse::risingFrom(nzTapPos, nzTapsLen, 0)) return zorStatusBadSparsePositions;
         const auto n = static_cast<std::size_t>(nzTapsLen);
         const Zor32s order = nzTapPos[n - 1];
+        if (bytesOf(nzTapsLen, order) > INT32_MAX) return zorStatusNoMemory;
         Layout block(16, buffer);
         auto* built = block.take<ZorFIRSparseState>(1);
         built->taps = {block.take<Zor32f>(n), block.take<Zor32s>(n), nzTapsLen};

@@ -73,7 +73,9 @@ ZorStatus zorsIIRSparseInit_32f(ZorIIRSparseState** state, const Zor32f* nzTaps,
         if (!risingFrom(nzTapPos, nzTapsLen1, 0) || !risingFrom(iirPos, nzTapsLen2, 1))
           return zorStatusBadSparsePositions;
         const Zor32s order1 = iirPos[-1], order2 = iirPos[nzTapsLen2 - 1];
-        Layout block(16, buffer);
+        Layout account(16), block(16, buffer);
+        lay(account, nzTapsLen1, nzTapsLen2, order1, order2);
+        if (account.size() > INT32_MAX) return zorStatusNoMemory;
         ZorIIRSparseState* built = lay(block, nzTapsLen1, nzTapsLen2, order1, order2);
         for (Zor32s k = 0; k < nzTapsLen1; ++k) {
           built->fir.values[k] = nzTaps[k];

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <cstdint>
 #include <cstring>
 #include <limits>
 
@@ -41,11 +42,18 @@ template <int mask, class T> ZORS_INLINE Vec<T, simd::lanesOf<T>> medians(const 
   const T* next = in + first;
   return selected<first, Vec<T, lanes>>(x, [&]() ZORS_INLINE_LAMBDA { return simd::load<lanes>(next++); });
 }
-// len windows; in has a register of lanes more where len is less than a register holds.
+// len windows; in has a register of lanes more where len is less than a register holds. Between the first register and
+// the last one stores are aligned.
 template <int mask, class T> [[gnu::flatten]] void network(const T* in, T* out, std::ptrdiff_t len) {
   constexpr int lanes = simd::lanesOf<T>;
   if (len < lanes) return simd::storePart(out, medians<mask>(in), int(len));
-  for (std::ptrdiff_t i = 0; i < len - lanes; i += lanes) simd::store(out + i, medians<mask>(in + i));
+  simd::store(out, medians<mask>(in));
+  const auto beyond = reinterpret_cast<std::uintptr_t>(out) % 32 / sizeof(T);
+  std::ptrdiff_t i = lanes - static_cast<std::ptrdiff_t>(beyond);
+  for (; i + 4 * lanes <= len; i += 4 * lanes)
+    simd::unrolled<4>([&](auto k)
+                          ZORS_INLINE_LAMBDA { simd::store(out + i + k * lanes, medians<mask>(in + i + k * lanes)); });
+  for (; i < len - lanes; i += lanes) simd::store(out + i, medians<mask>(in + i));
   simd::store(out + len - lanes, medians<mask>(in + len - lanes));
 }
 

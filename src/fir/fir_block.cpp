@@ -49,7 +49,7 @@ void filterDirect(ZorFIRState* state, const typename Kind::Sample* src, typename
   } else {
     if (len <= state->dlyBlock) return filterTile<Kind>(state, src, dst, len, scaleFactor);
     // Outputs that need history come by way of the delay line, the others straight from the source.
-    const Zor32s n = state->tapsLen, first = firRows<Kind>(n);
+    const Zor32s n = state->tapsLen, first = static_cast<Zor32s>(firRows<Kind>(n));
     filterTile<Kind>(state, src, dst, first, scaleFactor);
     firDelay<Kind>(state).keep(src + len);
     runKernel<Kind>(state, src + (first - n + 1), dst + first, len - first);

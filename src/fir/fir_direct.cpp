@@ -26,30 +26,6 @@ template <class T> const T* push(T val, T* dly, Zor32s* dlyIndex, Zor32s tapsLen
   return dly + *dlyIndex;
 }
 
-// ---- Results ------------------------------------------------------------------------------------
-
-// As awayFromZero and resultOf, in vectors.
-template <class D> struct AwayFromZero {
-  Zor32s scaleFactor;
-  template <class F, int L> ZORS_INLINE auto operator()(Vec<F, L> sum) const {
-    using namespace simd;
-    const auto scaled = mul(sum, splat<Vec<F, L>>(wrappingPower<F>(scaleFactor)));
-    const auto y = [&] {
-      if constexpr (sizeof(F) == 4)
-        return toDouble(scaled);
-      else
-        return scaled;
-    }();
-    const auto half = either(signOf(y), same(y, 0.5));
-    const auto limited = min(max(add(y, half), same(y, Zor64f{std::numeric_limits<D>::min()})),
-                             same(y, Zor64f{std::numeric_limits<D>::max()}));
-    const auto integers = toIntegerTowardZero(limited);
-    if constexpr (sizeof(D) == 2)
-      return saturate<D>(integers);
-    else
-      return integers;
-  }
-};
 // ---- Blocks and single samples ------------------------------------------------------------------
 
 // Where a block's samples come from and go to; one sample is a block by value.
@@ -124,13 +100,7 @@ void filterBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsL
   const auto filter = [&](const Tap* line, Zor32s i, Zor32s count) {
     alignas(32) Sum sums[lineLen<Tap> + lineSlack];
     fir::windowSums(taps, tapsLen, line, sums, count);
-    using Part = std::remove_pointer_t<decltype(components(dst))>;
-    if constexpr (std::is_integral_v<Part>)
-      map<32 / int{sizeof(Part)}>(
-          AwayFromZero<Part>{scaleFactor}, componentsLen<T>(count), components(dst + i),
-          static_cast<const std::remove_pointer_t<decltype(components(sums))>*>(components(sums)));
-    else
-      by_type::narrow(sums, dst + i, count);
+    narrowAway(sums, dst + i, count, scaleFactor);
   };
   if (!throughLine<Tap>(src, len, tapsLen, dly, dlyIndex, filter))
     filterEach<Sum>(src, dst, len, taps, tapsLen, dly, dlyIndex, scaleFactor);
@@ -169,15 +139,6 @@ template <class Tap, class T> T integerResult(const Tap* taps, Zor32s tapsLen, c
     return fir::scaledResult(static_cast<Zor32s>(sum), shift);
   }
 }
-// Taps within 16 bits, as those of 16-bit filters mostly are, run on the kernels of states. The negative of an
-// imaginary part has to fit too.
-template <class Tap> bool fit16(const Tap* taps, Zor32s tapsLen) {
-  const auto* parts = components(taps);
-  Zor32s low = 0, high = 0;
-  for (Zor32s i = 0; i < componentsLen<Tap>(tapsLen); ++i)
-    low = std::min(low, parts[i]), high = std::max(high, parts[i]);
-  return low > INT16_MIN && high <= INT16_MAX;
-}
 template <class Tap, class T>
 bool narrowBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsLen, T* dly, Zor32s* dlyIndex,
                  int shift) {
@@ -187,7 +148,7 @@ bool narrowBlock(const T* src, T* dst, Zor32s len, const Tap* taps, Zor32s tapsL
   const Zor32s ahead = fir::zerosAhead<T>(tapsLen);
   for (Zor32s j = 0; j < tapsLen; ++j) fir::storeTap(stored, tapsLen, j, valueAs<T>(taps[tapsLen - 1 - j]));
   return throughLine<T>(src, len, tapsLen, dly, dlyIndex, [&](const T* line, Zor32s i, Zor32s count) {
-    fir::integerBlock(stored, tapsLen + ahead, line - ahead, dst + i, count, shift);
+    fir::integerBlock(stored, tapsLen + ahead, line - ahead, dst + i, count, {shift});
   });
 }
 template <class Tap, class T>

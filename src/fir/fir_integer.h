@@ -34,6 +34,21 @@ ZORS_INLINE Sums scaledResults(Sums sum, int shift) {
     sum = roundedShift(sum, -shift);
   return min(max(sum, same(sum, INT16_MIN)), same(sum, INT16_MAX));
 }
+
+// What becomes of sums. Streams choose the mode of a shift to the right.
+struct Finish {
+  int shift = 0;
+  ZorRoundMode roundMode = zorRoundNearestEven;
+};
+ZORS_INLINE Sums finished(Sums sum, Finish finish) {
+  using namespace simd;
+  if (finish.shift >= 0 || finish.roundMode == zorRoundNearestEven) return scaledResults(sum, finish.shift);
+  const int shift = -finish.shift;
+  sum = finish.roundMode == zorRoundHalfAway ? roundedShiftBy<zorRoundHalfAway>(sum, shift)
+                                             : roundedShiftBy<zorRoundTowardZero>(sum, shift);
+  return min(max(sum, same(sum, INT16_MIN)), same(sum, INT16_MAX));
+}
+
 // The low halves of a, then of b, in turn.
 ZORS_INLINE __m256i interleaveLow(Sums a, Sums b) {
   return _mm256_blend_epi16(a.r[0], _mm256_slli_epi32(b.r[0], 16), 0xAA);
@@ -57,7 +72,7 @@ struct RealKernel {
   static constexpr int lanes = 16, widest = 4;
   template <int registers>
   ZORS_INLINE static simd::Vec<Zor16s, lanes * registers> outputs(const Zor16s* taps, std::ptrdiff_t tapsLen,
-                                                                  const Zor16s* in, int shift) {
+                                                                  const Zor16s* in, Finish finish) {
     using namespace simd;
     Vec<Zor32s, 8 *registers> even = splat<Vec<Zor32s, 8 * registers>>(0), odd = even;
     std::ptrdiff_t j = 0;
@@ -87,7 +102,7 @@ struct RealKernel {
       });
     }
     return build<Vec<Zor16s, lanes * registers>>([&](auto r) ZORS_INLINE_LAMBDA {
-      return interleaveLow(scaledResults(Sums{{even.r[r]}}, shift), scaledResults(Sums{{odd.r[r]}}, shift));
+      return interleaveLow(finished(Sums{{even.r[r]}}, finish), finished(Sums{{odd.r[r]}}, finish));
     });
   }
 };
@@ -97,7 +112,7 @@ struct ComplexKernel {
   static constexpr int lanes = 8, widest = 4;
   template <int registers>
   ZORS_INLINE static simd::Vec<Zor16sc, lanes * registers> outputs(const Zor16sc* taps, std::ptrdiff_t tapsLen,
-                                                                   const Zor16sc* in, int shift) {
+                                                                   const Zor16sc* in, Finish finish) {
     using namespace simd;
     Vec<Zor32s, 8 *registers> re = splat<Vec<Zor32s, 8 * registers>>(0), im = re;
     for (std::ptrdiff_t j = 0; j < tapsLen; ++j) {
@@ -109,7 +124,7 @@ struct ComplexKernel {
       });
     }
     return build<Vec<Zor16sc, lanes * registers>>([&](auto r) ZORS_INLINE_LAMBDA {
-      return interleaveLow(scaledResults(Sums{{re.r[r]}}, shift), scaledResults(Sums{{im.r[r]}}, shift));
+      return interleaveLow(finished(Sums{{re.r[r]}}, finish), finished(Sums{{im.r[r]}}, finish));
     });
   }
 };
@@ -131,25 +146,25 @@ template <class Sample> using IntegerKernel = std::conditional_t<Complex<Sample>
 
 template <int registers, class Sample>
 [[gnu::flatten]] void integerTile(const Sample* taps, std::ptrdiff_t tapsLen, const Sample* in, Sample* out,
-                                  int shift) {
-  simd::store(out, IntegerKernel<Sample>::template outputs<registers>(taps, tapsLen, in, shift));
+                                  Finish finish) {
+  simd::store(out, IntegerKernel<Sample>::template outputs<registers>(taps, tapsLen, in, finish));
 }
 
 // len outputs; reads in[0 .. len + tapsLen - 2], or, where len is less than a vector's lanes, as if it were those.
 template <class Sample>
 void integerBlock(const Sample* taps, std::ptrdiff_t tapsLen, const Sample* in, Sample* out, std::ptrdiff_t len,
-                  int shift) {
+                  Finish finish) {
   using Kernel = IntegerKernel<Sample>;
   constexpr int lanes = Kernel::lanes, step = lanes * Kernel::widest;
   if (len < lanes) {
-    simd::storePart(out, Kernel::template outputs<1>(taps, tapsLen, in, shift), int(len));
+    simd::storePart(out, Kernel::template outputs<1>(taps, tapsLen, in, finish), int(len));
     return;
   }
   std::ptrdiff_t i = 0;
-  for (; i + step <= len; i += step) integerTile<Kernel::widest>(taps, tapsLen, in + i, out + i, shift);
-  for (; i + 2 * lanes <= len; i += 2 * lanes) integerTile<2>(taps, tapsLen, in + i, out + i, shift);
-  if (i + lanes <= len) integerTile<1>(taps, tapsLen, in + i, out + i, shift), i += lanes;
-  if (i < len) integerTile<1>(taps, tapsLen, in + len - lanes, out + len - lanes, shift);
+  for (; i + step <= len; i += step) integerTile<Kernel::widest>(taps, tapsLen, in + i, out + i, finish);
+  for (; i + 2 * lanes <= len; i += 2 * lanes) integerTile<2>(taps, tapsLen, in + i, out + i, finish);
+  if (i + lanes <= len) integerTile<1>(taps, tapsLen, in + i, out + i, finish), i += lanes;
+  if (i < len) integerTile<1>(taps, tapsLen, in + len - lanes, out + len - lanes, finish);
 }
 
 }  // namespace zors::fir
@@ -173,7 +188,7 @@ template <class Kind> void firStoreTap(ZorFIRState* state, Zor32s j, typename Ki
 template <class Kind> ZorFIRState* firBuildInteger(Zor8u* memory, Zor32s tapsLen) {
   Layout block = firLayout<Kind>(memory);
   const FirParts parts = layFirInteger<Kind>(block, tapsLen);
-  const Zor32s dlyBlock = firDirectBlock<Kind>(tapsLen);
+  const auto dlyBlock = static_cast<Zor32s>(firDirectBlock<Kind>(tapsLen));
   *parts.state = {.tag = Kind::tags[0],
                   .tapsLen = tapsLen,
                   .dlyLen = tapsLen,
@@ -195,12 +210,12 @@ void firFilterInteger(ZorFIRState* state, const typename Kind::Sample* src, type
   const auto* taps = firTaps<Kind>(state);
   const auto delay = firDelay<Kind>(state);
   const auto* history = delay.history();
-  const Zor32s first = len <= state->dlyBlock ? len : firRows<Kind>(n);
+  const Zor32s first = len <= state->dlyBlock ? len : static_cast<Zor32s>(firRows<Kind>(n));
   by_type::copy(src, delay.room(), first);
-  fir::integerBlock(taps, n + ahead, history + 1 - ahead, dst, first, shift);
+  fir::integerBlock(taps, n + ahead, history + 1 - ahead, dst, first, {shift});
   delay.keep(first == len ? history + n + len : src + len);
   if (first == len) return;
-  fir::integerBlock(taps, n + ahead, src + (first - n + 1 - ahead), dst + first, len - first, shift);
+  fir::integerBlock(taps, n + ahead, src + (first - n + 1 - ahead), dst + first, len - first, {shift});
 }
 
 }  // namespace zors

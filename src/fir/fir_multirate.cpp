@@ -16,32 +16,52 @@ template <class Kind> auto reversedTap(const ZorFIRState* state, Zor32s j) {
     return firTaps<Kind>(state)[j];
 }
 
-// A stream waits for no history: its samples are read where they stand. The first iteration of integers by itself, as
-// rows of an even length would begin before the source. In place outputs go in order, one by one.
-template <class Kind>
-void runStream(const ZorFIRState* state, const fir::Polyphase<typename Kind::Value>& engine,
-               const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s numIters, fir::Finish finish) {
-  constexpr bool integers = std::is_integral_v<typename Kind::Value>;
-  const auto one = [&](std::ptrdiff_t iteration, std::ptrdiff_t r) -> typename Kind::Sample {
-    const auto* from = src + iteration * engine.down;
-    if constexpr (integers) {
+// One output of 16-bit samples by itself.
+Zor16s outputOf(const Zor16s* taps, std::ptrdiff_t len, const Zor16s* window, fir::Finish finish) {
+  Zor32u sum = 0;
+  for (std::ptrdiff_t k = 0; k < len; ++k) sum += static_cast<Zor32u>(Zor32s{taps[k]} * window[k]);
+  Zor32s results[8];
+  simd::store(results, fir::finished(simd::splat<fir::Sums>(static_cast<Zor32s>(sum)), finish));
+  return static_cast<Zor16s>(results[0]);
+}
+
+// A stream waits for no history: its samples are read where they stand. In place outputs go in order, one by one.
+void runStream(const fir::Polyphase<Zor32f>& engine, const Zor32f* src, Zor32f* dst, Zor32s numIters,
+               fir::Finish finish) {
+  if (src != dst) return engine.run(src, numIters, dst, finish);
+  for (std::ptrdiff_t i = 0; i < numIters; ++i)
+    for (std::ptrdiff_t r = 0; r < engine.up; ++r) *dst++ = engine.one(src + i * engine.down, r, finish);
+}
+// The first outputs by themselves too, as their registers would begin before the source.
+void runStream(const fir::Polyphase<Zor16s>& engine, const Zor16s* src, Zor16s* dst, Zor32s numIters,
+               fir::Finish finish) {
+  const std::ptrdiff_t atStart = (engine.lanes - 1) / engine.down + 1;
+  const std::ptrdiff_t alone = src == dst ? numIters : std::min<std::ptrdiff_t>(atStart, numIters);
+  const Zor16s* from = src;
+  for (std::ptrdiff_t i = 0; i < alone; ++i, from += engine.down)
+    for (std::ptrdiff_t r = 0; r < engine.up; ++r) {
       const fir::PhaseRow& row = engine.rows[r];
-      Zor32u sum = 0;
-      for (std::ptrdiff_t k = 0; k < row.len; ++k)
-        if (const auto tap = engine.taps[row.taps + k]; tap != 0)
-          sum += static_cast<Zor32u>(Zor32s{tap} * from[row.start + k]);
-      Zor32s results[8];
-      simd::store(results, fir::finished(simd::splat<fir::Sums>(static_cast<Zor32s>(sum)), finish));
-      return static_cast<Zor16s>(results[0]);
-    } else {
-      return engine.one(from, r, finish);
+      const std::ptrdiff_t zeros = engine.lanes - row.head, len = engine.rowLen - zeros;
+      *dst++ = outputOf(engine.taps + row.taps + zeros, len, from + row.end - len, finish);
     }
-  };
-  const std::ptrdiff_t alone = src == dst ? numIters : integers ? 1 : 0, up = engine.up;
-  for (std::ptrdiff_t i = 0; i < alone; ++i)
-    for (std::ptrdiff_t r = 0; r < up; ++r) dst[i * up + r] = one(i, r);
-  if (alone < numIters) engine.run(src + alone * engine.down, numIters - alone, dst + alone * up, finish);
-  static_cast<void>(state);
+  if (alone < numIters) engine.run(from, numIters - alone, dst, finish);
+}
+
+// The same at one rate, which is a sliding dot product.
+void runSingleStream(const Zor32f* taps, Zor32s tapsLen, const Zor32f* src, Zor32f* dst, Zor32s len, fir::Finish) {
+  fir::slide(taps, tapsLen, src, dst, len);
+}
+// Taps go in pairs, an odd number of them behind a zero, whose sample would lie before the source for the first output.
+// In place no output is computed twice, so those that fill no register go by themselves.
+void runSingleStream(const Zor16s* taps, Zor32s tapsLen, const Zor16s* src, Zor16s* dst, Zor32s len,
+                     fir::Finish finish) {
+  constexpr Zor32s lanes = fir::RealKernel::lanes;
+  const Zor32s ahead = fir::zerosAhead<Zor16s>(tapsLen);
+  const auto byItself = [&](Zor32s i) { dst[i] = outputOf(taps + ahead, tapsLen, src + i, finish); };
+  if (ahead > 0) byItself(0);
+  const Zor32s left = len - ahead, inBlocks = left < lanes ? 0 : src == dst ? left / lanes * lanes : left;
+  if (inBlocks > 0) fir::integerBlock(taps, tapsLen + ahead, src, dst + ahead, inBlocks, finish);
+  for (Zor32s i = ahead + inBlocks; i < len; ++i) byItself(i);
 }
 
 }  // namespace
@@ -52,10 +72,12 @@ template <class Kind> void firSplitTaps(ZorFIRState* state) {
   if (rates == nullptr) return;
   const Zor32s n = state->tapsLen, up = rates->up;
   const fir::Phases phases{n, up};
+  const std::ptrdiff_t rowLen = fir::rowLen<Value>(phases);
+  auto* taps = static_cast<Value*>(rates->taps);
+  std::fill_n(taps, rates->plane * fir::PhaseSums<Value>::planes, Value{});
   for (Zor32s phase = 0; phase < std::min(up, n); ++phase) {
-    const std::ptrdiff_t len = phases.length(phase), stored = fir::PhaseArithmetic<Value>::stored(len);
-    auto* to = static_cast<Value*>(rates->taps) + phases.place<Value>(phase);
-    to = std::fill_n(to, stored - len, Value{});
+    const std::ptrdiff_t len = phases.length(phase);
+    Value* to = taps + (phase + 1) * rowLen - len;
     for (std::ptrdiff_t i = 0; i < len; ++i) {
       const auto j = static_cast<Zor32s>(rates->ahead ? phase + i * up : n - 1 - phase - (len - 1 - i) * up);
       const auto tap = reversedTap<Kind>(state, j);
@@ -76,17 +98,18 @@ ZorStatus firRunRates(ZorFIRState* state, const typename Kind::Sample* src, type
   using Sample = typename Kind::Sample;
   const fir::Finish finish = firFinish<Value>(state, scaleFactor);
   if (state->dlyLine == nullptr) {
-    if constexpr (std::is_same_v<Sample, Value> && !Complex<Value>) {
-      const auto n = static_cast<Zor32s>(fir::PhaseArithmetic<Value>::stored(state->tapsLen));
-      const fir::PhaseRow single{0, n, state->tapsLen - n};
-      runStream<Kind>(state, firEngine<Value>(state, &single), src, dst, len, finish);
+    if constexpr (std::is_same_v<Sample, Value> && (std::is_same_v<Value, Zor32f> || std::is_same_v<Value, Zor16s>)) {
+      if (state->rates == nullptr)
+        runSingleStream(static_cast<const Value*>(state->tapsReversed), state->tapsLen, src, dst, len, finish);
+      else
+        runStream(firEngine<Value>(state, static_cast<Value*>(state->rates->columns)), src, dst, len, finish);
     }
     return zorStatusOk;
   }
   const FirRates& rates = *state->rates;
   return firFromCopy(src, dst, len, rates.up, rates.down, [&](const Sample* from) -> ZorStatus {
-    firRunLine(firEngine<Value>(state, nullptr), rates.chunk, firDlyLine<Kind>(state), state->dlyLen,
-               static_cast<Value*>(state->blockScratch), from, dst, len, finish, scaleFactor);
+    firRunLine(firEngine(state, static_cast<Value*>(rates.columns)), rates.chunk, firDlyLine<Kind>(state),
+               state->dlyLen, static_cast<Value*>(state->blockScratch), from, dst, len, finish, firNarrow(scaleFactor));
     return zorStatusOk;
   });
 }
@@ -123,7 +146,7 @@ std::size_t statedSize(std::size_t n, std::size_t u, std::size_t d, std::size_t 
 }
 template <class Kind> std::size_t stateSize(Zor32s tapsLen, Zor32s up, Zor32s down) {
   Layout account = firLayout<Kind>();
-  layRates<Kind>(account, tapsLen, up, down, true);
+  layRates<Kind>(account, tapsLen, up, down, RateRecord::state);
   return std::max(account.size(), statedSize(static_cast<std::size_t>(tapsLen), static_cast<std::size_t>(up),
                                              static_cast<std::size_t>(down), sizeof(typename Kind::Value)));
 }
@@ -162,7 +185,7 @@ ZorStatus init(ZorFIRState** state, const void* taps, const Given<Kind>& given, 
         if (stateSize<Kind>(given.tapsLen, given.up, given.down) > INT32_MAX) return zorStatusNoMemory;
         Layout block = firLayout<Kind>(buffer);
         ZorFIRState* built = firBuildRates<Kind>(block, Kind::tags[1], given.tapsLen, given.up, given.upPhase,
-                                                 given.down, given.downPhase, true, false);
+                                                 given.down, given.downPhase, RateRecord::state);
         firFillRows<typename Kind::Value>(*built->rates, given.tapsLen);
         set(built);
         setDlyLine(built, given.dly);

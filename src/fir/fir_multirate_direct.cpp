@@ -47,6 +47,61 @@ Sum addProducts(Sum sum, const Tap* taps, std::ptrdiff_t step, const T* x, std::
   return joined(joined(sums[0], sums[1]), joined(joined(sums[2], sums[3]), sum));
 }
 
+// ---- By the engine of states --------------------------------------------------------------------
+
+// The kind of state that computes as a stateless form does.
+template <class Tap, class T> struct KindOf;
+template <> struct KindOf<Zor32f, Zor32f> { using type = Fir32f; };
+template <> struct KindOf<Zor32fc, Zor32fc> { using type = Fir32fc; };
+template <> struct KindOf<Zor64f, Zor64f> { using type = Fir64f; };
+template <> struct KindOf<Zor64fc, Zor64fc> { using type = Fir64fc; };
+template <> struct KindOf<Zor64f, Zor32f> { using type = Fir64f_32f; };
+template <> struct KindOf<Zor64fc, Zor32fc> { using type = Fir64fc_32fc; };
+template <> struct KindOf<Zor32f, Zor16s> { using type = Fir32f_16s; };
+template <> struct KindOf<Zor32fc, Zor16sc> { using type = Fir32fc_16sc; };
+template <> struct KindOf<Zor64f, Zor16s> { using type = Fir64f_16s; };
+template <> struct KindOf<Zor64fc, Zor16sc> { using type = Fir64fc_16sc; };
+template <> struct KindOf<Zor64f, Zor32s> { using type = Fir64f_32s; };
+template <> struct KindOf<Zor64fc, Zor32sc> { using type = Fir64fc_32sc; };
+template <> struct KindOf<Zor32s, Zor16s> { using type = Fir32s_16s; };
+template <> struct KindOf<Zor32sc, Zor16sc> { using type = Fir32sc_16sc; };
+
+// Filters that are too large for it, by their taps and rates alone, go output by output.
+constexpr std::size_t recordBytes = 49152;
+
+// A record on the stack for the length of the call; false where it has no room.
+template <class Tap, class T>
+bool byEngine(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s tapsLen, const Rates& rates, T* dly,
+              fir::Finish finish, Zor32s scaleFactor) {
+  using Kind = typename KindOf<Tap, T>::type;
+  using Value = typename Kind::Value;
+  constexpr std::size_t alignment = 64;
+  Layout account(alignment);
+  layRates<Kind>(account, tapsLen, rates.up, rates.down, RateRecord::state);
+  if (account.size() > recordBytes) return false;
+  alignas(alignment) Zor8u memory[recordBytes];
+  Layout block(alignment, memory);
+  ZorFIRState* state = firBuildRates<Kind>(block, Kind::tags[1], tapsLen, rates.up, rates.upPhase, rates.down,
+                                           rates.downPhase, RateRecord::state);
+  firFillRows<Value>(*state->rates, tapsLen);
+  for (Zor32s j = 0; j < tapsLen; ++j) {
+    if constexpr (std::is_integral_v<simd::Part<Value>>)
+      firStoreTap<Kind>(state, j, valueAs<T>(taps[tapsLen - 1 - j]));
+    else
+      firTaps<Kind>(state)[j] = taps[tapsLen - 1 - j];
+  }
+  firSplitTaps<Kind>(state);
+  auto delay = firDelay<Kind>(state);
+  delay.set(dly);
+  firRunLine(firEngine(state, static_cast<Value*>(state->rates->columns)), state->rates->chunk, firDlyLine<Kind>(state),
+             state->dlyLen, static_cast<Value*>(state->blockScratch), src, dst, numIters, finish,
+             [=](const auto* sums, T* to, Zor32s count) { narrowAway(sums, to, count, scaleFactor); });
+  delay.get(dly);
+  return true;
+}
+
+// ---- Output by output ---------------------------------------------------------------------------
+
 // result(sum) makes an output of a sum.
 template <class Sum, class Tap, class T, class Result>
 void filter(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s tapsLen, const Rates& rates, T* dly,
@@ -69,9 +124,10 @@ void filter(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s tapsL
   for (std::ptrdiff_t k = phases.longest() - 1; k >= 0; --k) dly[k] = k < total ? src[total - 1 - k] : dly[k - total];
 }
 
-template <class Sum, class Tap, class T, class Result>
+// engine(src) is tried first.
+template <class Sum, class Tap, class T, class Engine, class Result>
 ZorStatus direct(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s tapsLen, const Rates& rates, T* dly,
-                 Result result) {
+                 Engine engine, Result result) {
   return check()
       .pointers(src, dst)
       .size(numIters)
@@ -88,7 +144,8 @@ ZorStatus direct(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s 
         const Scratch copy(bytes);
         if (!copy) return zorStatusNoMemory;
         if (bytes > 0) std::memcpy(copy.data(), src, bytes);
-        filter<Sum>(bytes > 0 ? copy.as<T>() : src, dst, numIters, taps, tapsLen, rates, dly, result);
+        const T* from = bytes > 0 ? copy.as<T>() : src;
+        if (!engine(from)) filter<Sum>(from, dst, numIters, taps, tapsLen, rates, dly, result);
         return zorStatusOk;
       });
 }
@@ -96,20 +153,25 @@ ZorStatus direct(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s 
 template <class Tap, class T>
 ZorStatus directFloat(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s tapsLen, const Rates& rates,
                       T* dly, Zor32s scaleFactor = 0) {
-  return direct<Tap>(src, dst, numIters, taps, tapsLen, rates, dly,
-                     [=](Tap sum) { return resultOf<T>(sum, scaleFactor); });
+  return direct<Tap>(
+      src, dst, numIters, taps, tapsLen, rates, dly,
+      [&](const T* from) { return byEngine(from, dst, numIters, taps, tapsLen, rates, dly, {}, scaleFactor); },
+      [=](Tap sum) { return resultOf<T>(sum, scaleFactor); });
 }
 template <class Tap, class T>
 ZorStatus directInteger(const T* src, T* dst, Zor32s numIters, const Tap* taps, Zor32s tapsLen, Zor32s tapsFactor,
                         const Rates& rates, T* dly, Zor32s scaleFactor) {
   const int shift = fir::integerShift(tapsFactor, scaleFactor);
   const auto part = [=](Zor32u sum) { return fir::scaledResult(static_cast<Zor32s>(sum), shift); };
+  const auto engine = [&](const T* from) {
+    return fit16(taps, tapsLen) && byEngine(from, dst, numIters, taps, tapsLen, rates, dly, {shift}, 0);
+  };
   if constexpr (Complex<T>)
-    return direct<WrappedSum>(src, dst, numIters, taps, tapsLen, rates, dly, [=](WrappedSum sum) {
+    return direct<WrappedSum>(src, dst, numIters, taps, tapsLen, rates, dly, engine, [=](WrappedSum sum) {
       return T{part(sum.re), part(sum.im)};
     });
   else
-    return direct<Zor32u>(src, dst, numIters, taps, tapsLen, rates, dly, part);
+    return direct<Zor32u>(src, dst, numIters, taps, tapsLen, rates, dly, engine, part);
 }
 
 }  // namespace

@@ -21,13 +21,14 @@ constexpr std::size_t alignment = 64;
 
 template <class Value> std::size_t specSizeOf(Zor32s tapsLen, Zor32s up, Zor32s down) {
   Layout account(alignment);
-  layRates<Form<Value>>(account, tapsLen, up, down, false);
+  layRates<Form<Value>>(account, tapsLen, up, down, RateRecord::specification);
   return account.size();
 }
 template <class Value> struct Buffer {
-  Value *line, *results;
+  Value *line, *results, *columns;
   static Buffer lay(Layout& block, const fir::Phases& phases, Zor32s down) {
-    return {block.take<Value>(firLineLen<Value>(phases, down)), block.take<Value>(firResultsLen(phases, down))};
+    return {block.take<Value>(firLineLen<Value>(phases, down)), block.take<Value>(firResultsLen(phases, down)),
+            block.take<Value>(firColumnsLen<Value>(phases))};
   }
 };
 template <class Value> std::size_t bufferSizeOf(Zor32s tapsLen, Zor32s up, Zor32s down) {
@@ -75,7 +76,8 @@ void build(const Value* taps, Zor32s tapsLen, Zor32s up, Zor32s upPhase, Zor32s 
            bool shortHistory) {
   using Kind = Form<Value>;
   Layout block(alignment, spec);
-  ZorFIRState* state = firBuildRates<Kind>(block, Kind::tags[1], tapsLen, up, upPhase, down, downPhase, false, false);
+  ZorFIRState* state =
+      firBuildRates<Kind>(block, Kind::tags[1], tapsLen, up, upPhase, down, downPhase, RateRecord::specification);
   firFillRows<Value>(*state->rates, tapsLen);
   Form<Value>::setTaps(taps, state);
   state->dlyLen = static_cast<Zor32s>(fir::Phases{tapsLen, up}.longest()) - (shortHistory ? 1 : 0);
@@ -125,8 +127,8 @@ ZorStatus filter(const Sample* src, Sample* dst, Zor32s numIters, const Zor8u* s
         std::fill_n(work.line, history, Value{});
       else if (history > 0)
         by_type::widen(dlySrc, work.line, history);
-      firRunLine(firEngine<Value>(state, nullptr), rates.chunk, work.line, history, work.results, from, dst, numIters,
-                 {}, 0);
+      firRunLine(firEngine<Value>(state, work.columns), rates.chunk, work.line, history, work.results, from, dst,
+                 numIters, {}, firNarrow(0));
       if (dlyDst != nullptr && history > 0) by_type::narrow(work.line, dlyDst, history);
       return zorStatusOk;
     });

@@ -55,7 +55,7 @@ ZorStatus build(const FirParts& parts, const FirFftPlan& plan, const typename Ki
   *state = {.tag = Kind::tags[0],
             .tapsLen = tapsLen,
             .dlyLen = tapsLen,
-            .dlyBlock = firDlyBlock<Kind>(tapsLen, plan),
+            .dlyBlock = static_cast<Zor32s>(firDlyBlock<Kind>(tapsLen, plan)),
             .fftLen = hasFft ? plan.fftLen : -1,
             .tapsReversed = parts.tapsReversed,
             .tapsRows = parts.tapsRows,

@@ -126,11 +126,11 @@ inline constexpr Zor32s firConvertedChunk = 8448;  // the same where samples are
 inline constexpr Zor32s firTile = 1024;            // samples that are converted at a time
 
 // A block of at most so many samples is filtered inside the delay line's own memory; a longer one leaves at least a
-// vector of outputs to be computed straight from the source.
-template <class Kind> constexpr Zor32s firRows(Zor32s tapsLen) {
-  return (tapsLen + Kind::row - 1) / Kind::row * Kind::row;
+// vector of outputs to be computed straight from the source. Lengths are 64 bits wide until a size is known to fit.
+template <class Kind> constexpr Zor64s firRows(Zor32s tapsLen) {
+  return (Zor64s{tapsLen} + Kind::row - 1) / Kind::row * Kind::row;
 }
-template <class Kind> constexpr Zor32s firDirectBlock(Zor32s tapsLen) { return firRows<Kind>(tapsLen) + Kind::row - 1; }
+template <class Kind> constexpr Zor64s firDirectBlock(Zor32s tapsLen) { return firRows<Kind>(tapsLen) + Kind::row - 1; }
 
 // What the FFT path of a filter takes; order 0 and no bytes where there is none.
 struct FirFftPlan {
@@ -155,17 +155,17 @@ struct FirParts {
 };
 
 // Converted samples go through the delay line a tile at a time; a filter that has an FFT path keeps tiles short.
-template <class Kind> constexpr Zor32s firTileLen(Zor32s tapsLen, bool hasFft) {
-  return hasFft ? firDirectBlock<Kind>(tapsLen) : std::max(firTile, firDirectBlock<Kind>(tapsLen));
+template <class Kind> constexpr Zor64s firTileLen(Zor32s tapsLen, bool hasFft) {
+  return hasFft ? firDirectBlock<Kind>(tapsLen) : std::max(Zor64s{firTile}, firDirectBlock<Kind>(tapsLen));
 }
-template <class Kind> constexpr Zor32s firDlyBlock(Zor32s tapsLen, const FirFftPlan& plan) {
+template <class Kind> constexpr Zor64s firDlyBlock(Zor32s tapsLen, const FirFftPlan& plan) {
   if constexpr (Kind::converts)
     return firTileLen<Kind>(tapsLen, plan.fftLen > 0);
   else
     return firDirectBlock<Kind>(tapsLen);
 }
 // Room for the history, which may start at any place of a ring, a block, and a vector that is read and not used.
-template <class Kind> constexpr std::size_t firDlyLineLen(Zor32s tapsLen, Zor32s blockLen) {
+template <class Kind> constexpr std::size_t firDlyLineLen(Zor32s tapsLen, Zor64s blockLen) {
   const auto n = static_cast<std::size_t>(tapsLen);
   return (n - 1) + n + static_cast<std::size_t>(blockLen) + std::size_t{Kind::row};
 }
@@ -182,7 +182,7 @@ template <class Kind> Layout firLayout(Zor8u* block = nullptr) {
 template <class Kind> FirParts layFir(Layout& block, Zor32s tapsLen, const FirFftPlan& plan) {
   using Value = typename Kind::Value;
   const auto n = static_cast<std::size_t>(tapsLen), fftLen = static_cast<std::size_t>(plan.fftLen);
-  const Zor32s tile = firDlyBlock<Kind>(tapsLen, plan);
+  const Zor64s tile = firDlyBlock<Kind>(tapsLen, plan);
   const std::size_t scratch = !Kind::converts   ? firChunk * sizeof(Value)
                               : plan.fftLen > 0 ? std::max(firConvertedChunk * sizeof(typename Kind::Sample),
                                                            static_cast<std::size_t>(tile) * sizeof(Value))
@@ -209,10 +209,10 @@ template <class Kind> std::size_t firStateSize(Zor32s tapsLen, const FirFftPlan&
 }
 
 // The same of integer arithmetic. A size is stated for the real kinds; that of the complex one is what it holds.
-constexpr Zor32s firPairedTaps(Zor32s tapsLen) { return (tapsLen + 1) / 2 * 2; }
+constexpr std::size_t firPairedTaps(Zor32s tapsLen) { return (static_cast<std::size_t>(tapsLen) + 1) / 2 * 2; }
 template <class Kind> FirParts layFirInteger(Layout& block, Zor32s tapsLen) {
   using Value = typename Kind::Value;
-  const auto taps = static_cast<std::size_t>(Complex<Value> ? 2 * tapsLen : firPairedTaps(tapsLen));
+  const auto taps = Complex<Value> ? 2 * static_cast<std::size_t>(tapsLen) : firPairedTaps(tapsLen);
   return {.state = block.take<ZorFIRState>(1),
           .tapsReversed = block.take<Value>(taps),
           .dlyLine = block.take<Value>(firDlyLineLen<Kind>(tapsLen, firDirectBlock<Kind>(tapsLen))),

@@ -29,7 +29,7 @@ template <class Set> ZorFIRState* buildStream(Zor8u* memory, Tag tag, Zor32s tap
   Layout block(streamAlignment, memory);
   auto* state = block.take<ZorFIRState>(1);
   *state = {.tag = tag, .tapsLen = tapsLen};
-  state->tapsReversed = block.take<Zor8u>(static_cast<std::size_t>(firPairedTaps(tapsLen)) * tapSize);
+  state->tapsReversed = block.take<Zor8u>(firPairedTaps(tapsLen) * tapSize);
   set(state);
   return state;
 }
@@ -39,14 +39,14 @@ std::size_t streamSize16s(Zor32s tapsLen) {
 
 template <class Kind> std::size_t rateStreamSize(Zor32s tapsLen, Zor32s up, Zor32s down) {
   Layout account = firLayout<Kind>();
-  layRates<Kind>(account, tapsLen, up, down, false);
+  layRates<Kind>(account, tapsLen, up, down, RateRecord::stream);
   return account.size();
 }
 template <class Kind, class Set>
 ZorFIRState* buildRateStream(Zor8u* memory, Tag tag, Zor32s tapsLen, const Rates& rates, Set set) {
   Layout block = firLayout<Kind>(memory);
-  ZorFIRState* state =
-      firBuildRates<Kind>(block, tag, tapsLen, rates.up, rates.upPhase, rates.down, rates.downPhase, false, true);
+  ZorFIRState* state = firBuildRates<Kind>(block, tag, tapsLen, rates.up, rates.upPhase, rates.down, rates.downPhase,
+                                           RateRecord::stream);
   firFillRows<typename Kind::Value>(*state->rates, tapsLen);
   set(state);
   return state;
@@ -101,7 +101,7 @@ auto buildRates16s(const Zor16s* taps, Zor32s tapsLen, Zor32s tapsFactor, const 
 std::size_t size32f(Zor32s tapsLen) {
   Layout account(streamAlignment);
   account.take<ZorFIRState>(1);
-  account.take<Zor32f>(static_cast<std::size_t>(firPairedTaps(tapsLen)));
+  account.take<Zor32f>(firPairedTaps(tapsLen));
   return account.size();
 }
 

@@ -87,11 +87,7 @@ template <class Sum, class Tap> struct Windows {
       const auto x = load<lanes>(in + j);
       const auto re = splat<Vec<Part, 2 * lanes>>(tap.re), parts = as<Part>(x);
       const auto byIm = mul(splat<Vec<Part, 2 * lanes>>(tap.im), as<Part>(swappedParts(x)));
-      if constexpr (sizeof(Part) == 8)
-        return build<Sums>([&](auto i)
-                               ZORS_INLINE_LAMBDA { return _mm256_fmaddsub_pd(re.r[i], parts.r[i], byIm.r[i]); });
-      else
-        return as<Tap>(addSub(mul(re, parts), byIm));
+      return as<Tap>(addSub(held(mul(re, parts)), byIm));
     } else {
       return term(j);
     }

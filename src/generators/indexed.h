@@ -29,7 +29,7 @@ template <int L, class F, class D, class Kernel>
   if (i < len) storePart(dst + i, kernel(min(n, same(n, static_cast<F>(first + len - 1)))), int(len - i));
 }
 
-// sin x or cos x for |x| below 2^39, within 1.6 ulp, at most 1. One polynomial serves: x = n pi + r for the sine and
+// sin x or cos x for |x| below 2^39, within 1.6 ulp. One polynomial serves: x = n pi + r for the sine and
 // x = (n + 1/2) pi + r for the cosine, |r| <= pi / 2, give sin r with the sign of (-1)^n and of -(-1)^n.
 enum class Circular { sine, cosine };
 
@@ -46,7 +46,7 @@ template <Circular of, int L> ZORS_INLINE simd::Vec<Zor64f, L> circular(simd::Ve
   // The first difference is exact, so what the second rounds off is below a unit of r however small r is.
   const auto first = fnma(halves, same(x, 2 * halfPi<Zor64f>[0]), x);
   const auto r = fnma(halves, same(x, 2 * halfPi<Zor64f>[2]), fnma(halves, same(x, 2 * halfPi<Zor64f>[1]), first));
-  const auto z = mul(r, r), y = max(min(fma(mul(r, z), horner(z, sineCurve), r), same(x, 1.0)), same(x, -1.0));
+  const auto z = mul(r, r), y = fma(mul(r, z), horner(z, sineCurve), r);
   const auto parity = as<Zor64s>(add(n, same(x, sine ? 0x1.8p52 : 0x1.8p52 + 1)));  // its lowest bit
   return differing(y, as<Zor64f>(shiftLeft(parity, 63)));
 }
@@ -65,17 +65,19 @@ template <int L> ZORS_INLINE simd::Vec<Zor64f, L> nearInteger(simd::Vec<Zor64f, 
   return below(magnitude(sub(x, nearestIntegral(x))), error);
 }
 
-// x, the product of a vector sine or cosine, such that its element of type D is the one that the C library's function
-// gives: lanes where some units in the last place decide are again(argument) of that lane.
-template <class D, class V, class Again> ZORS_INLINE V settled(V x, Again again, V argument) {
+// height times a vector sine or cosine, x, such that its element of type D is the one that the C library's function
+// gives: lanes where some units in the last place decide are again(argument) of that lane. 64-bit elements stay within
+// the height.
+template <class D, class V, class Again> ZORS_INLINE V settled(V x, Zor64f height, Again again, V argument) {
   if constexpr (std::is_same_v<D, Zor64f>) {
-    return x;
+    return max(same(x, -height), min(same(x, height), x));  // of zeros, x
   } else {
+    constexpr Zor64f units = sizeof(D) == 4 ? 0x1p-17 : 0x1p-33;  // some of the largest product's
     V open;
     if constexpr (std::is_same_v<D, Zor32f>)
       open = nearNarrowing(x);
     else
-      open = nearInteger(x, mul(magnitude(x), same(x, 0x1p-48)));
+      open = nearInteger(x, same(x, height == 0 ? 0.0 : units));
     if (any(open)) [[unlikely]]
       x = replaceLanes(x, open, again, argument);
     return x;

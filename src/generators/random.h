@@ -51,7 +51,9 @@ class RandomWords {
   static constexpr CongruentialSteps<chunk> steps{};
 
   ZORS_INLINE Zor32u difference(Zor32u b, Zor32u c) {
-    const Zor32u t = b - c + borrow_;
+    Zor32u t = b - c;
+    __asm__("" : "+r"(t));  // or g++ adds the borrow first, and the chain from borrow to borrow is a step longer
+    t += borrow_;
     borrow_ = static_cast<Zor32u>(static_cast<Zor32s>(t) >> 31);
     return t - (borrow_ & 18);
   }

@@ -30,11 +30,11 @@ Zor64f factorOf(Zor64f s) { return std::sqrt(-2.0 * std::log(s) / s); }
 // Points of the square [-1, 1) in pairs of words, those outside the unit circle and its centre dropped.
 class Points {
  public:
-  static constexpr int capacity = 64;
+  static constexpr int capacity = 48;
   int count() const { return count_; }
 
   // The points of so many further pairs of words, at most room() of them. No word is drawn that is not used.
-  void draw(RandomWords& words, int pairs) {
+  ZORS_INLINE void draw(RandomWords& words, int pairs) {
     words.draw<8>(2 * pairs, [&](int i, Vec<Zor32s, 8> r) ZORS_INLINE_LAMBDA {
       const __m256i parts = _mm256_permutevar8x32_epi32(r.r[0], _mm256_setr_epi32(0, 2, 4, 6, 1, 3, 5, 7));
       const auto coordinates = toDouble(Vec<Zor32s, 8>{{parts}});
@@ -49,7 +49,7 @@ class Points {
       count_ += __builtin_popcount(unsigned(kept));
     });
   }
-  static constexpr int room = 32;  // where count() is at most capacity - room
+  static constexpr int room = 24;  // where count() is at most capacity - room
 
   // use(i, u1, u2, s) for the first `points`, L at a time, in the last step with points of no use behind them; then
   // they are gone.
@@ -149,11 +149,12 @@ template <class T, Order order> struct Normal {
 template <class N, class T>
 [[gnu::flatten]] Pair fill(RandomWords& words, const N& normal, T* dst, std::ptrdiff_t len) {
   constexpr int L = randomStep<T> / 2;
+  RandomWords local = words;  // in registers
   Points points;
   Pair last;
   for (std::ptrdiff_t pairs = (len + 1) / 2; pairs > 0;) {
     while (points.count() < pairs && points.count() <= Points::capacity - Points::room)
-      points.draw(words, int(std::min<std::ptrdiff_t>(Points::room, pairs - points.count())));
+      points.draw(local, int(std::min<std::ptrdiff_t>(Points::room, pairs - points.count())));
     const bool end = points.count() == pairs;
     const int taken = end ? points.count() : points.count() / L * L;
     if (end && len % 2 != 0) last = points.pairAt(taken - 1);
@@ -169,6 +170,7 @@ template <class N, class T>
     len -= elements;
     pairs -= taken;
   }
+  words = local;
   return last;
 }
 

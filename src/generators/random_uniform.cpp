@@ -47,9 +47,10 @@ enum class ToInteger { truncated, byDirection };
 template <ToInteger rule = ToInteger::truncated, class D>
 [[gnu::flatten]] void fill(RandomWords& words, Range range, D* dst, std::ptrdiff_t len) {
   constexpr int L = randomStep<D>;
+  RandomWords local = words;  // in registers
   for (std::ptrdiff_t at = 0; at < len; at += RandomWords::chunk) {
     const int count = int(std::min<std::ptrdiff_t>(RandomWords::chunk, len - at));
-    words.draw<L>(count, [&](int i, Vec<Zor32s, L> r) ZORS_INLINE_LAMBDA {
+    local.draw<L>(count, [&](int i, Vec<Zor32s, L> r) ZORS_INLINE_LAMBDA {
       const auto x = toDouble(r), v = fma(x, same(x, range.scale), same(x, range.mean));
       const auto y = [&]() ZORS_INLINE_LAMBDA {
         if constexpr (std::is_same_v<D, Zor64f>)
@@ -65,6 +66,7 @@ template <ToInteger rule = ToInteger::truncated, class D>
         storePart(dst + at + i, y, count - i);
     });
   }
+  words = local;
 }
 
 template <class T> ZorStatus init(ZorRandUniformState* state, T low, T high, Zor32u seed) {

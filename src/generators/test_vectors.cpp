@@ -79,8 +79,8 @@ template <class D> ZorStatus chirp(D* dst, Zor32s len, D magn) {
     constexpr int L = std::max(lanesOf<D>, 8);
     fromIndices<L, Zor64f>(0, len, dst, [=](auto n) ZORS_INLINE_LAMBDA {
       const auto x = mul(mul(n, n), same(n, factor));
-      const auto y = settled<D>(
-          mul(circular<Circular::sine>(x), same(x, height)), [=](Zor64f angle) { return height * std::sin(angle); }, x);
+      const auto again = [=](Zor64f angle) { return height * std::sin(angle); };
+      const auto y = settled<D>(mul(circular<Circular::sine>(x), same(x, height)), height, again, x);
       if constexpr (std::is_same_v<D, Zor64f>)
         return y;
       else if constexpr (std::is_same_v<D, Zor32f>)

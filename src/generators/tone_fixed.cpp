@@ -41,7 +41,7 @@ void generate(ZorToneState& state, Zor16s* dst, Zor32s len) {
       return y + (y > 0 ? 0.5 : -0.5);
     };
     const auto y = halfFurther(mul(circular<Circular::cosine>(angle), same(n, magnitude)));
-    return saturate<Zor16s>(toIntegerTowardZero(settled<Zor16s>(y, again, angle)));
+    return saturate<Zor16s>(toIntegerTowardZero(settled<Zor16s>(y, magnitude, again, angle)));
   };
   while (len > 0) {
     const Zor64s beforeWrap = Zor64s{INT32_MAX} - state.sampleIndex + 1;

@@ -5,7 +5,6 @@
 #include "frame/by_type.h"
 #include "frame/check.h"
 #include "frame/map.h"
-#include "generators/indexed.h"
 #include "generators/periodic.h"
 #include "generators/record.h"
 
@@ -76,7 +75,10 @@ struct Place {
     }
   }
 
+  // Whole vectors are stored: behind len elements there is room for L more.
+  static constexpr int L = 8;
   void generate(const Slopes& s, Zor64f a, Zor64f* dst, Zor32s len) {
+    static constexpr Zor64f firstCounts[L] = {0, 1, 2, 3, 4, 5, 6, 7};
     constexpr int few = 8;
     while (len > 0) {
       Zor64f y = at(position);
@@ -96,9 +98,11 @@ struct Place {
           std::fabs(((rising != 0 ? a : -a) - y) / step);  // to the end of the run; a flat one has none
       Zor32s count = steps < len - 1 ? static_cast<Zor32s>(steps) + 1 : len;
       while (count > 1 && beyond(at(position + count - 1), a)) --count;
-      fromIndices<2 * lanesOf<Zor64f>, Zor64f>(position, count, dst,
-                                               [from = value, by = step](auto n)
-                                                   ZORS_INLINE_LAMBDA { return fma(n, same(n, by), same(n, from)); });
+      auto n = add(load<L>(firstCounts), splat<Vec<Zor64f, L>>(position));
+      for (Zor32s i = 0; i < count; i += L) {
+        store(dst + i, fma(n, same(n, step), same(n, value)));
+        n = add(n, same(n, Zor64f{L}));
+      }
       if (step != 0) position += count;
       dst += count;
       len -= count;
@@ -120,19 +124,15 @@ template <class P, int L> ZORS_INLINE Vec<P, L> narrowed(Vec<Zor64f, L> x) {
 constexpr Zor32s piece = 512;
 
 template <class D> void realTriangle(const Slopes& s, Zor64f a, Place& place, D* dst, Zor32s len) {
-  if constexpr (std::is_same_v<D, Zor64f>) {
-    place.generate(s, a, dst, len);
-  } else {
-    alignas(32) Zor64f y[piece];
-    for (Zor32s at = 0, count = 0; at < len; at += count) {
-      count = std::min(piece, len - at);
-      place.generate(s, a, y, count);
-      map<16>([](auto x) ZORS_INLINE_LAMBDA { return narrowed<D>(x); }, count, dst + at, y);
-    }
+  alignas(32) Zor64f y[piece + Place::L];
+  for (Zor32s at = 0, count = 0; at < len; at += count) {
+    count = std::min(piece, len - at);
+    place.generate(s, a, y, count);
+    map<16>([](auto x) ZORS_INLINE_LAMBDA { return narrowed<D>(x); }, count, dst + at, y);
   }
 }
 template <class D> void complexTriangle(const Slopes& s, Zor64f a, Place re, Place im, D* dst, Zor32s len) {
-  alignas(32) Zor64f parts[2][piece];
+  alignas(32) Zor64f parts[2][piece + Place::L];
   for (Zor32s at = 0, count = 0; at < len; at += count) {
     count = std::min(piece, len - at);
     re.generate(s, a, parts[0], count);

@@ -1,9 +1,9 @@
 // zorsIIR_Direct_16s, zorsIIR_BiQuadDirect_16s and kin: 16-bit filters whose taps and registers come with each call.
 // The tap in the place of a0 is no coefficient: it is the right shift of the sums.
-#include <bit>
 #include <cmath>
 
 #include "frame/memory.h"
+#include "frame/power_of_two.h"
 #include "iir/iir_run.h"
 
 namespace zors {
@@ -58,7 +58,7 @@ ZorStatus filterOneSections(Zor16s val, Zor16s* dst, const Zor16s* taps, Zor32s 
 using Kind = Iir32f_16s;
 
 // 2^-shift, its exponent drawn in to those of normal numbers.
-Zor32f scaleOf(Zor32s shift) { return std::bit_cast<Zor32f>(static_cast<Zor32u>(127 - std::min(shift, 126)) << 23); }
+Zor32f scaleOf(Zor32s shift) { return exactPower<Zor32f>(shift, 0, 126); }
 
 Zor32s halfAway(Zor64f x) { return static_cast<Zor32s>(std::trunc(x + std::copysign(0.5, x))); }
 Zor32s halfEven(Zor64f x) {

@@ -2,9 +2,9 @@
 #pragma once
 
 #include <algorithm>
-#include <bit>
 #include <limits>
 
+#include "frame/power_of_two.h"
 #include "frame/simd.h"
 #include "iir/iir_filter.h"
 
@@ -19,7 +19,7 @@ void iirNarrow(typename Kind::Value* results, typename Kind::Sample* dst, Zor32s
   if constexpr (sizeof(simd::Part<typename Kind::Value>) == sizeof(Zor64f)) {
     constexpr Zor32s least = -1008;
     if (scale < least) {
-      by_type::multiplyBy(std::bit_cast<Zor64f>(static_cast<Zor64u>(1023 + least - scale) << 52), results, len);
+      by_type::multiplyBy(exactPower(scale - least), results, len);
       scale = least;
     }
   }
@@ -35,21 +35,28 @@ void iirCutFirst(const typename Kind::Value* results, typename Kind::Sample* dst
                                zorRoundTowardZero, std::clamp(scaleFactor, -127, 126));
 }
 
-// scratch: room for a chunk, with a register of room before it.
+// scratch: room for a chunk.
 template <class Kind>
 void iirFilter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor32s len, ZorIIRState* state,
                typename Kind::Value* scratch, Zor32s scaleFactor) {
+  using Value = typename Kind::Value;
   while (len > 0) {
     const Zor32s n = std::min(len, iirChunk);
-    const bool isShort = iirIsShort(state, n);
-    by_type::widen(src, scratch, n);
-    if (isShort || !iirLookAhead(state, scratch, n)) {
-      if (!isShort) by_type::widen(src, scratch, n);
+    const auto lookAhead = [&] {
+      if constexpr (Kind::converts) {
+        by_type::widen(src, scratch, n);
+        return iirLookAhead<Value>(state, scratch, scratch, n);
+      } else {
+        return iirLookAhead(state, src, scratch, n);
+      }
+    };
+    if (iirTakesSteps(state, n) || !lookAhead()) {
+      by_type::widen(src, scratch, n);
       iirStep(state, scratch, n);
     }
     iirNarrow<Kind>(scratch, dst, n, scaleFactor);
     if constexpr (iirCutsFirst<Kind>)
-      if (!isShort && state->form == IirForm::cascade) iirCutFirst<Kind>(scratch, dst, scaleFactor);
+      if (!iirIsShort(state, n) && state->form == IirForm::cascade) iirCutFirst<Kind>(scratch, dst, scaleFactor);
     src += n;
     dst += n;
     len -= n;
@@ -62,8 +69,8 @@ void iirFilter(const typename Kind::Sample* src, typename Kind::Sample* dst, Zor
   if (state->scratch != nullptr)
     return iirFilter<Kind>(src, dst, len, state, static_cast<Value*>(state->scratch), scaleFactor);
   if constexpr (Kind::hasFirstForm && !Kind::converts) {
-    alignas(iirAlignment) Value local[iirRow<Value> + iirChunk];
-    iirFilter<Kind>(src, dst, len, state, local + iirRow<Value>, scaleFactor);
+    alignas(iirAlignment) Value local[iirChunk];
+    iirFilter<Kind>(src, dst, len, state, local, scaleFactor);
   }
 }
 

@@ -7,6 +7,11 @@
 
 namespace zors::iir {
 
+// For tables of complex values in binary64.
+struct LongComplex {
+  long double re, im;
+};
+
 template <class T> T zero() { return T{}; }
 template <class T> bool isZero(T x) {
   if constexpr (Complex<T>)
@@ -33,14 +38,18 @@ template <class T> T mul(T a, T b) {
   else
     return a * b;
 }
-
-// The same value in double precision, and back.
-template <class T> auto wide(T x) {
-  if constexpr (Complex<T>)
-    return Zor64fc{Zor64f(x.re), Zor64f(x.im)};
-  else
-    return Zor64f(x);
+// The processor fuses none of these.
+inline long double mulAdd(long double a, long double b, long double c) { return a * b + c; }
+inline LongComplex mulAdd(LongComplex a, LongComplex b, LongComplex c) {
+  return {a.re * b.re - a.im * b.im + c.re, a.re * b.im + a.im * b.re + c.im};
 }
+inline LongComplex mul(LongComplex a, LongComplex b) { return mulAdd(a, b, {0, 0}); }
+
+// The same value in the next wider type, in which tables are computed, and back.
+inline Zor64f wide(Zor32f x) { return x; }
+inline long double wide(Zor64f x) { return x; }
+inline Zor64fc wide(Zor32fc x) { return {x.re, x.im}; }
+inline LongComplex wide(Zor64fc x) { return {x.re, x.im}; }
 template <class T> using Wide = decltype(wide(T{}));
 template <class T> T narrowed(Wide<T> x) {
   if constexpr (Complex<T>)
@@ -60,10 +69,12 @@ inline Zor64fc reciprocalOf(Zor64fc x) {
   return {t / d, -1 / d};
 }
 template <class T> T reciprocal(T x) {
-  if constexpr (Complex<T>)
-    return narrowed<T>(reciprocalOf(wide(x)));
-  else
+  if constexpr (Complex<T>) {
+    const Zor64fc r = reciprocalOf({x.re, x.im});
+    return {decltype(T::re)(r.re), decltype(T::re)(r.im)};
+  } else {
     return 1 / x;
+  }
 }
 
 }  // namespace zors::iir

@@ -56,24 +56,25 @@ ZorStatus build(ZorIIRState** out, Zor8u* block, const typename Kind::Tap* taps,
   using Value = typename Kind::Value;
   Layout layout(iirAlignment, block);
   const IirParts parts = layIir<Value>(layout, form, static_cast<std::size_t>(count));
-  ZorIIRState* state = parts.state;
-  *state = {.tag = Kind::tags[static_cast<int>(form)],
-            .form = form,
-            .count = count,
-            .dlyLen = static_cast<Zor32s>(iirDlyLen(form, static_cast<std::size_t>(count))),
-            .taps = parts.taps,
-            .dlyLine = parts.dlyLine,
-            .tables = parts.tables,
-            .scratch = parts.scratch};
-  const ZorStatus status = storeTaps<Kind>(state, taps, tapsFactor);
+  ZorIIRState state = {.tag = Kind::tags[static_cast<int>(form)],
+                       .form = form,
+                       .count = count,
+                       .dlyLen = static_cast<Zor32s>(iirDlyLen(form, static_cast<std::size_t>(count))),
+                       .taps = parts.taps,
+                       .dlyLine = parts.dlyLine,
+                       .tables = parts.tables,
+                       .scratch = parts.scratch};
+  // Taps that are refused leave the block alone: it may hold a state in use.
+  const ZorStatus status = storeTaps<Kind>(&state, taps, tapsFactor);
   if (status != zorStatusOk) return status;
-  auto* dlyLine = static_cast<Value*>(state->dlyLine);
+  auto* dlyLine = static_cast<Value*>(state.dlyLine);
   if (dly == nullptr)
-    std::fill_n(dlyLine, state->dlyLen, Value{});
+    std::fill_n(dlyLine, state.dlyLen, Value{});
   else
-    by_type::widen(dly, dlyLine, state->dlyLen);
+    by_type::widen(dly, dlyLine, state.dlyLen);
   if (form == IirForm::polynomial) dlyLine[count] = Value{};
-  *out = state;
+  *parts.state = state;
+  *out = parts.state;
   return zorStatusOk;
 }
 

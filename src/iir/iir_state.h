@@ -8,6 +8,7 @@
 #include "frame/by_type.h"
 #include "frame/check.h"
 #include "frame/object.h"
+#include "frame/simd.h"
 
 namespace zors {
 
@@ -30,16 +31,18 @@ struct ZorIIRState {
   void* dlyLine = nullptr;  // the transposed form's registers, of a polynomial a zero behind; x1, x2, y1, y2 of each
                             // section of the first form
   void* tables = nullptr;   // of the block kernels; null where they are built for each call
-  void* scratch = nullptr;  // a chunk of samples on its way, with iirLead bytes of zeros before it; or null
+  void* scratch = nullptr;  // a chunk of samples on its way; or null
 };
 
 namespace zors {
 
 inline constexpr Zor32s iirChunk = 1024;         // samples that are filtered at a time
 inline constexpr std::size_t iirAlignment = 32;  // a register
-inline constexpr std::size_t iirLead = 32;
 
 template <class Value> inline constexpr std::size_t iirRow = 32 / sizeof(Value);  // values a register
+template <class Value> inline constexpr int iirParts = Complex<Value> ? 2 : 1;
+template <class Value> inline constexpr int iirLanes = simd::lanesOf<simd::Part<Value>>;
+inline constexpr int iirRun = 8;  // consecutive samples that sections filter in one lane
 
 // ---- Kinds --------------------------------------------------------------------------------------
 
@@ -90,12 +93,14 @@ constexpr std::size_t iirDlyLen(IirForm form, std::size_t count) {
 constexpr std::size_t iirRegistersLen(IirForm form, std::size_t count) {
   return iirDlyLen(form, count) + (form == IirForm::polynomial);
 }
-// A section's two rows, each half a register of zeros and two registers; of a polynomial a register for each past
-// output, and two for the impulse response. A polynomial of order 2 is a section.
-template <class Value> inline constexpr std::size_t iirSectionTable = 5 * iirRow<Value>;
+// A polynomial that is filtered as one section.
+constexpr bool iirIsSection(std::size_t order) { return order <= 2; }
+// Of a section its impulse response over a run, and what is left of it in the runs behind (iir_sections.h); of a
+// polynomial a register for each past output, and two for the impulse response.
+template <class Value> inline constexpr std::size_t iirSectionTable = iirRun + 3 * iirLanes<Value>;
 template <class Value> constexpr std::size_t iirTablesLen(IirForm form, std::size_t count) {
   if (form != IirForm::polynomial) return iirSectionTable<Value> * count;
-  return count == 2 ? iirSectionTable<Value> : (count + 2) * iirRow<Value>;
+  return iirIsSection(count) ? iirSectionTable<Value> : (count + 2) * iirRow<Value>;
 }
 // Single-precision sections of the first form are filtered in memory of the call.
 template <class Value> constexpr bool iirHasTables(IirForm form) {
@@ -110,12 +115,12 @@ struct IirParts {
 template <class Value> constexpr IirParts layIir(Layout& block, IirForm form, std::size_t count) {
   const bool tables = iirHasTables<Value>(form);
   ZorIIRState* state = block.take<ZorIIRState>(1);
-  auto* lead = block.take<Value>(tables ? iirRow<Value> + iirChunk : 0);
+  auto* scratch = block.take<Value>(tables ? iirChunk : 0);
   auto* table = block.take<Value>(tables ? iirTablesLen<Value>(form, count) : 0);
   const std::size_t registers = iirRegistersLen(form, count);
   auto* dlyLine = block.take<Value>(registers + iirTapsLen(form, count));
   if (state == nullptr) return {};
-  return {state, tables ? lead + iirRow<Value> : nullptr, tables ? table : nullptr, dlyLine, dlyLine + registers};
+  return {state, tables ? scratch : nullptr, tables ? table : nullptr, dlyLine, dlyLine + registers};
 }
 
 // The stated sizes in bytes: n is the order or the number of sections.

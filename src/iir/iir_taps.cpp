@@ -41,17 +41,27 @@ template <class Value> void polynomialRows(const Value* a, Zor32s order, Value* 
 
 }  // namespace
 
-// Two rows, each behind half a register of zeros: the impulse response from h[1] on, which is what the output one
-// sample back adds, and -a2 h[0], -a2 h[1], ..., what the output two samples back adds.
-template <class Value> void iirSectionRows(Value a1, Value a2, Value* table) {
-  constexpr auto row = static_cast<Zor32s>(iirRow<Value>);
+template <class Value> void iirSectionTableOf(Value a1, Value a2, Value* table) {
+  constexpr int lanes = iirLanes<Value>, parts = iirParts<Value>;
   const Value a[] = {a1, a2};
-  Wide<Value> h[2 * row + 1];
-  impulseResponse(a, 2, h, 2 * row + 1);
-  table = std::fill_n(table, row / 2, zero<Value>());
-  for (Zor32s i = 0; i < 2 * row; ++i) *table++ = narrowed<Value>(h[i + 1]);
-  table = std::fill_n(table, row / 2, zero<Value>());
-  for (Zor32s i = 0; i < 2 * row; ++i) *table++ = narrowed<Value>(mul(negated(wide(a2)), h[i]));
+  Wide<Value> h[iirRun + 1];
+  impulseResponse(a, 2, h, iirRun + 1);
+  for (int k = 0; k < iirRun; ++k) *table++ = narrowed<Value>(h[k]);
+  const auto minusA2 = negated(wide(a2));
+  auto* p = components(table);
+  // The last two of the response before a run give those of the run. The first run is preceded by the pair before the
+  // block itself.
+  auto one = h[0], two = zero<Wide<Value>>(), fromPair = h[0];
+  for (int lane = 0; lane < lanes; ++lane, ++p) {
+    const Value rows[] = {narrowed<Value>(one), narrowed<Value>(two), narrowed<Value>(fromPair)};
+    for (int row = 0; row < 3; ++row)
+      for (int part = 0; part < parts; ++part) p[(row * parts + part) * lanes] = components(&rows[row])[part];
+    const auto next = [&](int k) { return mulAdd(h[k], one, mul(mul(minusA2, h[k - 1]), two)); };
+    const auto nextOne = next(iirRun), nextTwo = next(iirRun - 1);
+    fromPair = mul(minusA2, next(iirRun - 2));
+    one = nextOne;
+    two = nextTwo;
+  }
 }
 
 template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* taps) {
@@ -65,8 +75,8 @@ template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* t
     normalise(taps, r, count + 1, stored);
     normalise(taps + count + 2, r, count, stored + count + 1);
     const Value* a = stored + count + 1;
-    if (count == 2)
-      iirSectionRows(a[0], a[1], tables);
+    if (iirIsSection(static_cast<std::size_t>(count)))
+      iirSectionTableOf(a[0], count == 2 ? a[1] : zero<Value>(), tables);
     else
       polynomialRows(a, count, tables);
     return zorStatusOk;
@@ -80,13 +90,14 @@ template <class Value> ZorStatus iirStoreTaps(ZorIIRState* state, const Value* t
     const Value r = reciprocal(taps[3]);
     normalise(taps, r, 3, stored);
     normalise(taps + 4, r, 2, stored + 3);
-    if (tables != nullptr) iirSectionRows(stored[3], stored[4], tables + static_cast<std::size_t>(s) * iirSectionTable<Value>);
+    if (tables != nullptr)
+      iirSectionTableOf(stored[3], stored[4], tables + static_cast<std::size_t>(s) * iirSectionTable<Value>);
   }
   return zorStatusOk;
 }
 
-#define FOR_VALUE(Value)                                     \
-  template void iirSectionRows<Value>(Value, Value, Value*); \
+#define FOR_VALUE(Value)                                        \
+  template void iirSectionTableOf<Value>(Value, Value, Value*); \
   template ZorStatus iirStoreTaps<Value>(ZorIIRState*, const Value*);
 FOR_VALUE(Zor32f)
 FOR_VALUE(Zor32fc)

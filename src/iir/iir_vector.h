@@ -7,11 +7,10 @@
 
 namespace zors::iir {
 
-template <class T> inline constexpr int parts = Complex<T> ? 2 : 1;
 template <class T> inline constexpr int row = int{iirRow<T>};
 template <class T, int W = 1> using Block = simd::Vec<T, W * row<T>>;  // W registers of values in sequence
-template <class T> using Factor = simd::Vec<simd::Part<T>, row<T> * parts<T> * parts<T>>;
-template <class T, int W = 1> using Products = simd::Vec<simd::Part<T>, row<T> * parts<T> * parts<T> * W>;
+template <class T> using Factor = simd::Vec<simd::Part<T>, row<T> * iirParts<T> * iirParts<T>>;
+template <class T, int W = 1> using Products = simd::Vec<simd::Part<T>, row<T> * iirParts<T> * iirParts<T> * W>;
 
 ZORS_INLINE __m256 fmaRegister(__m256 a, __m256 b, __m256 c) { return _mm256_fmadd_ps(a, b, c); }
 ZORS_INLINE __m256d fmaRegister(__m256d a, __m256d b, __m256d c) { return _mm256_fmadd_pd(a, b, c); }
@@ -19,13 +18,6 @@ ZORS_INLINE __m256 mulRegister(__m256 a, __m256 b) { return _mm256_mul_ps(a, b);
 ZORS_INLINE __m256d mulRegister(__m256d a, __m256d b) { return _mm256_mul_pd(a, b); }
 ZORS_INLINE __m256 joinRegister(__m256 re, __m256 im) { return _mm256_addsub_ps(re, _mm256_permute_ps(im, 0xB1)); }
 ZORS_INLINE __m256d joinRegister(__m256d re, __m256d im) { return _mm256_addsub_pd(re, _mm256_permute_pd(im, 0x5)); }
-// Part p of each half of a register in all of that half, and of a register in all of it.
-template <int p> ZORS_INLINE __m256 partInHalf(__m256 x) { return _mm256_permute_ps(x, p * 0x55); }
-template <int p> ZORS_INLINE __m256d partInHalf(__m256d x) { return _mm256_permute_pd(x, p * 0xF); }
-template <int p> ZORS_INLINE __m256 partOfRegister(__m256 x) {
-  return _mm256_permutevar8x32_ps(x, _mm256_set1_epi32(p));
-}
-template <int p> ZORS_INLINE __m256d partOfRegister(__m256d x) { return _mm256_permute4x64_pd(x, p * 0x55); }
 
 // A scalar in all lanes.
 template <class T> ZORS_INLINE Factor<T> factor(T x) {
@@ -33,13 +25,6 @@ template <class T> ZORS_INLINE Factor<T> factor(T x) {
     return {{simd::splatRegister(x.re), simd::splatRegister(x.im)}};
   else
     return {{simd::splatRegister(x)}};
-}
-// Value j of each half, or of the whole register.
-template <int j, class T, int L> ZORS_INLINE Factor<T> inHalf(simd::Vec<T, L> x) {
-  return simd::build<Factor<T>>([&](auto k) ZORS_INLINE_LAMBDA { return partInHalf<j * parts<T> + k>(x.r[0]); });
-}
-template <int j, class T, int L> ZORS_INLINE Factor<T> lane(simd::Vec<T, L> x) {
-  return simd::build<Factor<T>>([&](auto k) ZORS_INLINE_LAMBDA { return partOfRegister<j * parts<T> + k>(x.r[0]); });
 }
 
 template <class T, int L> ZORS_INLINE Products<T, L / row<T>> sumOf(simd::Vec<T, L> x) {
@@ -68,20 +53,6 @@ template <class T, int W = 1> ZORS_INLINE Block<T, W> join(Products<T, W> sum) {
     else
       return sum.r[i];
   });
-}
-
-// Half a register's worth of values in both halves.
-ZORS_INLINE Block<Zor32f> loadTwice(const Zor32f* p) {
-  return {{_mm256_broadcast_ps(reinterpret_cast<const __m128*>(p))}};
-}
-ZORS_INLINE Block<Zor64f> loadTwice(const Zor64f* p) {
-  return {{_mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p))}};
-}
-ZORS_INLINE Block<Zor32fc> loadTwice(const Zor32fc* p) {
-  return {{_mm256_broadcast_ps(reinterpret_cast<const __m128*>(p))}};
-}
-ZORS_INLINE Block<Zor64fc> loadTwice(const Zor64fc* p) {
-  return {{_mm256_broadcast_pd(reinterpret_cast<const __m128d*>(p))}};
 }
 
 }  // namespace zors::iir

@@ -40,25 +40,30 @@ Plan planOf(Zor32s inRate, Zor32s outRate, Zor32s len) {
   return plan;
 }
 
+// The stated size of a state; 0 where it is beyond 0x7FFFFFFE.
+Zor32s bytesOf(const Plan& plan, bool integers) {
+  const Zor64s out = plan.out, n = plan.len;
+  const Zor64s pointers = ((out + 4) & ~3) * 8, steps = ((out + 7) & ~7) * 2;
+  // In binary64 first: lengths and rates near 2^31 give products beyond 64 bits.
+  const Zor64f rows = integers ? 2.0 * (Zor64f((n + 8) & ~7) * Zor64f(out) + Zor64f(plan.entries))
+                               : 4.0 * Zor64f((n + 4) & ~3) * Zor64f(out);
+  constexpr Zor64s largest = 0x7FFFFFFE;
+  if (rows + Zor64f(pointers + steps) + 8 * Zor64f(plan.entries) + 58 > Zor64f(largest) + 64) return 0;
+  const Zor64s response = 8 * plan.entries;
+  const Zor64s bytes = integers ? pointers + steps + response + 58 + 2 * (((n + 8) & ~7) * out + plan.entries)
+                                : pointers + ((n + 4) & ~3) * out * 4 + steps + response + 48;
+  return bytes > largest ? 0 : static_cast<Zor32s>(bytes);
+}
+
 ZorStatus getSize(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32s* size, Zor32s* lenOut, Zor32s* height,
                   bool integers) {
   return check().pointers(size, lenOut, height).size(inRate).size(outRate).size(len).then([&]() -> ZorStatus {
     const Plan plan = planOf(inRate, outRate, len);
-    const Zor64s out = plan.out, n = len;
-    const Zor64s pointers = ((out + 4) & ~3) * 8, steps = ((out + 7) & ~7) * 2;
-    // In binary64 first: lengths and rates near 2^31 give products beyond 64 bits.
-    const Zor64f rows = integers ? 2.0 * (Zor64f((n + 8) & ~7) * Zor64f(out) + Zor64f(plan.entries))
-                                 : 4.0 * Zor64f((n + 4) & ~3) * Zor64f(out);
-    constexpr Zor64s largest = 0x7FFFFFFE;
-    if (rows + Zor64f(pointers + steps) + 8 * Zor64f(plan.entries) + 58 > Zor64f(largest) + 64)
-      return zorStatusBadArgument;
-    const Zor64s response = 8 * plan.entries;
-    const Zor64s bytes = integers ? pointers + steps + response + 58 + 2 * (((n + 8) & ~7) * out + plan.entries)
-                                  : pointers + ((n + 4) & ~3) * out * 4 + steps + response + 48;
-    if (bytes > largest) return zorStatusBadArgument;
-    *size = static_cast<Zor32s>(bytes);
+    const Zor32s bytes = bytesOf(plan, integers);
+    if (bytes == 0) return zorStatusBadArgument;
+    *size = bytes;
     *lenOut = static_cast<Zor32s>(2 * plan.halfLen());
-    *height = static_cast<Zor32s>(out);
+    *height = static_cast<Zor32s>(plan.out);
     return zorStatusOk;
   });
 }
@@ -120,8 +125,9 @@ ZorStatus init(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32f rollf, Zor32f a
       .size(outRate)
       .size(len)
       .require(rollf > 0 && rollf <= 1 && alpha >= 1, zorStatusBadArgument)
-      .then([&] {
+      .then([&]() -> ZorStatus {
         const Plan plan = planOf(inRate, outRate, len);
+        if (bytesOf(plan, quantised) == 0) return zorStatusBadArgument;
         ZorResampleFixedState* record = recordOf(state);
         auto* rows = reinterpret_cast<Zor32f*>(record + 1);
         const WindowedSinc sinc(std::numbers::pi / static_cast<Zor64f>(std::max(plan.in, plan.out)), rollf, alpha,
@@ -135,6 +141,7 @@ ZorStatus init(Zor32s inRate, Zor32s outRate, Zor32s len, Zor32f rollf, Zor32f a
                    .scale = quantised ? unit : 1,
                    .unit = quantised ? 1 : unit,
                    .rows = rows};
+        return zorStatusOk;
       });
 }
 
@@ -169,21 +176,76 @@ template <class T> ZorStatus setFilter(const T* filter, Zor32s step, Zor32s heig
 
 // ---- Runs ---------------------------------------------------------------------------------------
 
-// 2 * halfLen is a multiple of 4; row 0 has one tap more.
-template <class Sum, class Sample> ZORS_INLINE Sum dot(const Zor32f* row, const Sample* x, std::ptrdiff_t taps) {
-  Products<Sum> even, odd;
-  std::ptrdiff_t k = 0;
-  for (; k + 16 <= taps; k += 16) {
-    even.add(simd::load<8>(row + k), simd::floatsAt(x + k));
-    odd.add(simd::load<8>(row + k + 8), simd::floatsAt(x + k + 8));
-  }
-  if (k + 8 <= taps) {
-    even.add(simd::load<8>(row + k), simd::floatsAt(x + k));
-    k += 8;
-  }
-  if (k < taps) odd.add(simd::loadThenZeros(row + k, int(taps - k)), simd::floatsThenZeros(x + k, int(taps - k)));
-  return even.total() + odd.total();
+// Outputs at once, so that multiply-adds and the sums across lanes of one do not wait for those of another.
+constexpr int outputsAtOnce = 4;
+
+// Sums of registers' lanes, as sumOfLanes has them.
+ZORS_INLINE __m128 laneSums(const Vec<Zor32f, 8 * outputsAtOnce>& s) {
+  const auto halves = [](__m256 x) ZORS_INLINE_LAMBDA {
+    return _mm_add_ps(_mm256_castps256_ps128(x), _mm256_extractf128_ps(x, 1));
+  };
+  const __m128 a = halves(s.r[0]), b = halves(s.r[1]), c = halves(s.r[2]), d = halves(s.r[3]);
+  const __m128 ab = _mm_add_ps(_mm_movelh_ps(a, b), _mm_movehl_ps(b, a)),
+               cd = _mm_add_ps(_mm_movelh_ps(c, d), _mm_movehl_ps(d, c));
+  return _mm_add_ps(_mm_shuffle_ps(ab, cd, 0x88), _mm_shuffle_ps(ab, cd, 0xDD));
 }
+ZORS_INLINE __m256d laneSums(const Vec<Zor64f, 4 * outputsAtOnce>& s) {
+  const auto halves = [](__m256d a, __m256d b) ZORS_INLINE_LAMBDA {  // of a below, of b above
+    return _mm256_add_pd(_mm256_permute2f128_pd(a, b, 0x20), _mm256_permute2f128_pd(a, b, 0x31));
+  };
+  const __m256d ac = halves(s.r[0], s.r[2]), bd = halves(s.r[1], s.r[3]);
+  return _mm256_add_pd(_mm256_unpacklo_pd(ac, bd), _mm256_unpackhi_pd(ac, bd));
+}
+
+ZORS_INLINE Vec<Zor32f, 8> fourThenZeros(const Zor32f* p) { return {{_mm256_zextps128_ps256(_mm_loadu_ps(p))}}; }
+ZORS_INLINE Vec<Zor32f, 8> fourThenZeros(const Zor16s* p) {
+  const __m128i four = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(p));
+  return {{_mm256_zextps128_ps256(_mm_cvtepi32_ps(_mm_cvtepi16_epi32(four)))}};
+}
+
+template <class Sum, class Sample> struct Dots {
+  const Zor32f* rows[outputsAtOnce];
+  const Sample* x[outputsAtOnce];
+
+  // The dot products of `taps` taps each, a multiple of 4; all may be of the first row.
+  template <bool oneRow> ZORS_INLINE void operator()(std::bool_constant<oneRow>, std::ptrdiff_t taps, Sum* sums) const {
+    // Binary32 sums in two registers each, of every second eight; those of binary64 fill two anyway.
+    constexpr int ways = sizeof(Sum) == 4 ? 2 : 1;
+    constexpr int step = 8 * ways;
+    Products<Sum> parts[outputsAtOnce][ways];
+    const auto rowOf = [](int o) { return oneRow ? 0 : o; };
+    const auto add = [&](auto o, auto way, std::ptrdiff_t k) ZORS_INLINE_LAMBDA {
+      parts[o][way].add(simd::load<8>(rows[rowOf(o)] + k), simd::floatsAt(x[o] + k));
+    };
+    std::ptrdiff_t k = 0;
+    for (; k + step <= taps; k += step)
+      simd::unrolled<outputsAtOnce>([&](auto o) ZORS_INLINE_LAMBDA {
+        simd::unrolled<ways>([&](auto way) ZORS_INLINE_LAMBDA { add(o, way, k + 8 * way); });
+      });
+    using First = std::integral_constant<int, 0>;
+    if (k + 8 <= taps) {
+      simd::unrolled<outputsAtOnce>([&](auto o) ZORS_INLINE_LAMBDA { add(o, First{}, k); });
+      k += 8;
+    }
+    if (k < taps)
+      simd::unrolled<outputsAtOnce>([&](auto o) ZORS_INLINE_LAMBDA {
+        parts[o][ways - 1].add(fourThenZeros(rows[rowOf(o)] + k), fourThenZeros(x[o] + k));
+      });
+    using One = Vec<Sum, simd::lanesOf<Sum>>;
+    const auto folded = simd::build<Vec<Sum, outputsAtOnce * One::lanes>>([&](auto o) ZORS_INLINE_LAMBDA {
+      if constexpr (ways == 2) {
+        return simd::add(parts[o][0].lanes(), parts[o][1].lanes()).r[0];
+      } else {
+        const auto both = parts[o][0].lanes();
+        return simd::add(One{{both.r[0]}}, One{{both.r[1]}}).r[0];
+      }
+    });
+    if constexpr (sizeof(Sum) == 4)
+      _mm_storeu_ps(sums, laneSums(folded));
+    else
+      _mm256_storeu_pd(sums, laneSums(folded));
+  }
+};
 
 template <class Sum, class Sample>
 [[gnu::flatten]] void run(const ZorResampleFixedState* state, const Sample* src, Zor32s len, Sample* dst, Zor32f norm,
@@ -193,22 +255,48 @@ template <class Sum, class Sample>
   *outLen = 0;
   if (!(t > INT32_MIN && t < INT32_MAX)) return;
   const auto i0 = static_cast<Zor64s>(whole), q = static_cast<Zor64s>(static_cast<Zor64f>(out) * fraction + 0.5);
-  const Zor64s first = i0 * out + q, limit = out * (len + i0);
+  const Zor64s first = i0 * out + q, limit = out * (len + i0), count = first < limit ? (limit - first - 1) / in + 1 : 0;
   const auto gain = static_cast<Sum>(std::min(1.0, Zor64f(out) / Zor64f(in)) * state->scale * norm);
   // Output c stands at c / out: the sample before it, and the phase behind that.
-  Zor64s c = first, sample = q == out ? i0 + 1 : i0, phase = q == out ? 0 : q;
-  Zor32s count = 0;
-  for (; c < limit; c += in) {
-    const Zor32f* row = state->rows + phase * (2 * h + 4);
-    const Sum sum =
-        phase == 0 ? dot<Sum>(row, src + sample - h, 2 * h + 1) : dot<Sum>(row, src + sample + 1 - h, 2 * h);
-    dst[count++] = result<Sample, Ties::even>(sum * gain);
-    phase += in % out;
-    sample += in / out + (phase >= out ? 1 : 0);
+  Zor64s sample = q == out ? i0 + 1 : i0, phase = q == out ? 0 : q;
+  const auto advance = [&, samples = in / out, phases = in % out]() ZORS_INLINE_LAMBDA {
+    phase += phases;
+    sample += samples + (phase >= out ? 1 : 0);
     phase -= phase >= out ? out : 0;
+  };
+  Dots<Sum, Sample> dots;
+  Sum sums[outputsAtOnce], beyond[outputsAtOnce];
+  // Row 0 is symmetrical about the sample itself: it begins a sample earlier and has a tap more.
+  const auto set = [&](int o, Zor64s shift) ZORS_INLINE_LAMBDA {
+    dots.rows[o] = state->rows + phase * (2 * h + 4);
+    dots.x[o] = src + sample + shift - h + (phase == 0 ? 0 : 1);
+    beyond[o] = phase == 0 ? static_cast<Sum>(dots.rows[o][2 * h]) * static_cast<Sum>(dots.x[o][2 * h]) : 0;
+  };
+  const auto put = [&](Sample* to, int o)
+                       ZORS_INLINE_LAMBDA { *to = result<Sample, Ties::even>((sums[o] + beyond[o]) * gain); };
+  // Every out-th output is of the same row: those of so many rounds together, so that the rows, which may leave the
+  // first-level cache, are read once for all of them.
+  Zor64s done = 0;
+  for (; done + outputsAtOnce * out <= count; done += outputsAtOnce * out) {
+    for (Zor64s k = 0; k < out; ++k, advance()) {
+      for (int o = 0; o < outputsAtOnce; ++o) set(o, o * in);
+      dots(std::true_type{}, 2 * h, sums);
+      for (int o = 0; o < outputsAtOnce; ++o) put(dst + done + k + o * out, o);
+    }
+    sample += (outputsAtOnce - 1) * in;
   }
-  *time = fraction + static_cast<Zor64f>(c - q) / static_cast<Zor64f>(out);
-  *outLen = count;
+  for (; done < count; done += outputsAtOnce) {
+    const int made = static_cast<int>(std::min<Zor64s>(count - done, outputsAtOnce));
+    for (int o = 0; o < outputsAtOnce; ++o) {  // the last one again where there are no more
+      if (o > 0 && o < made) advance();
+      set(o, 0);
+    }
+    dots(std::false_type{}, 2 * h, sums);
+    for (int o = 0; o < made; ++o) put(dst + done + o, o);
+    advance();
+  }
+  *time = fraction + static_cast<Zor64f>(first + count * in - q) / static_cast<Zor64f>(out);
+  *outLen = static_cast<Zor32s>(count);
 }
 
 template <class Sample>

@@ -27,10 +27,13 @@ Checks tableChecks(Checks checks, Zor32f window, Zor32s nStep) {
       .require(nStep < 1 || tableLenOf(window, nStep) <= largestTable, zorStatusBadArgument);
 }
 
+Zor64s bytesOf(Zor64s len, bool integers) {
+  return ((integers ? 2 * len + 65 : 4 * len + 67) & ~63) + 64 + ((8 * len + 71) & ~63);
+}
+
 ZorStatus getSize(Zor32f window, Zor32s nStep, Zor32s* size, bool integers) {
   return tableChecks(check().pointers(size), window, nStep).then([&]() -> ZorStatus {
-    const auto len = static_cast<Zor64s>(tableLenOf(window, nStep));
-    const Zor64s bytes = ((integers ? 2 * len + 65 : 4 * len + 67) & ~63) + 64 + ((8 * len + 71) & ~63);
+    const Zor64s bytes = bytesOf(static_cast<Zor64s>(tableLenOf(window, nStep)), integers);
     if (bytes > INT32_MAX) return zorStatusNoMemory;
     *size = static_cast<Zor32s>(bytes);
     return zorStatusOk;
@@ -44,8 +47,9 @@ ZorStatus init(Zor32f window, Zor32s nStep, Zor32f rollf, Zor32f alpha, ZorResam
                bool integers) {
   return tableChecks(check().pointers(state), window, nStep)
       .require(rollf > 0 && rollf <= 1 && alpha >= 1, zorStatusBadArgument)
-      .then([&] {
+      .then([&]() -> ZorStatus {
         const auto len = static_cast<Zor32s>(tableLenOf(window, nStep));
+        if (bytesOf(len, integers) > INT32_MAX) return zorStatusNoMemory;
         ZorResampleState* record = recordOf(state);
         auto* response = reinterpret_cast<Zor64f*>(record + 1);
         const WindowedSinc sinc(std::numbers::pi / nStep, rollf, alpha, len - 1);
@@ -72,6 +76,7 @@ ZorStatus init(Zor32f window, Zor32s nStep, Zor32f rollf, Zor32f alpha, ZorResam
         Zor32f* to = record->rows = table + len + 1;
         for (Zor32s phase = 0; phase < nStep; ++phase)
           for (Zor64s k = phase; k <= len; k += nStep) *to++ = table[k];
+        return zorStatusOk;
       });
 }
 

@@ -43,15 +43,41 @@ template <int size> class SpreadingShuffles {
   }
   // Whole rounds as far as the input allows; returns how many samples are done.
   std::ptrdiff_t run(const Zor8u* src, std::ptrdiff_t srcLen, Zor8u* dst) const {
-    std::ptrdiff_t done = 0;
-    for (; (srcLen - done) * size >= reach_; done += samples_)
-      for (int v = 0; v < vectors_; ++v, dst += 32)
-        store32(dst, _mm256_shuffle_epi8(_mm256_broadcastsi128_si256(load16(src + done * size + start_[v])),
-                                         load32(control_[v])));
-    return done;
+    switch (vectors_) {
+      case 1:
+        return runOf<1>(src, srcLen, dst);
+      case 3:
+        return runOf<3>(src, srcLen, dst);
+      case 5:
+        return runOf<5>(src, srcLen, dst);
+      case 7:
+        return runOf<7>(src, srcLen, dst);
+      default:
+        return runOf<0>(src, srcLen, dst);
+    }
   }
 
  private:
+  // vectors: their number where that is known, so that their shuffles stay in registers.
+  template <int vectors> std::ptrdiff_t runOf(const Zor8u* src, std::ptrdiff_t srcLen, Zor8u* dst) const {
+    const auto spreadOne = [](Zor8u* to, const Zor8u* from, __m256i control) ZORS_INLINE_LAMBDA {
+      store32(to, _mm256_shuffle_epi8(_mm256_broadcastsi128_si256(load16(from)), control));
+    };
+    const std::ptrdiff_t rounds = srcLen * size < reach_ ? 0 : (srcLen * size - reach_) / (samples_ * size) + 1;
+    if constexpr (vectors > 0) {
+      simd::Vec<Zor8u, 32 * vectors> controls;
+      std::ptrdiff_t starts[vectors];
+      for (int v = 0; v < vectors; ++v) controls.r[v] = load32(control_[v]), starts[v] = start_[v];
+      for (std::ptrdiff_t round = 0; round < rounds; ++round, src += samples_ * size, dst += 32 * vectors)
+        simd::unrolled<vectors>([&](auto v)
+                                    ZORS_INLINE_LAMBDA { spreadOne(dst + 32 * v, src + starts[v], controls.r[v]); });
+    } else {
+      for (std::ptrdiff_t round = 0; round < rounds; ++round, src += samples_ * size)
+        for (int v = 0; v < vectors_; ++v, dst += 32) spreadOne(dst, src + start_[v], load32(control_[v]));
+    }
+    return rounds * samples_;
+  }
+
   alignas(32) Zor8u control_[largestFactor][32];
   std::ptrdiff_t start_[largestFactor];
   int vectors_;
@@ -164,9 +190,10 @@ template <class T> Zor8u* bytes(T* p) { return reinterpret_cast<Zor8u*>(p); }
 
 template <class T>
 ZorStatus sampleUp(const T* src, Zor32s srcLen, T* dst, Zor32s* dstLen, Zor32s factor, Zor32s* phase) {
-  return checked(src, srcLen, dst, dstLen, factor, phase).then([&] {
+  const Zor64s len = Zor64s{srcLen} * factor;
+  return checked(src, srcLen, dst, dstLen, factor, phase).require(len <= INT32_MAX, zorStatusNoMemory).then([&] {
     spread<sizeof(T)>(bytes(src), srcLen, bytes(dst), factor, *phase);
-    *dstLen = static_cast<Zor32s>(static_cast<Zor32u>(srcLen) * static_cast<Zor32u>(factor));
+    *dstLen = static_cast<Zor32s>(len);
   });
 }
 template <class T>

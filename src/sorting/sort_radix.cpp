@@ -21,13 +21,9 @@ struct Digit {
 };
 template <int bytes> inline constexpr auto digitsOf = std::array{Digit{0, 8}, Digit{8, 8}};
 template <> inline constexpr auto digitsOf<4> = std::array{Digit{0, 11}, Digit{11, 11}, Digit{22, 10}};
-template <>
-inline constexpr auto digitsOf<8> =
-    std::array{Digit{0, 11}, Digit{11, 11}, Digit{22, 10}, Digit{32, 11}, Digit{43, 11}, Digit{54, 10}};
-
-// Below this length a pass costs more for its counters than for its elements. Equal keys are equal elements, so any
-// sort by the same keys has the same result.
-template <int bytes> inline constexpr Zor32s shortestRadix = bytes == 2 ? 500 : bytes == 4 ? 4000 : 1'000'000'000;
+// Below this length a pass costs more for its counters than for its elements, and 64-bit keys would take six passes.
+// Equal keys are equal elements, so any sort by the same keys has the same result.
+template <int bytes> inline constexpr Zor32s shortestRadix = bytes == 2 ? 500 : 4000;
 
 // All counters are built while the keys are made; an odd number of passes starts from tmp, so that all end in data.
 template <class T, bool descending> void radixSort(KeyOf<T>* data, KeyOf<T>* tmp, Zor32s len) {
@@ -65,7 +61,8 @@ template <bool descending, class T> ZorStatus sortRadix(T* srcDst, T* tmp, Zor32
       using Order = sorting::Order<T, descending>;
       using Key = typename Order::Key;
       Key* const data = reinterpret_cast<Key*>(srcDst);
-      if (len >= shortestRadix<sizeof(T)>) return radixSort<T, descending>(data, reinterpret_cast<Key*>(tmp), len);
+      if constexpr (sizeof(T) < 8)
+        if (len >= shortestRadix<sizeof(T)>) return radixSort<T, descending>(data, reinterpret_cast<Key*>(tmp), len);
       if constexpr (!Order::isKey) Order::toKeys(data, data, len);
       quicksort(Keys<Key>{data}, len);
       if constexpr (!Order::isKey) Order::fromKeys(data, data, len);

@@ -1,7 +1,7 @@
 // Sums of products of pairs in binary64.
 #pragma once
 
-#include "frame/partial_sums.h"
+#include "frame/sums/partial_sums.h"
 #include "zors/types.h"
 
 namespace zors::sums {

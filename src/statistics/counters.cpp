@@ -4,7 +4,7 @@
 
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "frame/rows.h"
+#include "frame/sums/rows.h"
 
 namespace zors {
 namespace {

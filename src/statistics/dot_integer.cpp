@@ -1,8 +1,8 @@
 // zorsDotProd_* of 16-bit integers: exact sums, scaled to nearest or converted.
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "frame/exact_sums.h"
-#include "frame/scaled_results.h"
+#include "frame/sums/exact_sums.h"
+#include "frame/sums/scaled_results.h"
 
 namespace zors {
 namespace {

@@ -3,7 +3,7 @@
 #include "exports/statistics.h"
 #include "frame/check.h"
 #include "frame/rounding.h"
-#include "frame/scaled_results.h"
+#include "frame/sums/scaled_results.h"
 #include "statistics/complex_products.h"
 
 namespace zors {

@@ -13,7 +13,7 @@
 #include <tuple>
 
 #include "frame/map.h"
-#include "frame/rows.h"
+#include "frame/sums/rows.h"
 #include "zors/types.h"
 
 namespace zors::extremes {

@@ -3,7 +3,7 @@
 
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "frame/partial_sums.h"
+#include "frame/sums/partial_sums.h"
 #include "statistics/extremes.h"
 
 namespace zors {

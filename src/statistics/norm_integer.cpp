@@ -4,8 +4,8 @@
 
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "frame/exact_sums.h"
-#include "frame/scaled_results.h"
+#include "frame/sums/exact_sums.h"
+#include "frame/sums/scaled_results.h"
 #include "statistics/extremes.h"
 
 namespace zors {

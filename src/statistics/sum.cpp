@@ -1,9 +1,9 @@
 // zorsSum_*, zorsMean_*.
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "frame/exact_sums.h"
-#include "frame/partial_sums.h"
-#include "frame/scaled_results.h"
+#include "frame/sums/exact_sums.h"
+#include "frame/sums/partial_sums.h"
+#include "frame/sums/scaled_results.h"
 
 namespace zors {
 namespace {

@@ -1,7 +1,7 @@
 // zorsSumWindow_*: sums of a moving window.
 #include "exports/statistics.h"
 #include "frame/check.h"
-#include "frame/partial_sums.h"
+#include "frame/sums/partial_sums.h"
 
 namespace zors {
 namespace {

@@ -6,8 +6,8 @@
 
 #include <algorithm>
 
-#include "frame/dot_kernels.h"
 #include "frame/object.h"
+#include "frame/part.h"
 #include "zors/types.h"
 
 namespace zors::wavelets {
@@ -52,14 +52,22 @@ inline SubFilter everySecond(Layout& block, const Zor32f* taps, std::ptrdiff_t t
   return {own, count, start};
 }
 
-// registers of outputs from the place `at` on.
+template <int registers> using Outputs = simd::Vec<Zor32f, registers * lanesOf<Zor32f>>;
+
+// registers of outputs from the place `at` on, added to `sum`, tap by tap.
 template <int registers>
-ZORS_INLINE auto sumOf(const SubFilter& a, const Line& lineA, const SubFilter& b, const Line& lineB,
-                       std::ptrdiff_t at) {
-  const auto one = [at](const SubFilter& f, const Line& line) ZORS_INLINE_LAMBDA {
-    return dot::outputs<registers>(dot::TapRow<Zor32f>{f.taps}, f.tapsLen, line.samples + at + f.start);
-  };
-  return simd::add(one(a, lineA), one(b, lineB));
+ZORS_INLINE Outputs<registers> outputsAt(std::ptrdiff_t at, const SubFilter& f, const Line& line,
+                                         Outputs<registers> sum = simd::splat<Outputs<registers>>(0)) {
+  constexpr int lanes = lanesOf<Zor32f>;
+  using One = simd::Vec<Zor32f, lanes>;
+  const Zor32f *const taps = f.taps, *const in = line.samples + at + f.start;
+  for (std::ptrdiff_t j = 0; j < f.tapsLen; ++j) {
+    const One tap = simd::held(simd::splat<One>(taps[j]));
+    simd::unrolled<registers>([&](auto r) ZORS_INLINE_LAMBDA {
+      sum.r[r] = simd::fma(tap, simd::load<lanes>(in + j + r * lanes), One{{sum.r[r]}}).r[0];
+    });
+  }
+  return sum;
 }
 
 // run(registers, at, count) over n outputs: count is what the registers hold, but less in the last one.
@@ -71,8 +79,8 @@ template <int widest, class Run> ZORS_INLINE void inTiles(std::ptrdiff_t n, Run 
     at += registers * lanes;
   };
   while (n - at >= widest * lanes) one(std::integral_constant<int, widest>{});
-  if (widest > 4 && n - at >= 4 * lanes) one(std::integral_constant<int, 4>{});
-  if (widest > 2 && n - at >= 2 * lanes) one(std::integral_constant<int, 2>{});
+  if (n - at >= 4 * lanes) one(std::integral_constant<int, 4>{});
+  if (n - at >= 2 * lanes) one(std::integral_constant<int, 2>{});
   while (n > at) one(std::integral_constant<int, 1>{});
 }
 

@@ -40,8 +40,8 @@ struct ForwardBand {
   }
   // count outputs from what stands in the lines' rooms, which then become the past.
   void filter(Zor32f* dst, std::ptrdiff_t count) const {
-    inTiles<6>(count, [&](auto registers, std::ptrdiff_t at, std::ptrdiff_t len) ZORS_INLINE_LAMBDA {
-      const auto sum = sumOf<registers>(ofEven, even, ofOdd, odd, at);
+    inTiles<8>(count, [&](auto registers, std::ptrdiff_t at, std::ptrdiff_t len) ZORS_INLINE_LAMBDA {
+      const auto sum = outputsAt<registers>(at, ofOdd, odd, outputsAt<registers>(at, ofEven, even));
       if (len == sum.lanes)
         simd::store(dst + at, sum);
       else

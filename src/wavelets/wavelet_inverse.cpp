@@ -39,8 +39,10 @@ namespace {
 // count pairs of samples from what stands in the lines' rooms, which then become the past.
 void join(const InverseBand& low, const InverseBand& high, Zor32fc* dst, std::ptrdiff_t count) {
   inTiles<4>(count, [&](auto registers, std::ptrdiff_t at, std::ptrdiff_t len) ZORS_INLINE_LAMBDA {
-    const auto even = sumOf<registers>(low.ofEven, low.line, high.ofEven, high.line, at);
-    const auto odd = sumOf<registers>(low.ofOdd, low.line, high.ofOdd, high.line, at);
+    const auto sum = [&](const SubFilter& ofLow, const SubFilter& ofHigh) ZORS_INLINE_LAMBDA {
+      return simd::add(outputsAt<registers>(at, ofLow, low.line), outputsAt<registers>(at, ofHigh, high.line));
+    };
+    const auto even = sum(low.ofEven, high.ofEven), odd = sum(low.ofOdd, high.ofOdd);
     const auto pairs = simd::toComplex(even, odd);
     if (len == pairs.lanes)
       simd::store(dst + at, pairs);

@@ -69,7 +69,7 @@ template <class T, class A> ZorStatus kaiser(const T* src, T* dst, Zor32s len, A
   return check()
       .pointers(src, dst)
       .size(len)
-      .require(!(Zor64f{alpha} * (len - 1) * 0.5 > largestArgument<T>), zorStatusBadAlpha)
+      .require(!(Zor64f{alpha} * (Zor64f(len) - 1) * 0.5 > largestArgument<T>), zorStatusBadAlpha)
       .then([&] {
         if (len == 1) {
           dst[0] = src[0];

@@ -96,8 +96,8 @@ TEST(Viterbi, OfTwoFarNeighboursAtOneDistanceTheSecondIsTaken) {
 std::vector<Zor16sc> tableModel(const Variance& variance, int states, int inversion) {
   std::vector<Zor16sc> table;
   for (int e = 0; e < (states == 16 ? 16 : 32); ++e) {
-    const int x = e ^ inversion, p = x >> 2 & 15, q = (x + (x >> 2)) & 3;
-    const auto word = [&](int at) { return variance[std::size_t(at)]; };
+    const Zor32u x = Zor32u(e ^ inversion), p = x >> 2 & 15, q = (x + (x >> 2)) & 3;
+    const auto word = [&](Zor32u at) { return variance[at]; };
     const Zor32u metric1 = (word(p) & 0xFFFF) + (word(q + 8) & 0xFFFF);
     const Zor32u metric2 = (word((p + 4) & 7) & 0xFFFF) + (word(q + 12) & 0xFFFF);
     const bool other = metric1 > metric2;

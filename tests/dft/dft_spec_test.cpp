@@ -229,6 +229,43 @@ TEST(DFTSpec, ABufferOfTheCallersAndShortLengthsAllocateNothing) {
       EXPECT_EQ(k.free(spec), zorStatusOk);
     }
 }
+// Formats that are packed anew in dst: not before the work memory is there.
+template <class T, class Spec>
+void inversesLeaveDst(const char* name, ZorStatus (*initAlloc)(Spec**, Zor32s, Zor32s, ZorHintAlgorithm),
+                      ZorStatus (*free)(Spec*), ZorStatus (*inverse)(const T*, T*, const Spec*, Zor8u*)) {
+  for (Zor32s len : {34, 53, 63, 256, 1000, 1024, 2048, 4096}) {
+    Spec* spec = nullptr;
+    ASSERT_EQ(initAlloc(&spec, len, ZOR_FFT_DIVIDE_INVERSE, zorAlgHintNone), zorStatusOk);
+    const std::vector<T> before(std::size_t(len) + 2, T(7));
+    std::vector<T> src(std::size_t(len) + 2, T(1)), dst = before, inPlace = before;
+    ServicesScope scope;
+    scope->failAt = 0;
+    if (inverse(src.data(), dst.data(), spec, nullptr) == zorStatusNoMemory) {
+      EXPECT_EQ(dst, before) << name << " " << len;
+    } else {
+      EXPECT_EQ(scope->allocations, 0) << name << " " << len;
+    }
+    scope->failAt = 0;
+    if (inverse(inPlace.data(), inPlace.data(), spec, nullptr) == zorStatusNoMemory) {
+      EXPECT_EQ(inPlace, before) << name << " in place, " << len;
+    }
+    EXPECT_EQ(free(spec), zorStatusOk);
+  }
+}
+TEST(DFTSpec, WithoutMemoryInversesLeaveTheirDestination) {
+  const auto check32 = [](const char* name, auto inverse) {
+    inversesLeaveDst<Zor32f, ZorsDFTSpec_R_32f>(name, zorsDFTInitAlloc_R_32f, zorsDFTFree_R_32f, inverse);
+  };
+  const auto check64 = [](const char* name, auto inverse) {
+    inversesLeaveDst<Zor64f, ZorsDFTSpec_R_64f>(name, zorsDFTInitAlloc_R_64f, zorsDFTFree_R_64f, inverse);
+  };
+  check32("zorsDFTInv_PackToR_32f", zorsDFTInv_PackToR_32f);
+  check32("zorsDFTInv_PermToR_32f", zorsDFTInv_PermToR_32f);
+  check32("zorsDFTInv_CCSToR_32f", zorsDFTInv_CCSToR_32f);
+  check64("zorsDFTInv_PackToR_64f", zorsDFTInv_PackToR_64f);
+  check64("zorsDFTInv_PermToR_64f", zorsDFTInv_PermToR_64f);
+  check64("zorsDFTInv_CCSToR_64f", zorsDFTInv_CCSToR_64f);
+}
 TEST(DFTSpec, PowersOfTwoAreTheBitsOfTheirOwnTransforms) {
   Random random(7);
   for (int order = 5; order <= 12; ++order) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -207,6 +208,19 @@ TEST(SparseFilters, StateSizesFollowTheirFormula) {
   EXPECT_EQ(size, 7);
   EXPECT_EQ(zorsIIRSparseGetStateSize_32f(1, 0, 0, 0, &size), zorStatusOk);
   EXPECT_GT(size, 0);
+}
+
+TEST(SparseFilters, InitRefusesPlacesThatNoStateHasRoomFor) {
+  const Zor32f taps[] = {1, 1, 1, 1};
+  const Zor32s fir[] = {0, INT32_MAX}, iir[] = {0, INT32_MAX, 1, INT32_MAX}, far[] = {0, 1, 1, INT32_MAX};
+  alignas(16) Zor8u block[64] = {};
+  ZorFIRSparseState* firState = nullptr;
+  ZorIIRSparseState* iirState = nullptr;
+  EXPECT_EQ(zorsFIRSparseInit_32f(&firState, taps, fir, 2, nullptr, block), zorStatusNoMemory);
+  EXPECT_EQ(zorsIIRSparseInit_32f(&iirState, taps, iir, 2, 2, nullptr, block), zorStatusNoMemory);
+  EXPECT_EQ(zorsIIRSparseInit_32f(&iirState, taps, far, 2, 2, nullptr, block), zorStatusNoMemory);
+  EXPECT_TRUE(firState == nullptr && iirState == nullptr);
+  EXPECT_TRUE(std::all_of(std::begin(block), std::end(block), [](Zor8u x) { return x == 0; }));
 }
 
 TEST(SparseFilters, CheckTheirArgumentsInOrder) {

@@ -382,7 +382,6 @@ void livesAsAllObjectsDo(const Form& form) {
                        {"getTaps", [&](ZorFIRState* s) { return form.getTaps(s, gotTaps.data()); }},
                        {"setTaps", [&](ZorFIRState* s) { return form.setTaps(taps.data(), s); }}},
         .vitalAllocations = 1,
-        .freeClearsReleasedTag = false,
     });
   }
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <map>
+#include <memory>
 
 #include "kit/contract.h"
 #include "kit/elements.h"
@@ -175,21 +176,21 @@ const std::map<std::string, Zor64s> greatest = {{"zors10Log10_32s", 2147483520},
 // ---- Specifications of transforms, by type ------------------------------------------------------------
 
 constexpr int order = 4;
-const std::map<const void*, void*>& specifications() {
+const auto& specifications() {
   static const auto all = [] {
-    std::map<const void*, void*> made;
-    const auto add = [&]<class S>(ZorStatus (*initAlloc)(S**, Zor32s, Zor32s, ZorHintAlgorithm)) {
+    std::map<const void*, std::shared_ptr<void>> made;
+    const auto add = [&]<class S>(ZorStatus (*initAlloc)(S**, Zor32s, Zor32s, ZorHintAlgorithm), ZorStatus (*free)(S*)) {
       S* spec = nullptr;
       EXPECT_EQ(initAlloc(&spec, order, ZOR_FFT_DIVIDE_NONE, zorAlgHintAccurate), zorStatusOk);
-      made[&typeMark<S>] = spec;
+      made[&typeMark<S>] = {spec, [free](void* done) { free(static_cast<S*>(done)); }};
     };
-    add(zorsFFTInitAlloc_C_16sc);
-    add(zorsFFTInitAlloc_C_16s);
-    add(zorsFFTInitAlloc_R_16s);
-    add(zorsFFTInitAlloc_C_32sc);
-    add(zorsFFTInitAlloc_C_32s);
-    add(zorsFFTInitAlloc_R_32s);
-    add(zorsFFTInitAlloc_R_16s32s);
+    add(zorsFFTInitAlloc_C_16sc, zorsFFTFree_C_16sc);
+    add(zorsFFTInitAlloc_C_16s, zorsFFTFree_C_16s);
+    add(zorsFFTInitAlloc_R_16s, zorsFFTFree_R_16s);
+    add(zorsFFTInitAlloc_C_32sc, zorsFFTFree_C_32sc);
+    add(zorsFFTInitAlloc_C_32s, zorsFFTFree_C_32s);
+    add(zorsFFTInitAlloc_R_32s, zorsFFTFree_R_32s);
+    add(zorsFFTInitAlloc_R_16s32s, zorsFFTFree_R_16s32s);
     return made;
   }();
   return all;
@@ -240,7 +241,7 @@ class Results {
       if (p.role == Role::object) {
         const auto spec = specifications().find(p.type);
         known_ = known_ && spec != specifications().end();
-        if (known_) arguments_[i] = argument(spec->second);
+        if (known_) arguments_[i] = argument(spec->second.get());
       } else if (p.role != Role::number && i < object) {
         memory_[i].resize(room * p.size * std::size_t(p.parts));
         p.fill(memory_[i].data(), room / 2 + 8, random);

@@ -73,6 +73,16 @@ TEST(IirExact, BothSidesOfEveryThreshold) {
   }
 }
 
+// Runs of 8 samples, blocks of 32 and 64, chunks that steps are faster for; each followed by another one.
+TEST(IirExact, BothSidesOfEveryRunAndBlock) {
+  kit::Random random(5);
+  for (const Filter& f : filters())
+    for (int count = 1; count <= 9; ++count)
+      for (int block : {12 + 4 * count, 32, 36, 64, 96, 128, 192, 256, 960})
+        for (int len = block - 1; len <= block + 1; ++len)
+          checkStream(f, count, {len, int(random() % 90) + 1}, 0, random);
+}
+
 TEST(IirExact, AStreamCutAnywhereIsOneStream) {
   kit::Random random(3);
   for (const Filter& f : filters())
@@ -93,6 +103,26 @@ TEST(IirExact, ScaledResultsRoundToEvenAndTheFirstTwoOfACascadesChunkAreCut) {
     for (Zor32s scale : {-2000, -200, -127, -16, -15, -2,  -1,   1,         2,         3,         5,
                          20,    31,   33,   126, 127, 150, 2000, INT32_MAX, INT32_MIN, -INT32_MAX})
       for (int count : {1, 2, 3}) checkStream(f, count, {40, 0, 5, 1030, 8, 4, 12, 13}, scale, random);
+  }
+}
+
+// Scales at the end of the exponents of normal numbers, and results that need them.
+TEST(IirExact, TinyResultsAreScaledUpByTheWholeFactor) {
+  for (const Filter& f : filters()) {
+    if (f.sampleBits == 0 || f.integerTaps) continue;
+    const int exponent = f.single ? 124 : 1019;
+    Numbers taps(std::size_t(tapsLen(f.form, 1)));
+    taps[0] = {std::ldexp(1.0L, -exponent), 0};
+    taps[f.form == Form::polynomial ? 2 : 3] = {1, 0};
+    for (int len : {1, 4, 30, 70}) {
+      const State state(f, taps, 1);
+      Numbers x(static_cast<std::size_t>(len));
+      for (std::size_t i = 0; i < x.size(); ++i) x[i].re = static_cast<long double>(i) - 20;
+      Model model(f.form, taps, 1);
+      EXPECT_EQ(difference(f.run(x, state, -exponent - 2, false, 0), expected(f, model, x, 1, -exponent - 2)), "")
+          << f.name << " " << len;
+      EXPECT_EQ(f.one({7, 0}, state, -exponent - 2).re, 28) << f.name;
+    }
   }
 }
 

@@ -129,6 +129,65 @@ TEST(IirSignal, WhatIsNotFiniteTouchesNoOutputBeforeIt) {
   }
 }
 
+// A chunk with such a number is that of single samples, bit for bit: look-ahead would carry it to outputs before it.
+TEST(IirSignal, WhatIsNotFiniteIsFilteredAsSingleSamplesAre) {
+  for (const Filter& f : filters()) {
+    if (f.sampleBits != 0) continue;
+    for (int count : {1, 2, 3})
+      for (std::size_t at = 0; at < 135; at += count == 1 ? 1 : 7) {
+        const Numbers taps = stableTaps(f, count, 0.5);
+        const State state(f, taps, count), single(f, taps, count);
+        Numbers x(135);
+        for (std::size_t i = 0; i < x.size(); ++i) x[i].re = static_cast<long double>(i % 7) - 3;
+        (f.complex && at % 2 == 1 ? x[at].im : x[at].re) = at % 3 == 0 ? std::nanl("") : HUGE_VALL;
+        const Numbers got = f.run(x, state, 0, at % 2 == 0, 0);
+        const auto same = [](long double a, long double b) { return a == b || (std::isnan(a) && std::isnan(b)); };
+        for (std::size_t i = 0; i < x.size(); ++i) {
+          const Number wanted = f.one(x[i], single, 0);
+          ASSERT_TRUE(same(got[i].re, wanted.re) && same(got[i].im, wanted.im)) << f.name << " " << at << " " << i;
+        }
+        Numbers after(std::size_t(dlyLen(f.form, count))), wantedAfter = after;
+        f.getDly(state, &after);
+        f.getDly(single, &wantedAfter);
+        for (std::size_t i = 0; i < after.size(); ++i)
+          ASSERT_TRUE(same(after[i].re, wantedAfter[i].re) && same(after[i].im, wantedAfter[i].im)) << f.name;
+      }
+  }
+}
+
+// Poles near the unit circle, where what a block takes over from the one before it weighs most.
+TEST(IirSignal, BlocksStayNearTheModelAsSingleSamplesDo) {
+  for (const char* name : {"zorsIIRGetStateSize_BiQuad_32f", "zorsIIRGetStateSize_BiQuad_64f",
+                           "zorsIIRGetStateSize_BiQuad_DF1_32f", "zorsIIRGetStateSize_32f", "zorsIIRGetStateSize_64f"})
+    for (const Filter& f : filters()) {
+      if (f.name != name) continue;
+      for (double radius : {0.9, 0.99, 0.999})
+        for (double angle : {0.0, 0.01, 0.1, 1.0, 2.0, 3.1}) {
+          const int count = f.form == Form::polynomial ? 2 : 1;
+          Numbers taps;
+          const double gain = 1 - 2 * radius * std::cos(angle) + radius * radius;
+          for (double v : {gain / 2, gain / 4, gain / 4, 1.0, -2 * radius * std::cos(angle), radius * radius})
+            taps.push_back({f.single ? float(v) : v, 0});
+          const State state(f, taps, count), single(f, taps, count);
+          Model model(f.form, taps, count);
+          kit::Random random(4);
+          Numbers x(4096);
+          for (Number& n : x) n.re = static_cast<long double>(random() % 2049) / 1024 - 1;
+          const Numbers got = f.run(x, state, 0, false, 0);
+          long double most = 0, blockError = 0, singleError = 0;
+          for (std::size_t i = 0; i < x.size(); ++i) {
+            const long double exact = model.step(x[i]).re;
+            most = std::max(most, std::fabs(exact));
+            blockError += std::pow(got[i].re - exact, 2);
+            singleError += std::pow(f.one(x[i], single, 0).re - exact, 2);
+          }
+          const long double rounding = (f.single ? 0x1p-24L : 0x1p-53L) * most * std::sqrt(4096.0L);
+          EXPECT_LE(std::sqrt(blockError), 60 * (std::sqrt(singleError) + rounding))
+              << f.name << ", radius " << radius << ", angle " << angle;
+        }
+    }
+}
+
 // A filter that runs away overflows where the plain steps do.
 TEST(IirSignal, AnUnstableFilterGrowsAsTheStepsDo) {
   for (const Filter& f : filters()) {
@@ -270,6 +329,101 @@ TEST(IirChannels, EachRunsAsByItself) {
                              channelScales[i]);
         },
         zorStatusBadChannelCountScaled);
+}
+
+// Channels of equal cascades stand side by side, those that share memory do not: all as if one came after the other.
+template <class T, class Run, class Single> void checkSideBySide(Zor32u tag, Run run, Single single) {
+  kit::Random random(9);
+  const Filter& f = byTag(tag);
+  enum { apart, unequal, chain, oneState, oneDestination, kinds };
+  for (int kind = 0; kind < kinds; ++kind)
+    for (int count : {2, 3, 4, 5, 8, 11})
+      for (int sections : {1, 2, 16, 17, 33})
+        for (int len : {1, 7, 8, 9, 20, 1029}) {
+          if (len > 20 && sections > 2) continue;
+          Channels<T> channels(count, len), alone(count, len);
+          const int odd = int(random() % unsigned(count - 1)) + 1;  // differs from the others
+          for (int c = 0; c < count; ++c) {
+            const int own = kind == unequal && c == odd ? sections + 1 : sections;
+            const Numbers taps = integerTaps(f, own, random);
+            for (auto* to : {&channels, &alone}) {
+              ZorIIRState* state = nullptr;
+              f.initAlloc(&state, &taps, own, nullptr, 0);
+              to->states.push_back(state);
+            }
+          }
+          for (auto* all : {&channels, &alone}) {
+            const auto at = std::size_t(odd);
+            if (kind == chain) all->srcs[at] = all->dsts[at - 1];
+            if (kind == oneState) std::swap(all->states[at - 1], all->states.emplace_back(all->states[at]));
+            if (kind == oneDestination) all->dsts[at] = all->dsts[at - 1];
+          }
+          ASSERT_EQ(run(channels, len, count), zorStatusOk);
+          for (int c = 0; c < count; ++c) single(alone, c, len);
+          ASSERT_TRUE(channels.dst == alone.dst)
+              << f.name << " " << kind << " " << count << " " << sections << " " << len;
+          for (int c = 0; c < count; ++c) {
+            const int own = kind == unequal && c == odd ? sections + 1 : sections;
+            Numbers after(std::size_t(dlyLen(f.form, own))), wanted = after;
+            f.getDly(channels.states[std::size_t(c)], &after);
+            f.getDly(alone.states[std::size_t(c)], &wanted);
+            ASSERT_TRUE(after == wanted) << f.name << " " << kind << " " << count << " " << sections << " " << len;
+          }
+          for (auto* all : {&channels, &alone}) {
+            if (kind == oneState)
+              std::swap(all->states[std::size_t(odd - 1)], all->states.back()), all->states.pop_back();
+            for (auto* state : all->states) f.free(state);
+          }
+        }
+}
+TEST(IirChannels, SideBySideAsOneAfterTheOther) {
+  for (Zor32u tag : {0x49493032u, 0x49493239u})
+    checkSideBySide<Zor32f>(
+        tag,
+        [](auto& c, int len, int n) { return zorsIIR_32f_P(c.srcs.data(), c.dsts.data(), len, n, c.states.data()); },
+        [](auto& c, int i, int len) {
+          zorsIIR_32f(c.srcs[std::size_t(i)], c.dsts[std::size_t(i)], len, c.states[std::size_t(i)]);
+        });
+  for (Zor32u tag : {0x49493232u, 0x49493330u})
+    checkSideBySide<Zor32s>(
+        tag,
+        [](auto& c, int len, int n) {
+          return zorsIIR64f_32s_PSfs(c.srcs.data(), c.dsts.data(), len, n, c.states.data(), channelScales);
+        },
+        [](auto& c, int i, int len) {
+          zorsIIR64f_32s_Sfs(c.srcs[std::size_t(i)], c.dsts[std::size_t(i)], len, c.states[std::size_t(i)],
+                             channelScales[i]);
+        });
+}
+
+// From four channels on (two in binary64) each takes the steps of single samples.
+TEST(IirChannels, SideBySideTheyTakeSingleSteps) {
+  for (Zor32u tag : {0x49493032u, 0x49493239u}) {
+    const Filter& f = byTag(tag);
+    for (int count : {4, 7, 8, 9})
+      for (int sections : {1, 3, 18}) {
+        constexpr int len = 75;
+        Channels<Zor32f> channels(count, len);
+        std::vector<ZorIIRState*> single;
+        for (int c = 0; c < count; ++c) {
+          const Numbers taps = stableTaps(f, sections, 0.5 + 0.05 * c);
+          for (auto* to : {&channels.states, &single}) {
+            ZorIIRState* state = nullptr;
+            f.initAlloc(&state, &taps, sections, nullptr, 0);
+            to->push_back(state);
+          }
+        }
+        ASSERT_EQ(zorsIIR_32f_P(channels.srcs.data(), channels.dsts.data(), len, count, channels.states.data()), 0);
+        for (std::size_t c = 0; c < std::size_t(count); ++c)
+          for (std::size_t i = 0; i < len; ++i) {
+            Zor32f wanted = 0;
+            zorsIIROne_32f(channels.src[c][i], &wanted, single[c]);
+            ASSERT_EQ(channels.dst[c][i], wanted) << f.name << " " << count << " " << sections << " " << c << " " << i;
+          }
+        for (auto* all : {&channels.states, &single})
+          for (auto* state : *all) f.free(state);
+      }
+  }
 }
 
 TEST(IirChannels, NullArraysComeFirst) {

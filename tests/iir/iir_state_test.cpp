@@ -210,13 +210,15 @@ TEST(IirState, IntegerTapsTakeOneArrayAndGiveItBack) {
     Zor32s size = 0;
     f.size(3, &size);
     const Numbers taps = integerTaps(f, 3, random), other = integerTaps(f, 3, random);
-    std::vector<Zor8u> buffer(std::size_t(size), 9);
+    const std::vector<Zor8u> blank(std::size_t(size), 9);
+    std::vector<Zor8u> buffer = blank;
     auto* const untouched = reinterpret_cast<ZorIIRState*>(0x55);
     ZorIIRState* state = untouched;
     const int taken = kit::failEachAllocation([&] { return f.init(&state, &taps, 3, nullptr, buffer.data(), 0); },
                                               [&](int n, ZorStatus status) {
                                                 EXPECT_EQ(status, n >= 0 ? zorStatusNoMemory : zorStatusOk) << f.name;
                                                 EXPECT_EQ(state == untouched, n >= 0) << f.name;
+                                                EXPECT_TRUE(n < 0 || buffer == blank) << f.name;
                                                 EXPECT_EQ(kit::services().live, 0) << f.name;
                                               });
     EXPECT_EQ(taken, f.integerTaps ? 1 : 0) << f.name;
@@ -272,7 +274,10 @@ TEST(IirState, ZeroA0OrB0IsADivisionByZero) {
     const auto attempt = [&](const Numbers& taps, ZorStatus wanted, const std::string& what) {
       auto* const untouched = reinterpret_cast<ZorIIRState*>(0x55);
       ZorIIRState* made = untouched;
+      std::fill(buffer.begin(), buffer.end(), Zor8u{0xA5});
       EXPECT_EQ(f.init(&made, &taps, count, nullptr, buffer.data(), 0), wanted) << f.name << what;
+      EXPECT_EQ(std::all_of(buffer.begin(), buffer.end(), [](Zor8u x) { return x == 0xA5; }), wanted != zorStatusOk)
+          << f.name << what << ": the block, which may hold a state in use";
       EXPECT_EQ(made == untouched, wanted != zorStatusOk) << f.name << what;
       kit::ServicesScope services;
       ZorIIRState* allocated = untouched;

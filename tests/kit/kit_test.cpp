@@ -200,6 +200,8 @@ TEST(Object, NoticesEachFaultOfAnObject) {
   EXPECT_PRED_FORMAT2(IsSubstring, "a second Free", said(Fault::keepsTheTag));
   EXPECT_PRED_FORMAT2(IsSubstring, "outputs written", said(Fault::writesOnFailure));
   EXPECT_PRED_FORMAT2(IsSubstring, "a call kept memory", said(Fault::leaksWork));
+  for (void* block : lost) zorsFree(block);
+  lost.clear();
 }
 
 // Running sums; `fault` is the number of pieces after which the sum is lost, or the piece's length at which it is.

@@ -57,7 +57,6 @@ template <class S> struct Object {
   bool immutable = false;             // run() changes no byte of the object
   bool runAllocates = false;          // even with a work buffer
   int vitalAllocations = INT_MAX;     // of InitAlloc; without the later ones the object works in another way
-  bool freeClearsReleasedTag = true;  // a second Free in memory that still stands is zorStatusBadContext
   FreeInCallersBlock freeInCallersBlock = FreeInCallersBlock::doesNothing;
 };
 
@@ -92,7 +91,6 @@ template <class S> Object<void> withoutType(const Object<S>& typed) {
   object.immutable = typed.immutable;
   object.runAllocates = typed.runAllocates;
   object.vitalAllocations = typed.vitalAllocations;
-  object.freeClearsReleasedTag = typed.freeClearsReleasedTag;
   object.freeInCallersBlock = typed.freeInCallersBlock;
   return object;
 }

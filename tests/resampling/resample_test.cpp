@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <numeric>
@@ -528,6 +529,39 @@ template <class T> void checkRuns(const char* free, const char* fixed, const cha
       .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
       .untouched(fixedBlock, sizeof fixedBlock)
       .verify(set);
+}
+
+TEST(Resample, InitRefusesWhatItsSizeCallRefuses) {
+  Zor32s size = 7, len = 7, height = 7;
+  alignas(64) Zor8u block[64];
+  std::fill(std::begin(block), std::end(block), Zor8u{3});
+  auto* fixed = reinterpret_cast<ZorResampleFixedState*>(block);
+  auto* general = reinterpret_cast<ZorResampleState*>(block);
+  struct Rates {
+    Zor32s in, out, len;
+  };
+  for (const Rates& r : {Rates{INT32_MAX, INT32_MAX - 1, 4},
+                         {1, 1 << 20, 4096},
+                         {1, 1, INT32_MAX},
+                         {147, 160, INT32_MAX},
+                         {3, INT32_MAX, 4}})
+    for (ZorHintAlgorithm hint : {zorAlgHintFast, zorAlgHintAccurate}) {
+      EXPECT_EQ(zorsResamplePolyphaseFixedGetSize_32f(r.in, r.out, r.len, &size, &len, &height, hint),
+                zorStatusBadArgument);
+      EXPECT_EQ(zorsResamplePolyphaseFixedInit_32f(r.in, r.out, r.len, .9f, 8, fixed, hint), zorStatusBadArgument);
+      EXPECT_EQ(zorsResamplePolyphaseFixedGetSize_16s(r.in, r.out, r.len, &size, &len, &height, hint),
+                zorStatusBadArgument);
+      EXPECT_EQ(zorsResamplePolyphaseFixedInit_16s(r.in, r.out, r.len, .9f, 8, fixed, hint), zorStatusBadArgument);
+    }
+  for (Zor32f window : {1.8e8f, 2.2e8f, 2.6e8f}) {
+    EXPECT_EQ(zorsResamplePolyphaseGetSize_32f(window, 2, &size), zorStatusNoMemory);
+    EXPECT_EQ(zorsResamplePolyphaseInit_32f(window, 2, .9f, 8, general, zorAlgHintFast), zorStatusNoMemory);
+    const ZorStatus wanted = zorsResamplePolyphaseGetSize_16s(window, 2, &size, zorAlgHintAccurate);
+    EXPECT_EQ(wanted, zorStatusNoMemory);
+    EXPECT_EQ(zorsResamplePolyphaseInit_16s(window, 2, .9f, 8, general, zorAlgHintAccurate), wanted);
+  }
+  EXPECT_TRUE(size == 7 && len == 7 && height == 7);
+  EXPECT_TRUE(std::all_of(std::begin(block), std::end(block), [](Zor8u x) { return x == 3; }));
 }
 
 TEST(Resample, ChecksItsArgumentsInOrder) {

@@ -162,6 +162,18 @@ TEST(SampleUp, AFactorOfOneCopiesAndKnowsNoPhaseButZero) {
   EXPECT_TRUE(std::equal(src, src + 3, dst));
 }
 
+TEST(SampleUp, MoreSamplesThanACountHoldsAreRefused) {
+  for (const Member& member : ups) {
+    alignas(16) Zor8u src[64] = {}, dst[64];
+    std::fill(dst, dst + 64, Zor8u{3});
+    Zor32s dstLen = 5, phase = 1;
+    for (Zor32s factor : {1 << 29, (1 << 29) + 1, INT32_MAX})
+      EXPECT_EQ(member.call(src, 4, dst, &dstLen, factor, &phase), zorStatusNoMemory) << member.name;
+    EXPECT_TRUE(dstLen == 5 && phase == 1) << member.name;
+    EXPECT_TRUE(std::all_of(dst, dst + 64, [](Zor8u x) { return x == 3; })) << member.name;
+  }
+}
+
 TEST(SampleRate, ChecksItsArgumentsInOrder) {
   const auto check = [](const Member& member) {
     alignas(16) Zor8u src[64] = {}, dst[256];

@@ -36,9 +36,10 @@ template <class T> void transformModel(const std::vector<T>& x, Zor32s s, std::v
     const bool alone = 2 * k + 1 == x.size();
     const T x0 = x[2 * k], x1 = alone ? x0 : x[2 * k + 1];
     if constexpr (std::is_floating_point_v<T>) {
-      const T difference = x1 - x0, half = difference * T(0.5);
-      low[k] = alone ? x0 : x0 + half;
-      if (!alone) high[k] = half;
+      low[k] = x0;  // no choice of a term 0: its sign depends on the rounding direction
+      if (alone) break;
+      high[k] = (x1 - x0) * T(0.5);
+      low[k] += high[k];
     } else {
       const Zor32s shift = s == INT32_MAX ? s : s + 1;
       low[k] = scale::scaled<T>(Exact{x0} + x1, shift);

@@ -3,7 +3,7 @@
 // included.
 #pragma once
 
-#include "frame/rows.h"
+#include "frame/sums/rows.h"
 #include "zors/types.h"
 
 namespace zors::sums {

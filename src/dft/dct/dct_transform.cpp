@@ -2,7 +2,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "dft/dct_short.h"
+#include "dft/dct/dct_short.h"
 #include "dft/parting.h"
 
 namespace zors {

@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <new>
 
-#include "dft/dct_spec.h"
+#include "dft/dct/dct_spec.h"
 #include "dft/narrowing.h"
 
 namespace zors::dct {

@@ -1,7 +1,7 @@
 // Short cosine transforms: straight lines for 2, 4 and 8 values, the folded sum for others.
 #pragma once
 
-#include "dft/dct_spec.h"
+#include "dft/dct/dct_spec.h"
 #include "dft/dft_butterfly.h"
 #include "frame/simd.h"
 

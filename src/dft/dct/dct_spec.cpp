@@ -1,6 +1,6 @@
 // zorsDCTFwdGetSize_*, zorsDCTFwdInit_*, zorsDCTFwdInitAlloc_*, zorsDCTFwdFree_*, zorsDCTFwdGetBufSize_*, and those of
 // zorsDCTInv: specifications of the float kinds.
-#include "dft/dct_spec.h"
+#include "dft/dct/dct_spec.h"
 
 #include <algorithm>
 #include <cmath>

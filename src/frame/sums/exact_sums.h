@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "frame/rows.h"
+#include "frame/sums/rows.h"
 #include "zors/types.h"
 
 namespace zors::exact {
