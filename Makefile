@@ -13,7 +13,7 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup setup-python python test-python bench-python demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -24,6 +24,13 @@ setup:
 	  echo "installing: $$missing"; sudo=$$([ "$$(id -u)" = 0 ] || echo sudo); \
 	  $$sudo apt-get update -qq && DEBIAN_FRONTEND=noninteractive $$sudo apt-get install -y -qq --no-install-recommends $$missing; \
 	fi
+
+## make setup-python   what the Python package needs: to be built, tested and measured
+PYTHON_PACKAGES = python3 python3-dev python3-venv python3-pip python3-setuptools python3-wheel python3-cffi python3-pycparser \
+                  python3-numpy python3-scipy python3-pytest python3-hypothesis python3-dask python3-distributed python3-matplotlib \
+                  mypy patchelf
+setup-python:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(PYTHON_PACKAGES)'
 
 ## make demo       filter a recording to the telephone band: make demo IN=file.wav OUT=file.wav
 demo: setup
