@@ -164,7 +164,7 @@ def fft(x, n=None, axis=-1, norm=None):
     unknown norm.
 
         >>> import numpy as np, zorsl9.fft
-        >>> np.round(zorsl9.fft.fft([1, 0, 0]), 6)
+        >>> np.round(zorsl9.fft.fft([1, 0, 0]), 6) + 0
         array([1.+0.j, 1.+0.j, 1.+0.j])
     """
     return _c2c(x, n, axis, norm, False)

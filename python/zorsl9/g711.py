@@ -3,7 +3,7 @@
     >>> import numpy as np
     >>> from zorsl9 import g711
     >>> g711.alaw_decode(g711.alaw_encode(np.int16([0, 1000, -32768])))
-    array([     8,  1008, -32256], dtype=int16)
+    array([     8,   1008, -32256], dtype=int16)
 """
 import numpy as np
 

@@ -95,7 +95,7 @@ def lfilter(b, a, x, axis=-1, zi=None):
     if z:
         registers = np.moveaxis(z[0], axis, -1) if z[0].ndim == x.ndim else z[0]
         try:
-            registers = np.array(np.broadcast_to(registers, shape)).reshape(-1, order)
+            registers = np.array(np.broadcast_to(registers, shape), order="C").reshape(-1, order)
         except ValueError:
             raise ValueError(f"lfilter: zi has shape {z[0].shape}, the filter and x need {order} registers a row") from None
     else:
@@ -171,7 +171,7 @@ def sosfilt(sos, x, axis=-1, zi=None):
     else:
         registers = np.zeros(shape, char)
     rows = source.reshape(-1, source.shape[-1]) if source.size else source.reshape(0, source.shape[-1])
-    registers = np.ascontiguousarray(np.moveaxis(registers.reshape(sections, rows.shape[0], 2), 0, 1))
+    registers = np.array(np.moveaxis(registers.reshape(sections, rows.shape[0], 2), 0, 1), order="C")
     suffix = _SUFFIX[char]
     if rows.size and (sos[:, 0] != 0).all():
         y = np.empty_like(rows)
