@@ -1,5 +1,4 @@
 """The raw layer: every function, what it refuses, and that nothing it is given ends the process."""
-import doctest
 import subprocess
 import sys
 import threading
@@ -190,10 +189,3 @@ def test_other_threads_run_during_a_call():
     thread.join()
     assert counted > 20
 
-
-def test_examples_of_the_docstrings():
-    import zorsl9.fft
-    import zorsl9.signal
-    for module in (raw, zorsl9.fft, zorsl9.signal):
-        result = doctest.testmod(module)
-        assert result.failed == 0 and result.attempted > 0

@@ -5,7 +5,7 @@ cosine transforms of types 1 and 4, all sine transforms, and fast Hankel transfo
 
     >>> import numpy as np, scipy.fft, zorsl9.scipy_fft
     >>> with scipy.fft.set_backend(zorsl9.scipy_fft):
-    ...     scipy.fft.fft(np.ones(4, np.float32))
+    ...     scipy.fft.fft(np.ones(4, np.float32)) + 0
     array([4.+0.j, 0.+0.j, 0.+0.j, 0.+0.j], dtype=complex64)
 """
 import os

@@ -150,6 +150,8 @@ class Tone:
 
     def __init__(self, frequency, magnitude=1.0, phase=0.0, dtype=np.float64):
         self.dtype, self._name = _suffix(dtype)
+        if not (0 <= frequency < 0.5 and magnitude > 0 and 0 <= phase < 2 * np.pi):  # NaN is refused too
+            raise ValueError("Tone: frequency from 0 to below 0.5, magnitude above 0, phase from 0 to below 2 pi")
         kind = np.float32 if self._name.startswith("32") else np.float64
         self.frequency, self.magnitude, self._phase = frequency, magnitude, np.array([phase], kind)
 
