@@ -39,8 +39,11 @@ def _common(*arrays):
     return [a.astype(char, copy=False) for a in arrays], char
 
 
+_ARRAY = {suffix: ffi.typeof(f"Zor{suffix}[]") for suffix in (*_SUFFIX.values(), "8u", "16s", "32s")}
+
+
 def _pointer(array, suffix):
-    return ffi.from_buffer(f"Zor{suffix}[]", array)
+    return ffi.from_buffer(_ARRAY[suffix], array)
 
 
 def _check(name, status):
@@ -80,6 +83,10 @@ def lfilter(b, a, x, axis=-1, zi=None):
         >>> signal.lfilter([0.5, 0.5], 1, [1.0, 3.0, 5.0])
         array([0.5, 2. , 4. ])
     """
+    if zi is None and type(x) is np.ndarray and x.ndim == 1 and x.size and x.flags.c_contiguous:
+        y = _recursive(b, a, x)
+        if y is not None:
+            return y
     (b, a, x, *z), char = _common(*(np.atleast_1d(b), np.atleast_1d(a), x) + (() if zi is None else (zi,)))
     if b.ndim != 1 or a.ndim != 1 or not b.size or not a.size:
         raise ValueError("lfilter: b and a must be one-dimensional and not empty")
@@ -113,6 +120,37 @@ def lfilter(b, a, x, axis=-1, zi=None):
             _filter_rows("IIR", state, rows, y, registers, suffix)
     y = _back(y.reshape(source.shape), axis)
     return (y, _back(registers.reshape(shape), axis)) if z else y
+
+
+_RECURSIVE = {np.dtype(c): (getattr(lib, f"zorsIIRInitAlloc_{s}"), getattr(lib, f"zorsIIRFree_{s}"), getattr(lib, f"zorsIIR_{s}"),
+                            _ARRAY[s]) for c, s in _SUFFIX.items()}
+
+
+def _recursive(b, a, x):
+    """The short way for a vector and taps of its type, from rest; None where it is not to be gone."""
+    kind = _RECURSIVE.get(x.dtype)
+    if kind is None or type(b) is not np.ndarray or type(a) is not np.ndarray or b.dtype != x.dtype or a.dtype != x.dtype or \
+            b.ndim != 1 or a.ndim != 1 or a.size < 2 or b.size < 1:
+        return None
+    build, free, run, array = kind
+    order = max(b.size, a.size) - 1
+    taps = np.zeros(2 * order + 2, x.dtype)
+    taps[:b.size] = b
+    taps[order + 1:order + 1 + a.size] = a
+    if not taps[order + 1] or np.count_nonzero(a) < 2:
+        return None
+    y, out = np.empty_like(x), ffi.new(_STATE)
+    status = build(out, ffi.from_buffer(array, taps), order, ffi.NULL)
+    if status == 0:
+        try:
+            status = run(ffi.from_buffer(array, x), ffi.from_buffer(array, y), x.size, out[0])
+        finally:
+            free(out[0])
+    _check("lfilter", status)
+    return y
+
+
+_STATE = ffi.typeof("ZorIIRState**")
 
 
 def _filter_rows(family, state, rows, y, registers, suffix):

@@ -71,12 +71,17 @@ def dot(a, b):
 
 def multiply(a, b, out=None):
     """The products of two arrays of one shape and type, float32 or float64."""
-    (a, suffix, _), (b, other, _) = _vector("multiply", a), _vector("multiply", b)
-    if suffix != other or a.shape != b.shape:
-        raise ValueError("zorsl9.statistics.multiply: arrays of one shape and type")
-    y = np.empty(a.shape, a.dtype) if out is None else out
-    if y.shape != a.shape or y.dtype != a.dtype or not y.flags.c_contiguous or not y.flags.writeable:
-        raise ValueError(f"out must be a contiguous array of shape {a.shape} and type {a.dtype} that may be written")
-    kind = f"Zor{suffix}[]"
-    getattr(lib, f"zorsMul_{suffix}")(ffi.from_buffer(kind, a), ffi.from_buffer(kind, b), ffi.from_buffer(kind, y), a.size)
+    a, b = np.ascontiguousarray(a), np.ascontiguousarray(b)
+    kind = _PRODUCTS.get(a.dtype)
+    if kind is None or b.dtype != a.dtype or a.shape != b.shape:
+        raise ValueError("zorsl9.statistics.multiply: arrays of one shape and of one type, float32 or float64")
+    y = np.empty_like(a) if out is None else out
+    if y.shape != a.shape or y.dtype != a.dtype or not y.flags.c_contiguous:
+        raise ValueError(f"out must be a contiguous array of shape {a.shape} and type {a.dtype}")
+    product, array = kind
+    if y.size:
+        product(ffi.from_buffer(array, a), ffi.from_buffer(array, b), ffi.from_buffer(array, y, True), y.size)
     return y
+
+
+_PRODUCTS = {np.dtype(c): (getattr(lib, f"zorsMul_{s}"), ffi.typeof(f"Zor{s}[]")) for c, (s, _) in _TYPES.items()}
