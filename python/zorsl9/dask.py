@@ -28,7 +28,7 @@ def fir(taps, x):
     depth = {x.ndim - 1: (taps.size - 1, 0)}
     if taps.size > min(x.chunks[-1]):
         x = x.rechunk({x.ndim - 1: max(taps.size, max(x.chunks[-1]))})
-    return da.map_overlap(_filtered, x, depth=depth, boundary=0, dtype=np.result_type(taps, x.dtype), taps=taps)
+    return da.map_overlap(_filtered, x, depth=depth, boundary="none", dtype=np.result_type(taps, x.dtype), taps=taps)
 
 
 def _resampled(block, up, down, taps, start, count):
