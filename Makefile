@@ -17,6 +17,7 @@ FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
 .PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library-for-abi abi abi-update clean
+.PHONY: help setup setup-python python test-python bench-python demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -27,6 +28,13 @@ setup:
 	  echo "installing: $$missing"; sudo=$$([ "$$(id -u)" = 0 ] || echo sudo); \
 	  $$sudo apt-get update -qq && DEBIAN_FRONTEND=noninteractive $$sudo apt-get install -y -qq --no-install-recommends $$missing; \
 	fi
+
+## make setup-python   what the Python package needs: to be built, tested and measured
+PYTHON_PACKAGES = python3 python3-dev python3-venv python3-pip python3-setuptools python3-wheel python3-cffi python3-pycparser \
+                  python3-numpy python3-scipy python3-pytest python3-hypothesis python3-dask python3-distributed python3-matplotlib \
+                  mypy
+setup-python:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(PYTHON_PACKAGES)'
 
 ## make demo       filter a recording to the telephone band: make demo IN=file.wav OUT=file.wav
 demo: setup
@@ -82,6 +90,29 @@ bench: setup
 accuracy: setup
 	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target accuracy | tail -1
 	@for program in build/gcc-release/accuracy/*_accuracy; do $$program; done
+
+## make python     the wheel of the Python package, with the libraries inside, tested in a clean virtual environment
+PYTHON = /usr/bin/python3
+wheel = build/python/wheel
+python: setup-python
+	@cmake --preset gcc-release >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target zorsl9 zorcore | tail -1
+	@rm -rf build/python && cmake --install build/gcc-release --prefix build/python/prefix >/dev/null
+	@mkdir -p python/zorsl9/lib && rm -f python/zorsl9/lib/*
+	@cp -L build/python/prefix/lib/libzorsl9.so.8 build/python/prefix/lib/libzorcore-8.2.so python/zorsl9/lib/
+	@cd python && ZORSL9_INCLUDE=$(CURDIR)/build/python/prefix/include ZORSL9_LIBDIR=$(CURDIR)/build/python/prefix/lib \
+	  $(PYTHON) -m pip -q wheel --no-deps --no-build-isolation -w ../$(wheel) .
+	@$(PYTHON) -m venv --system-site-packages build/python/venv && build/python/venv/bin/python -m pip -q install --no-deps --no-index $(wheel)/*.whl
+	@cd build/python && venv/bin/python -c 'import zorsl9; assert "venv" in zorsl9.__file__; print("zorsl9", zorsl9.__version__, zorsl9.__file__)'
+	@ls -l $(wheel)
+	@cd build/python && venv/bin/python -m pytest -q -p no:cacheprovider ../../python/tests/test_raw.py ../../python/tests/test_fft.py
+
+## make test-python  all tests of the package as the wheel installs it, SciPy's own of scipy.fft among them
+test-python: python
+	@cd build/python && venv/bin/python -m pytest -q -p no:cacheprovider ../../python/tests
+
+## make bench-python  speeds beside NumPy and SciPy
+bench-python: python
+	@cd build/python && venv/bin/python ../../python/bench.py
 
 ## make format     clang-format over all sources
 format:
