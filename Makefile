@@ -117,10 +117,10 @@ tool: setup-tools
 	@cmake --preset gcc-release -DZORS_TOOL=ON >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target zors | tail -1
 ## make test-tool  the program's tests, end to end, beside sox
 test-tool: setup-tool-tests tool
-	ZORS=build/gcc-release/tools/zors/zors python3 -m pytest -q tests/tool
+	ZORS=build/gcc-release/tools/zors/zors /usr/bin/python3 -m pytest -q tests/tool
 ## make bench-tool the program's speed beside sox
 bench-tool: setup-tool-tests tool
-	ZORS=build/gcc-release/tools/zors/zors python3 tests/tool/bench.py
+	ZORS=build/gcc-release/tools/zors/zors /usr/bin/python3 tests/tool/bench.py
 
 ## make clean      remove the build folder
 clean:

@@ -32,7 +32,7 @@ std::vector<double> Axis::ticks(int wanted) const {
   for (const double factor : {5, 2, 1}) {
     if (factor * power >= rough) step = factor * power;
   }
-  for (double k = std::ceil((from - slack) / step); k * step <= to + slack; ++k) values.push_back(k * step);
+  for (double k = std::ceil((from - slack) / step); k * step <= to + slack; ++k) values.push_back(k * step + 0.0);
   return values;
 }
 

@@ -33,9 +33,9 @@ class WindowedSpectra {
     }
     line_.erase(line_.begin(), line_.begin() + std::ptrdiff_t(std::min(at, line_.size())));
   }
-  /// The rest, with zeros behind it, if it is longer than what the last window already had.
+  /// Where there was no whole window: the rest, with zeros behind it. Else its sudden end would be all that is seen.
   template <class Take> void finish(bool nothingYet, Take take) {
-    if (line_.empty() || (!nothingYet && line_.size() + hop_ <= size_)) return;
+    if (line_.empty() || !nothingYet) return;
     line_.resize(size_);
     transform(line_);
     take(std::span<const float>(power_));
