@@ -99,13 +99,13 @@ lint-all: setup
 	@cmake --preset clang-release >/dev/null && cmake --build --preset clang-release --target exports_by_section >/dev/null
 	git ls-files 'src/*.cpp' | xargs -n 4 -P $(JOBS) $(tidy)
 
-## make install    install library and headers below PREFIX (default /usr/local); DESTDIR is put in front
+## make install    install library and headers (after make tool: the program too) below PREFIX (default /usr/local); DESTDIR is put in front
 PREFIX ?= /usr/local
 setup-install:
 	@$(MAKE) --no-print-directory setup PACKAGES='$(BUILD_PACKAGES)'
 install: setup-install
 	@[ -f build/gcc-release/build.ninja ] || cmake --preset gcc-release -DZORS_TESTS=OFF -DZORS_BENCH=OFF -DZORS_DEMO=OFF >/dev/null
-	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore
+	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore $$(grep -q 'ZORS_TOOL:BOOL=ON' build/gcc-release/CMakeCache.txt && echo zors)
 	cmake --install build/gcc-release --prefix $(PREFIX)
 
 ## make tool       build the program zors, with the library, (CMake: ZORS_TOOL=ON)
