@@ -6,6 +6,8 @@ PACKAGES = g++ clang cmake ninja-build make pkg-config libgtest-dev libbenchmark
 BUILD_PACKAGES = g++ cmake ninja-build
 PACKAGING_PACKAGES = $(BUILD_PACKAGES) debhelper dpkg-dev fakeroot lintian pkg-config man-db
 ABI_PACKAGES = $(BUILD_PACKAGES) abigail-tools
+TOOL_PACKAGES = $(BUILD_PACKAGES) pkg-config libcli11-dev libsndfile1-dev libfmt-dev nlohmann-json3-dev libpng-dev
+TOOL_TEST_PACKAGES = $(TOOL_PACKAGES) sox tmux mandoc bash-completion python3-pytest python3-numpy python3-scipy python3-pil
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
 RATE ?= 48000
@@ -18,6 +20,7 @@ run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1
 
 .PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library-for-abi abi abi-update clean
 .PHONY: help setup setup-python python test-python bench-python demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install setup-tools setup-tool-tests tool test-tool bench-tool install clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -129,13 +132,13 @@ lint-all: setup
 	@cmake --preset clang-release >/dev/null && cmake --build --preset clang-release --target exports_by_section >/dev/null
 	git ls-files 'src/*.cpp' | xargs -n 4 -P $(JOBS) $(tidy)
 
-## make install    install library and headers below PREFIX (default /usr/local); DESTDIR is put in front
+## make install    install library and headers (after make tool: the program too) below PREFIX (default /usr/local); DESTDIR is put in front
 PREFIX ?= /usr/local
 setup-install:
 	@$(MAKE) --no-print-directory setup PACKAGES='$(BUILD_PACKAGES)'
 install: setup-install
 	@[ -f build/gcc-release/build.ninja ] || cmake --preset gcc-release -DZORS_TESTS=OFF -DZORS_BENCH=OFF -DZORS_DEMO=OFF >/dev/null
-	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore
+	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore $$(grep -q 'ZORS_TOOL:BOOL=ON' build/gcc-release/CMakeCache.txt && echo zors)
 	cmake --install build/gcc-release --prefix $(PREFIX)
 
 ## make packages   Debian packages into build/packages; with the manual where `make docs` has made it
@@ -162,6 +165,19 @@ abi: library-for-abi
 	@tests/abi/run.sh check build/gcc-release && tests/abi/refuses.sh build/gcc-release
 abi-update: library-for-abi
 	@tests/abi/run.sh update build/gcc-release && git diff --stat tests/abi
+## make tool       build the program zors, with the library, (CMake: ZORS_TOOL=ON)
+setup-tools:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(TOOL_PACKAGES)'
+setup-tool-tests:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(TOOL_TEST_PACKAGES)'
+tool: setup-tools
+	@cmake --preset gcc-release -DZORS_TOOL=ON >/dev/null && cmake --build --preset gcc-release -j $(JOBS) --target zors | tail -1
+## make test-tool  the program's tests, end to end, beside sox
+test-tool: setup-tool-tests tool
+	ZORS=build/gcc-release/tools/zors/zors /usr/bin/python3 -m pytest -q tests/tool
+## make bench-tool the program's speed beside sox
+bench-tool: setup-tool-tests tool
+	ZORS=build/gcc-release/tools/zors/zors /usr/bin/python3 tests/tool/bench.py
 
 ## make clean      remove the build folder
 clean:
