@@ -138,7 +138,7 @@ TRUSTED = (
     (r"zorsFIR(One)?(\d+\w+)?_Direct", "0 <= peek(dlyIndex, 0) < max(tapsLen, 1)", "dlyIndex must be in 0 .. tapsLen - 1"),
     (r"zorsResamplePolyphase(Fixed)?_", "settled(time)", "time must be a finite number of at most 2^31"),
     (r"zorsSortRadixIndex", "srcStrideBytes >= 0", "a stride below 0 reads before the array"),
-    (r"zorsResamplePolyphase(Fixed)?Init", "not alpha > 1e4", "alpha must be at most 10,000: its series has as many terms"),
+    (r"zorsResamplePolyphase(Fixed)?Init", "not alpha > 700", "alpha must be at most 700: its series ends in no number beyond"),
     (r"zorsCalcStates", "survivorOffset >= 0", "an offset below 0 writes before the array"),
     (r"zors(Zero|Move)_", "len * itemsize(dst) < 1 << 31", "the byte count must be below 2^31"),
 )
