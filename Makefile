@@ -18,9 +18,10 @@ build = cmake --preset $(1) >/dev/null && cmake --build --preset $(1) -j $(JOBS)
 FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
-.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library-for-abi abi abi-update clean
-.PHONY: help setup setup-python python test-python bench-python demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all install clean
-.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install setup-tools setup-tool-tests tool test-tool bench-tool install clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize sanitize-library tsan \
+        bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library- \
+        for-abi abi abi-update clean setup-python python test-python bench-python setup-tools setup-tool-tests tool test- \
+        tool bench-tool
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -78,6 +79,12 @@ test-clang: setup
 ## make sanitize   the tests built by clang++ under AddressSanitizer and UndefinedBehaviorSanitizer
 sanitize: setup
 	$(call run_tests,clang-sanitize)
+
+## make sanitize-library  the library alone built so, beneath the test programs that g++ built
+sanitize-library: setup
+	$(call build,gcc-release)
+	cmake --preset clang-sanitize >/dev/null && cmake --build --preset clang-sanitize -j $(JOBS) --target zorsl9 zorcore
+	tests/sanitized_library.sh build/gcc-release/tests $(CURDIR)/build/clang-sanitize/src $(JOBS)
 
 ## make tsan       the tests of threads under ThreadSanitizer
 tsan: setup
