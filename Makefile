@@ -19,9 +19,9 @@ FAMILY ?=
 run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1)) && ctest --preset $(1) -j $(JOBS))
 
 .PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize sanitize-library tsan \
-        bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library- \
-        for-abi abi abi-update clean setup-python python test-python bench-python setup-tools setup-tool-tests tool test- \
-        tool bench-tool
+        bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi \
+        library-for-abi abi abi-update setup-python python test-python bench-python setup-tools setup-tool-tests tool \
+        test-tool bench-tool clean
 help:
 	@sed -n 's/^## //p' Makefile
 

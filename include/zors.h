@@ -13,7 +13,8 @@
  *                Families that differ say so. zors_status.h has the name and the text of each status.
  *   Scaling      scaleFactor is the base-2 exponent of a divisor: the exact result divided by 2^scaleFactor, rounded to
  *                nearest, ties to even, saturated to the destination's range. Every value is accepted.
- *   Aliasing     a source may be the destination itself; no other overlap, but where a family allows it.
+ *   Aliasing     a source may be the destination itself; no other overlap, but where a family allows it,
+ *                and none where it forbids it.
  *   NaN          a result that is NaN has the payload of one of its operands, or the default one: which, is not stated.
  *   Threads      every function is re-entrant on separate data. A specification of a transform may be shared by threads
  *                that give work buffers of their own; a filter's or generator's state serves one caller at a time.
