@@ -8,6 +8,7 @@ PACKAGING_PACKAGES = $(BUILD_PACKAGES) debhelper dpkg-dev fakeroot lintian pkg-c
 ABI_PACKAGES = $(BUILD_PACKAGES) abigail-tools
 TOOL_PACKAGES = $(BUILD_PACKAGES) pkg-config libcli11-dev libsndfile1-dev libfmt-dev nlohmann-json3-dev libpng-dev
 TOOL_TEST_PACKAGES = $(TOOL_PACKAGES) sox tmux mandoc bash-completion python3-pytest python3-numpy python3-scipy python3-pil
+DOCS_PACKAGES = doxygen python3 man-db
 IN ?= examples/data/speech.wav
 OUT ?= demo-out.wav
 RATE ?= 48000
@@ -22,6 +23,7 @@ run_tests = $(if $(FAMILY),tests/run_family.sh $(1) '$(FAMILY)',$(call build,$(1
         bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi \
         library-for-abi abi abi-update setup-python python test-python bench-python setup-tools setup-tool-tests tool \
         test-tool bench-tool clean
+.PHONY: help setup demo demo-dtmf demo-resample demo-find demo-equaliser test test-clang sanitize tsan bench accuracy format lint lint-all setup-install install setup-packages packages test-packages setup-abi library-for-abi abi abi-update setup-docs docs test-docs clean
 help:
 	@sed -n 's/^## //p' Makefile
 
@@ -185,6 +187,22 @@ test-tool: setup-tool-tests tool
 ## make bench-tool the program's speed beside sox
 bench-tool: setup-tool-tests tool
 	ZORS=build/gcc-release/tools/zors/zors /usr/bin/python3 tests/tool/bench.py
+
+## make docs       the manual into build/docs: HTML with a search that needs no server, a man page for each export
+setup-docs:
+	@$(MAKE) --no-print-directory setup PACKAGES='$(DOCS_PACKAGES)'
+docs: setup-docs
+	@rm -rf build/docs && mkdir -p build/docs
+	doxygen docs/Doxyfile
+	docs/check_documented.py build/docs
+	@rm -rf build/docs/xml
+
+## make test-docs  the manual, its links, and every program of the guides compiled, linked and run
+test-docs: docs setup-install
+	docs/check_links.py README.md docs/guide/*.md
+	@[ -f build/gcc-release/build.ninja ] || cmake --preset gcc-release -DZORS_TESTS=OFF -DZORS_BENCH=OFF -DZORS_DEMO=OFF >/dev/null
+	cmake --build build/gcc-release -j $(JOBS) --target zorsl9 zorcore
+	docs/check_snippets.py build/gcc-release README.md docs/guide/*.md
 
 ## make clean      remove the build folder
 clean:
