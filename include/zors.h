@@ -10,15 +10,17 @@
  *                by a power of two; _ISfs both.
  *   Status       0 success; negative an error, found before anything was written; positive a warning, the output is
  *                complete. Checks are made in the order: null pointers, state tags, lengths below 1, everything else.
- *                Families that differ say so.
+ *                Families that differ say so. zors_status.h has the name and the text of each status.
  *   Scaling      scaleFactor is the base-2 exponent of a divisor: the exact result divided by 2^scaleFactor, rounded to
  *                nearest, ties to even, saturated to the destination's range. Every value is accepted.
- *   Aliasing     a source may be the destination itself; no other overlap, but where a family allows it.
+ *   Aliasing     a source may be the destination itself; no other overlap, but where a family allows it,
+ *                and none where it forbids it.
  *   NaN          a result that is NaN has the payload of one of its operands, or the default one: which, is not stated.
  *   Threads      every function is re-entrant on separate data. A specification of a transform may be shared by threads
  *                that give work buffers of their own; a filter's or generator's state serves one caller at a time.
  *   Environment  the caller's floating-point control word holds, unless a family says that it sets a direction for the
  *                call; then the word is as before on return. Sticky flags may be set.
+ *   C++20        zors.hpp has objects, operations on ranges, exceptions.
  *   Sections     one header each; include this one for all of them, or those that you call.
  */
 #ifndef ZORS_H

@@ -168,7 +168,7 @@ static inline const char* zorsStatusText(ZorStatus status) {
     case zorStatusBadMaskSize:
       return "the window is not shorter than the vector";
     case zorStatusBadWaveletFilter:
-      return "a wavelet filter length or offset is out of range";
+      return "a wavelet filter's offset is below -1";
     case zorStatusBadMagnitude:
       return "VectorJaehne: the magnitude is negative";
     case zorStatusBadAlpha:

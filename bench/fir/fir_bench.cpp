@@ -161,6 +161,55 @@ void forms() {
   }
 }
 
-const bench::Registration registration(fir), registrationOfForms(forms);
+// The stateless forms beside the state that they do without.
+template <class Tap, class T, class Make, class Direct, class Run>
+void directForm(const char* name, Make make, Direct direct, Run run) {
+  for (int tapsLen : {8, 16, 32, 63})
+    for (int len : {64, 1000}) {
+      auto* taps = bench::array<Tap>(tapsLen);
+      auto *x = bench::array<T>(len), *y = bench::array<T>(len), *dly = bench::array<T>(2 * tapsLen);
+      auto* index = bench::array<Zor32s>(1);
+      *index = 0;
+      ZorFIRState* state = nullptr;
+      make(&state, taps, tapsLen);
+      workload(std::string(name) + " " + std::to_string(tapsLen) + " taps", len)
+          .zors([=] { direct(x, y, len, taps, tapsLen, dly, index); })
+          .peer("state", [=] { run(x, y, len, state); });
+    }
+}
+void directForms() {
+#define FLOAT(DIRECT, INIT, RUN, Tap, T) \
+  directForm<Tap, T>(                    \
+      #DIRECT, [](auto** s, auto* t, int n) { INIT(s, t, n, nullptr); }, DIRECT, RUN);
+#define SCALED(DIRECT, INIT, RUN, Tap, T)                                                                       \
+  directForm<Tap, T>(                                                                                           \
+      #DIRECT, [](auto** s, auto* t, int n) { INIT(s, t, n, nullptr); },                                        \
+      [](auto* x, auto* y, int len, auto* t, int n, auto* dly, int* i) { DIRECT(x, y, len, t, n, dly, i, 0); }, \
+      [](auto* x, auto* y, int len, auto* s) { RUN(x, y, len, s, 0); });
+#define INTEGER(DIRECT, INIT, RUN, Tap, T)                                                                          \
+  directForm<Tap, T>(                                                                                               \
+      #DIRECT, [](auto** s, auto* t, int n) { INIT(s, t, n, -4, nullptr); },                                        \
+      [](auto* x, auto* y, int len, auto* t, int n, auto* dly, int* i) { DIRECT(x, y, len, t, n, -4, dly, i, 0); }, \
+      [](auto* x, auto* y, int len, auto* s) { RUN(x, y, len, s, 0); });
+  FLOAT(zorsFIR_Direct_32f, zorsFIRInitAlloc_32f, zorsFIR_32f, Zor32f, Zor32f)
+  FLOAT(zorsFIR_Direct_32fc, zorsFIRInitAlloc_32fc, zorsFIR_32fc, Zor32fc, Zor32fc)
+  FLOAT(zorsFIR_Direct_64f, zorsFIRInitAlloc_64f, zorsFIR_64f, Zor64f, Zor64f)
+  FLOAT(zorsFIR_Direct_64fc, zorsFIRInitAlloc_64fc, zorsFIR_64fc, Zor64fc, Zor64fc)
+  FLOAT(zorsFIR64f_Direct_32f, zorsFIRInitAlloc64f_32f, zorsFIR64f_32f, Zor64f, Zor32f)
+  FLOAT(zorsFIR64fc_Direct_32fc, zorsFIRInitAlloc64fc_32fc, zorsFIR64fc_32fc, Zor64fc, Zor32fc)
+  SCALED(zorsFIR32f_Direct_16s_Sfs, zorsFIRInitAlloc32f_16s, zorsFIR32f_16s_Sfs, Zor32f, Zor16s)
+  SCALED(zorsFIR32fc_Direct_16sc_Sfs, zorsFIRInitAlloc32fc_16sc, zorsFIR32fc_16sc_Sfs, Zor32fc, Zor16sc)
+  SCALED(zorsFIR64f_Direct_16s_Sfs, zorsFIRInitAlloc64f_16s, zorsFIR64f_16s_Sfs, Zor64f, Zor16s)
+  SCALED(zorsFIR64f_Direct_32s_Sfs, zorsFIRInitAlloc64f_32s, zorsFIR64f_32s_Sfs, Zor64f, Zor32s)
+  SCALED(zorsFIR64fc_Direct_16sc_Sfs, zorsFIRInitAlloc64fc_16sc, zorsFIR64fc_16sc_Sfs, Zor64fc, Zor16sc)
+  SCALED(zorsFIR64fc_Direct_32sc_Sfs, zorsFIRInitAlloc64fc_32sc, zorsFIR64fc_32sc_Sfs, Zor64fc, Zor32sc)
+  INTEGER(zorsFIR32s_Direct_16s_Sfs, zorsFIRInitAlloc32s_16s, zorsFIR32s_16s_Sfs, Zor32s, Zor16s)
+  INTEGER(zorsFIR32sc_Direct_16sc_Sfs, zorsFIRInitAlloc32sc_16sc, zorsFIR32sc_16sc_Sfs, Zor32sc, Zor16sc)
+#undef FLOAT
+#undef SCALED
+#undef INTEGER
+}
+
+const bench::Registration registration(fir), registrationOfForms(forms), registrationOfDirect(directForms);
 
 }  // namespace

@@ -39,7 +39,7 @@ ZorStatus zorsFIRLMS32f_16s(const Zor16s* src, const Zor16s* ref, Zor16s* dst, Z
 /** @name Least-mean-squares filters of one sample
  *  Without a state: src enters the doubled ring dly, of 2 * tapsLen samples, at *dlyIndex and *dlyIndex + tapsLen, and
  *  *dlyIndex advances. y = sum over k of taps[k] * w[k], where w is the newest tapsLen samples, oldest first: taps
- *  stand in the order of the window. *dst = y; taps[k] += 2 mu (ref - y) w[k]. 16s results round to nearest even.
+ *  stand in the order of the window. *dst = y; taps[k] += 2 mu (ref - y) w[k]. 16s results round to nearest even and saturate.
  *  DirectQ15: taps have 15 fractional bits; in binary64, y = sum * 2^-15, taps[k] += muQ15 (ref - y) w[k] / energy of w, to
  *  nearest even and saturated. Where the window is all zeros *dst and taps stay.
  *  Checks: pointers; tapsLen, zorStatusBadSize; *dlyIndex, zorStatusBadDelayIndex.

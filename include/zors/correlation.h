@@ -62,11 +62,13 @@ ZorStatus zorsCrossCorr_64fc(const Zor64fc* src1, Zor32s len1, const Zor64fc* sr
 
 /** @name Correlation in a caller's buffer
  *  The same sums, with nothing allocated. algType, bits 0 to 7, is the method: 0 by the thresholds above, 1 direct, 2 by
- *  transforms; bits 8 to 15 the normalisation: 0 none; 0x100 divided by srcLen, or by the shorter length of two;
- *  0x200 divided by the number of an output's products; other bits have no meaning. Anything else is
+ *  transforms; bits 8 to 15 the normalisation: 0 none; 0x100 times 1 / srcLen, or 1 / the shorter length of two,
+ *  rounded; 0x200 divided by the number of an output's products, cross-correlations with the shorter operand whole inside
+ *  the longer times 1 / its length, rounded; other bits have no meaning. Anything else is
  *  zorStatusBadAlgorithmType. GetBufferSize: the bytes of the buffer for a call with the same arguments, 64 for direct
  *  sums; dataType is 13 for 32f, 14 for 32fc, 19 for 64f, 20 for 64fc, any other zorStatusBadDataType and a size of 0. A
- *  size beyond 32 bits is zorStatusNoMemory. Checks: pointers, lengths, algType, dataType.
+ *  size beyond 32 bits is zorStatusNoMemory, an order of transforms beyond the kind's limit zorStatusBadOrder. Checks:
+ *  pointers, lengths, algType, dataType.
  *  @{ */
 ZorStatus zorsAutoCorrNormGetBufferSize(Zor32s srcLen, Zor32s dstLen, Zor32s dataType, Zor32s algType, Zor32s* size);
 ZorStatus zorsAutoCorrNorm_32f(const Zor32f* src, Zor32s srcLen, Zor32f* dst, Zor32s dstLen, Zor32s algType, Zor8u* buffer);

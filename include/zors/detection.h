@@ -13,14 +13,15 @@ extern "C" {
 /** @name Viterbi decoding of four-dimensional trellis codes
  *  One decoding step of a modem whose symbols are two consecutive points of a two-dimensional constellation: a
  *  measure of each point, a table of branch metrics, the step through the trellis, the path metrics brought down. The
- *  trellis has 16 or 32 states; other counts are computed alike. Only null pointers are refused; counts below 1 do
- *  nothing. What tables hold is trusted.
+ *  trellis has 16 or 32 states; other counts are computed alike. Only null pointers are refused. CalcStates and
+ *  UpdatePathMetrics do nothing for counts below 1; the others take every stateCount but 16 for 32. What tables hold is
+ *  trusted.
  *
  *  GetVarPoint: the constellation is a grid with spacing 256 whose coordinates are 128 modulo 256, its labels repeat
  *  every four points. nearest receives the grid point at or below the received one. Of the labels around it
- *  variance[label] receives the squared distance over 16 in the low 16 bits, the number of the neighbour in the high
+ *  variance[label] receives the squared distance, the square of each coordinate over 16 and cut, in the low 16 bits, the number of the neighbour in the high
  *  ones: neighbours 0 to 3 are the corners of the cell; but for 16 states, four more labels take the nearer of two points
- *  farther out, 4 to 7 and 8 to 11. labels[4 * row + column] is taken modulo 4 (16 states) or 8.
+ *  farther out, 4 to 7 and 8 to 11, in a tie of the latter. labels[4 * row + column] is taken modulo 4 (16 states) or 8.
  *
  *  BuildSymblTable: variance holds the measures of two points, 8 words each. Entry e of table, of 32 (for 16 states of
  *  16): x = e ^ bitInversion, p = x >> 2 modulo 16, q = (x + p) mod 4, and of variance[p] + variance[q + 8] and
@@ -28,7 +29,7 @@ extern "C" {
  *  neighbours, the first point's in the low byte, im the metric.
  *
  *  CalcStates: for states s in order, for branches k from 0 to 15, with target t = nextState[16 * s + k] and the entry
- *  2 * k + (s mod 2) of table: where pathError[s] + im is below newPathError[t], it replaces it, and
+ *  2 * k + (s mod 2) of table: where pathError[s] + im, both unsigned, is below newPathError[t], it replaces it, and
  *  survivors[survivorOffset + t] = re | s << 16. The caller sets newPathError high before.
  *
  *  UpdatePathMetrics: *minPathError is the least of branchError, *minState the first state that has it,

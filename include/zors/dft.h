@@ -27,14 +27,15 @@ typedef struct ZorsDFTSpec_R_16s ZorsDFTSpec_R_16s;
  *  of radices where all prime factors are at most 50 (the last one of a length divisible by 4: 150); direct sums up to
  *  50; chirp convolutions. Real kinds of even N above 16 choose by N / 2.
  *  GetSize   writes the bytes of the specification block, of the buffer that Init needs (0: none) and of the work buffer.
- *            Checks: pointers; len; flag (zorStatusBadFlag); len above 0x7FFFFFF, or above 0x3FFFFFF where only a chirp
- *            serves (zorStatusBadSize); an order that fft.h refuses (zorStatusBadOrder); sizes beyond 32 bits
+ *            Checks: pointers; len; flag (zorStatusBadFlag); len that is no power of two above 0x7FFFFFF, or above 0x3FFFFFF
+ *            where only a chirp serves (zorStatusBadSize); an order that fft.h refuses (zorStatusBadOrder); sizes beyond 32 bits
  *            (zorStatusNoMemory). Outputs are written on success alone.
  *  Init      builds the specification inside specBlock, of any alignment. It is not returned: pass specBlock wherever a
  *            specification is wanted, functions round the pointer up by themselves. Checks: specBlock, len; then as
  *            GetSize; initBuffer where its size is not 0. A bad flag leaves the tag set, the block is unusable.
  *  InitAlloc allocates and builds; statuses as GetSize; *specOut is written on success alone.
- *  Free      releases what InitAlloc allocated.
+ *  Free      releases what InitAlloc allocated; specifications that Init built are not passed to it.
+ *  hint      goes to the transforms of fft.h where they serve, and has no meaning else.
  *  GetBufSize writes the bytes of the work buffer, of any alignment, that transforms need; 0: none.
  *  Numerics: roots of unity by direct evaluation of an eighth of the turn in binary64, the rest by symmetry, rounded once.
  *  @{ */
@@ -181,7 +182,8 @@ ZorStatus zorsDFTOutOrdInv_CToC_64fc(const Zor64fc* src, Zor64fc* dst, const Zor
  *  Methods: N = 1, 2, 4, 8 straight lines; other powers of two by a real transform of N; below 36 (64f: 46) sums; others
  *  by a chirp in the next power of two from 2 M - 1 on, M = N, or N / 2 where N is even.
  *  GetSize, Init, InitAlloc: len (zorStatusBadSize), pointers, then len above the limits: powers of two 0xFFFFFFF (64f:
- *  0x7FFFFFF), others 0x1FFFFFF (0xFFFFFF), which Init alone takes up to 0x3FFFFFF (0x1FFFFFF). Init writes the aligned
+ *  0x7FFFFFF), others 0x1FFFFFF (0xFFFFFF), which Init alone takes up to 0x3FFFFFF (0x1FFFFFF) where
+ *  the specification stays below 2^31 bytes, else zorStatusNoMemory; Init's buffer where its size is not 0. Init writes the aligned
  *  specification to specOut; a failing one writes nothing. Free invalidates, and releases what InitAlloc allocated.
  *  GetBufSize adds 64 for aligning; 0: none.
  *  Checks of transforms: all pointers but buffer, then the kind, memory.

@@ -168,7 +168,7 @@ ZorStatus zorsRandGauss_Direct_64f(Zor64f* dst, Zor32s len, Zor64f mean, Zor64f 
  *  Checks: dst; len; magn below 0, zorStatusBadMagnitude.
  *  Numerics: the argument is round(round(1.5707963267948966 / len) * n^2), the product with magn is rounded once, in
  *  binary64. 32f is narrowed; integers are cut toward zero, and unsigned ones keep the low bits of a negative product.
- *  The sine of 64f is within 1.6 ulp; the other types have the bits that the C library's sine gives.
+ *  The sine of 64f is within 1.7 ulp; the other types have the bits that the C library's sine gives.
  *  @{ */
 ZorStatus zorsVectorJaehne_8u(Zor8u* dst, Zor32s len, Zor8u magn);
 ZorStatus zorsVectorJaehne_8s(Zor8s* dst, Zor32s len, Zor8s magn);

@@ -25,9 +25,11 @@ typedef struct ZorIIRState ZorIIRState;
  *  section, in the type of the arithmetic: after y = b[0] x + d[0], d[i] = d[i+1] + b[i+1] x - a[i+1] y. The DF1 kinds
  *  are sections in the first direct form, y = b0 x + b1 x1 + b2 x2 - a1 y1 - a2 y2, with registers x1, x2, y1, y2 a
  *  section; those of 64f_DF1_32s are integers for the caller and doubles inside, rounded by GetDlyLine only, to
- *  nearest, ties to even, saturated. SetDlyLine with a null dly sets zeros.
+ *  nearest, ties to even, saturated. SetDlyLine with a null dly sets zeros. States of BiQuad_DF1_32f go to all functions
+ *  of 32f; those of 64f_BiQuad_DF1_32s to all of 64f_32s but GetDlyLine64f_32s and SetDlyLine64f_32s, whose place the
+ *  DF1 pair takes, which refuses other states.
  *  Checks: pointers; then order or numBq below 1, zorStatusBadFilterOrder, or the state's tag; zorStatusNoMemory, of
- *  InitAlloc and where integer taps need an array of the call; zorStatusDivideByZero where an a0 is zero, or in a
+ *  InitAlloc, of a size beyond 32 bits, and where integer taps need an array of the call; zorStatusDivideByZero where an a0 is zero, or in a
  *  cascade a b0, but in BiQuad_DF1_32f. None of these writes anything; Init of integer taps allocates, no other does.
  *  @{ */
 ZorStatus zorsIIRGetStateSize_32f(Zor32s order, Zor32s* size);
@@ -232,7 +234,8 @@ ZorStatus zorsIIRSetDlyLine64fc_32sc(ZorIIRState* state, const Zor64fc* dly);
  *  binary32 arithmetic cut the first two results of each 1,024 samples toward zero, where a block, or what is left of
  *  it, is longer than four samples a section. src may be dst.
  *  Numerics: sums in the arithmetic's type in the current direction, in an order that is not stated: blocks solve
- *  several outputs at once and differ from single samples by roundings. An infinity or NaN touches no output before it.
+ *  several outputs at once and differ from single samples by roundings. An infinity or NaN
+ *  touches outputs before it by roundings alone, and every later one of the float forms.
  *  Checks: pointers, len, tag. No call allocates.
  *  @{ */
 ZorStatus zorsIIR_32f(const Zor32f* src, Zor32f* dst, Zor32s len, ZorIIRState* state);

@@ -15,7 +15,8 @@ extern "C" {
  *  SampleDown: dst[k] = src[*phase + k * factor] as far as src goes; *dstLen is their number, and *phase becomes the
  *  first index not taken less srcLen, so that the next block of the stream goes on. A *phase from srcLen on takes
  *  nothing and shrinks by srcLen. A factor of 1 copies. Samples move bit for bit. Checks: pointers; srcLen; factor below
- *  1, zorStatusBadSampleFactor; *phase outside 0 to factor - 1, zorStatusBadPhase.
+ *  1, zorStatusBadSampleFactor; *phase outside 0 to factor - 1, zorStatusBadPhase; of SampleUp a *dstLen beyond 32 bits,
+ *  zorStatusNoMemory.
  *  @{ */
 ZorStatus zorsSampleUp_16s(const Zor16s* src, Zor32s srcLen, Zor16s* dst, Zor32s* dstLen, Zor32s factor, Zor32s* phase);
 ZorStatus zorsSampleUp_16sc(const Zor16sc* src, Zor32s srcLen, Zor16sc* dst, Zor32s* dstLen, Zor32s factor, Zor32s* phase);
@@ -43,8 +44,8 @@ typedef struct ZorResampleFixedState ZorResampleFixedState;
  *  A run gives outputs at *time, *time + 1/factor, ... below trunc(*time) + len, in units of input samples from src[0];
  *  below a factor of 1 the response is stretched by 1/factor. norm multiplies every output. *outLen is their number,
  *  *time the place of the next one; a caller who moves on by n samples subtracts n. src must be readable from
- *  trunc(*time) - H to trunc(*time) + len - 1 + H with H = ceil(L / nStep), L = trunc(window / 2 * nStep) + 1, divided by
- *  the factor where that is below 1. A state is only read: threads may share it.
+ *  trunc(*time) - H to trunc(*time) + len - 1 + H with H = ceil(L / (nStep * min(1, factor))), L = trunc(window / 2 *
+ *  nStep) + 1. A *time of 2^31 - 1 or more, or not finite, gives no output. A state is only read: threads may share it.
  *  16s results saturate and round to nearest, with hint 2 halves away from zero, else to even.
  *  Checks: GetSize, Init: pointers; nStep, zorStatusBadSize; window below 2/nStep or a table above 0xFFFFFFE, rollf, alpha,
  *  zorStatusBadArgument. Runs: pointers; factor not above 0 or not finite, len, zorStatusBadSize. A size above 32 bits:
@@ -62,10 +63,13 @@ ZorStatus zorsResamplePolyphase_16s(const Zor16s* src, Zor32s len, Zor16s* dst, 
  *  The same for outRate/inRate, which are divided by their common factors, with one row of taps for each of the outRate
  *  places that an output can have behind an input sample, and no interpolation. len is the number of taps, rounded up to a
  *  multiple of 4, lenOut; height the number of rows. Row p > 0 weighs the lenOut samples around a place p/outRate behind
- *  sample i, from i + 1 - lenOut/2 on; row 0 the lenOut + 1 samples around sample i. The rows of Init all have a gain of 1.
+ *  sample i, from i + 1 - lenOut/2 on; row 0 the lenOut + 1 samples around sample i. The rows of Init all
+ *  have the same sum, 1, or inRate/outRate where that is above 1: a run multiplies by norm and by min(1, outRate/inRate),
+ *  rows of SetFixedFilter too.
  *  A run starts at the place nearest to *time, keeps the difference, and otherwise follows the runs above, with
  *  H = lenOut/2; 16s results round to nearest even.
- *  GetFixedFilter and SetFixedFilter move rows of min(lenOut + 4, step) taps, step apart in filter; taps behind a row's own
+ *  GetFixedFilter and SetFixedFilter move rows of min(lenOut + 4, step) taps, step apart in filter, and ignore a height above the number of
+ *  rows; taps behind a row's own
  *  weigh nothing. 16s: taps as 16-bit integers, of which the largest of Init is 16,383; with hint 2 the state keeps float
  *  taps, and setting what was got leaves them as they are.
  *  Checks: GetSize, Init: pointers; inRate, outRate, len, zorStatusBadSize; rollf, alpha, and a size above 0x7FFFFFFE,

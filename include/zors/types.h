@@ -71,7 +71,7 @@ enum {
   zorStatusBadPhase = -31,               /* SampleUp, SampleDown: the phase is out of range */
   zorStatusBadShift = -32,               /* the shift count is negative */
   zorStatusBadMaskSize = -33,            /* the window is not shorter than the vector */
-  zorStatusBadWaveletFilter = -35,       /* a wavelet filter length or offset is out of range */
+  zorStatusBadWaveletFilter = -35,       /* a wavelet filter's offset is below -1 */
   zorStatusBadMagnitude = -38,           /* VectorJaehne: the magnitude is negative */
   zorStatusBadAlpha = -39,               /* WinKaiser: alpha is out of range */
   zorStatusBadTriangleAsym = -40,        /* the asymmetry is outside [-pi, pi) */

@@ -34,7 +34,7 @@ ZorStatus zorsWTHaarFwd_64s_Sfs(const Zor64s* src, Zor32s len, Zor64s* dstLow, Z
 
 /** @name WTHaarInv
  *  The way back: srcLow - srcHigh and srcLow + srcHigh, one pair of dst after the other. len counts the samples of dst; the
- *  last sample of an odd len is the last value of srcLow.
+ *  last sample of an odd len is the last value of srcLow. dst overlaps no source.
  *  Numerics: floats one rounding, current. Integers: exact over 2^scaleFactor, to nearest, ties to even, saturated.
  *  @{ */
 ZorStatus zorsWTHaarInv_8s(const Zor8s* srcLow, const Zor8s* srcHigh, Zor8s* dst, Zor32s len);

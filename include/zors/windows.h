@@ -121,7 +121,7 @@ ZorStatus zorsWinBlackmanQ15_16s_ISfs(Zor16s* srcDst, Zor32s len, Zor32s alphaQ1
  *  w[n] = I0(alpha * sqrt(n * (N - 1 - n))) / I0(alpha * (N - 1) / 2), the same for -alpha. N from 1 on; one element is
  *  copied. |alpha| * (N - 1) / 2 above 38 (32f, 32fc) or 308 (the others) is zorStatusBadAlpha. Q15: alpha = alphaQ15 *
  *  2^-15 in binary64.
- *  Numerics: I0 by polynomials, for 64f and 64fc to 6e-6, for the others by Abramowitz and Stegun 9.8.1, 9.8.2, to 2e-7;
+ *  Numerics: I0 by polynomials, for 64f and 64fc to 6e-6, for the others by Abramowitz and Stegun 9.8.1, 9.8.2, to 5e-7;
  *  evaluated in the type of the elements, for 16-bit elements in binary64.
  *  @{ */
 ZorStatus zorsWinKaiser_16s(const Zor16s* src, Zor16s* dst, Zor32s len, Zor32f alpha);

@@ -71,6 +71,9 @@ template <class P> ZORS_INLINE P all(typename P::Value x) {
 template <class P> ZORS_INLINE P both(typename P::Value re, typename P::Value im) {  // (re, im) in all places
   ZORS_PICK(P, _mm256_setr_ps(re, im, re, im, re, im, re, im), _mm_setr_ps(re, im, re, im), _mm256_setr_pd(re, im, re, im), _mm_setr_pd(re, im))
 }
+template <class P> ZORS_INLINE P repeated(Pairs<typename P::Value, 1> x) {  // one number in all places
+  ZORS_PICK(P, _mm256_castpd_ps(_mm256_broadcastsd_pd(_mm_castps_pd(x.r))), _mm_castpd_ps(_mm_movedup_pd(_mm_castps_pd(x.r))), _mm256_set_m128d(x.r, x.r), x.r)
+}
 // clang-format on
 #undef ZORS_PICK
 
@@ -157,12 +160,17 @@ template <class T, int n> ZORS_INLINE Pairs<T, n> reversed(Pairs<T, n> x) {
 }
 
 // Number i of each of the vectors x[0], ... x[rows - 1], which are the columns of a matrix, goes to to[i], to[i] + 1,
-// ...
+// ..., in whole vectors as far as there are rows: the next pass loads such, and would wait for halves.
 template <class T, int n> ZORS_INLINE void storeTransposed(const Pairs<T, n>* x, int rows, T* const* to) {
   if constexpr (n == 1) {
     for (int q = 0; q < rows; ++q) storePairs(to[0] + 2 * q, x[q]);
   } else if constexpr (sizeof(T) == 8) {
-    for (int q = 0; q < rows; ++q) {
+    int q = 0;
+    for (; q + 1 < rows; q += 2) {
+      _mm256_storeu_pd(to[0] + 2 * q, _mm256_permute2f128_pd(x[q].r, x[q + 1].r, 0x20));
+      _mm256_storeu_pd(to[1] + 2 * q, _mm256_permute2f128_pd(x[q].r, x[q + 1].r, 0x31));
+    }
+    if (q < rows) {
       _mm_storeu_pd(to[0] + 2 * q, _mm256_castpd256_pd128(x[q].r));
       _mm_storeu_pd(to[1] + 2 * q, _mm256_extractf128_pd(x[q].r, 1));
     }
@@ -171,6 +179,16 @@ template <class T, int n> ZORS_INLINE void storeTransposed(const Pairs<T, n>* x,
     const auto second = [](T* p, __m128 high) ZORS_INLINE_LAMBDA { _mm_storeh_pi(reinterpret_cast<__m64*>(p), high); };
     int q = 0;
     if constexpr (n == 4) {
+      for (; q + 3 < rows; q += 4) {
+        const auto column = [&](int i) ZORS_INLINE_LAMBDA { return _mm256_castps_pd(x[q + i].r); };
+        const auto whole = [](T* p, __m256d v) ZORS_INLINE_LAMBDA { _mm256_storeu_ps(p, _mm256_castpd_ps(v)); };
+        const __m256d even = _mm256_unpacklo_pd(column(0), column(1)), odd = _mm256_unpackhi_pd(column(0), column(1)),
+                      even2 = _mm256_unpacklo_pd(column(2), column(3)), odd2 = _mm256_unpackhi_pd(column(2), column(3));
+        whole(to[0] + 2 * q, _mm256_permute2f128_pd(even, even2, 0x20));
+        whole(to[1] + 2 * q, _mm256_permute2f128_pd(odd, odd2, 0x20));
+        whole(to[2] + 2 * q, _mm256_permute2f128_pd(even, even2, 0x31));
+        whole(to[3] + 2 * q, _mm256_permute2f128_pd(odd, odd2, 0x31));
+      }
       for (; q + 1 < rows; q += 2) {
         const __m256d a = _mm256_castps_pd(x[q].r), b = _mm256_castps_pd(x[q + 1].r);
         const __m256 even = _mm256_castpd_ps(_mm256_unpacklo_pd(a, b)),
@@ -192,6 +210,34 @@ template <class T, int n> ZORS_INLINE void storeTransposed(const Pairs<T, n>* x,
         single(to[0] + 2 * q, x[q].r);
         second(to[1] + 2 * q, x[q].r);
       }
+    }
+  }
+}
+
+// The way back: number i of x[q] from place q of from[i].
+template <class T, int n> ZORS_INLINE void loadTransposed(Pairs<T, n>* x, int rows, const T* const* from) {
+  if constexpr (n == 1) {
+    for (int q = 0; q < rows; ++q) x[q] = loadPairs<1>(from[0] + 2 * q);
+  } else if constexpr (sizeof(T) == 8) {
+    for (int q = 0; q < rows; ++q)
+      x[q] = {_mm256_set_m128d(_mm_loadu_pd(from[1] + 2 * q), _mm_loadu_pd(from[0] + 2 * q))};
+  } else {
+    const auto two = [](const T* low, const T* high) ZORS_INLINE_LAMBDA {
+      return _mm_loadh_pi(loadPairs<1>(low).r, reinterpret_cast<const __m64*>(high));
+    };
+    int q = 0;
+    if constexpr (n == 4) {
+      for (; q + 1 < rows; q += 2) {
+        const auto row = [&](int i) ZORS_INLINE_LAMBDA { return _mm_loadu_ps(from[i] + 2 * q); };
+        const __m256d even = _mm256_castps_pd(_mm256_set_m128(row(2), row(0))),
+                      odd = _mm256_castps_pd(_mm256_set_m128(row(3), row(1)));
+        x[q] = {_mm256_castpd_ps(_mm256_unpacklo_pd(even, odd))};
+        x[q + 1] = {_mm256_castpd_ps(_mm256_unpackhi_pd(even, odd))};
+      }
+      if (q < rows)
+        x[q] = {_mm256_set_m128(two(from[2] + 2 * q, from[3] + 2 * q), two(from[0] + 2 * q, from[1] + 2 * q))};
+    } else {
+      for (; q < rows; ++q) x[q] = {two(from[0] + 2 * q, from[1] + 2 * q)};
     }
   }
 }

@@ -3,6 +3,8 @@
 // exchanging the parts of all numbers does the same.
 #pragma once
 
+#include <algorithm>
+
 #include "dft/complex_pairs.h"
 
 namespace zors::dft {
@@ -59,11 +61,11 @@ template <class T> struct PermSource {
 
 template <class T> struct InterleavedTarget {
   T* points;
-  T reFactor, imFactor;
+  Pairs<T, 1> factors;  // in one register: parts stored one by one would stall the load of both
   InterleavedTarget(T* p, T factor, Sign change)
-      : points(p), reFactor(factor), imFactor(change == Sign::changed ? -factor : factor) {}
+      : points(p), factors(both<Pairs<T, 1>>(factor, change == Sign::changed ? -factor : factor)) {}
   template <int n> ZORS_INLINE void store(std::size_t k, Pairs<T, n> x) const {
-    storePairs(points + 2 * k, x * both<Pairs<T, n>>(reFactor, imFactor));
+    storePairs(points + 2 * k, x * repeated<Pairs<T, n>>(factors));
   }
 };
 template <class T> struct SplitTarget {
@@ -121,6 +123,18 @@ template <class T, class Run> ZORS_INLINE void overColumns(std::size_t count, Ru
     }
   }
   if (k < count) run.template operator()<1>(k);
+}
+
+// The same for passes that do not overwrite what they read: the last full vector reaches back where columns are short.
+template <class T, class Run> ZORS_INLINE void overColumnsApart(std::size_t count, Run run) {
+  constexpr std::size_t full = fullPairs<T>;
+  if (count < full) return overColumns<T>(count, run);
+  for (std::size_t k = 0; k < count; k += full) run.template operator()<full>(std::min(k, count - full));
+}
+
+// run.operator()<n>() where value is n, one of the values; whether it is.
+template <int... values, class Run> ZORS_INLINE bool withConstant(Zor32s value, Run run) {
+  return ((value == values && (run.template operator()<values>(), true)) || ...);
 }
 
 }  // namespace zors::dft

@@ -2,6 +2,10 @@
 // them, block by block while a block stays in the first-level cache.
 #pragma once
 
+#include <algorithm>
+#include <iterator>
+#include <type_traits>
+
 #include "dft/dft_arrays.h"
 #include "dft/dft_butterfly.h"
 #include "dft/dft_generic.h"
@@ -15,35 +19,54 @@ namespace zors::dft {
 template <class T> class LeafPlaces {
  public:
   explicit LeafPlaces(const Engine<T>& engine) : engine_(engine) {}
-  ZORS_INLINE std::size_t next() {
-    const std::size_t place = place_;
-    for (int i = 0; i < engine_.stages; ++i) {
-      const auto& stage = engine_.stage[i];
-      place_ += static_cast<std::size_t>(stage.rest);
-      if (++digit_[i] < stage.radix) break;
-      place_ -= static_cast<std::size_t>(stage.rest) * static_cast<std::size_t>(stage.radix);
-      digit_[i] = 0;
+  // The places of the next leaves.
+  void fill(Zor32u* places, std::size_t count) {
+    const auto top = engine_.stage[0];
+    for (std::size_t k = 0; k < count; ++k) {
+      places[k] = place_;
+      place_ += static_cast<Zor32u>(top.rest);
+      if (++digit_[0] == top.radix) carry();
     }
-    return place;
   }
 
  private:
+  void carry() {
+    for (int i = 0; digit_[i] == engine_.stage[i].radix; ++i) {
+      digit_[i] = 0;
+      place_ -= static_cast<Zor32u>(blockOf(engine_.stage[i]));
+      if (i + 1 == engine_.stages) return;
+      ++digit_[i + 1];
+      place_ += static_cast<Zor32u>(engine_.stage[i + 1].rest);
+    }
+  }
+
   const Engine<T>& engine_;
-  std::size_t place_ = 0;
+  Zor32u place_ = 0;
   Zor32s digit_[Factors::capacity] = {};
 };
 
+// Places come from the table of a chain of one block; those of more are counted some at a time.
 template <class T, class Transform, class Source>
 ZORS_INLINE void forLeaves(const Engine<T>& engine, Source src, T* to, Transform transform) {
-  const std::size_t leaves = static_cast<std::size_t>(engine.points / engine.leaf);
-  LeafPlaces<T> places(engine);
-  overColumns<T>(leaves, [&]<int n>(std::size_t first) ZORS_INLINE_LAMBDA {
-    T* place[n];
-    for (int i = 0; i < n; ++i) place[i] = to + 2 * places.next();
-    transform.template operator()<n>(
-        [&](int q) ZORS_INLINE_LAMBDA { return src.template load<n>(first + leaves * static_cast<std::size_t>(q)); },
-        place);
-  });
+  const auto leaves = static_cast<std::size_t>(engine.leaves);
+  LeafPlaces<T> counter(engine);
+  Zor32u counted[128];
+  for (std::size_t from = 0, count = leaves; from < leaves; from += count) {
+    const Zor32u* places = engine.places;
+    if (places == nullptr) {
+      count = std::min(std::size(counted), leaves - from);
+      counter.fill(counted, count);
+      places = counted;
+    }
+    overColumnsApart<T>(count, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
+      T* place[n];
+      for (std::size_t i = 0; i < n; ++i) place[i] = to + 2 * std::size_t{places[k + i]};
+      transform.template operator()<n>(
+          [&](int q)
+              ZORS_INLINE_LAMBDA { return src.template load<n>(from + k + leaves * static_cast<std::size_t>(q)); },
+          place);
+    });
+  }
 }
 template <int leaf, class T, class Source> [[gnu::flatten]] void leafPass(const Engine<T>& engine, Source src, T* to) {
   forLeaves(engine, src, to, [&]<int n>(auto load, T* const(&place)[n]) ZORS_INLINE_LAMBDA {
@@ -63,37 +86,22 @@ template <class T, class Source> [[gnu::flatten]] void genericLeafPass(const Eng
   });
 }
 template <class T, class Source> void leaves(const Engine<T>& engine, Source src, T* to) {
-  if constexpr (!requires { Source::oddAlone; }) {
-    if (engine.leaf == 2) return leafPass<2>(engine, src, to);
-    if (engine.leaf == 4) return leafPass<4>(engine, src, to);
-    if (engine.leaf == 6) return leafPass<6>(engine, src, to);
-    if (engine.leaf == 8) return leafPass<8>(engine, src, to);
-    if (engine.leaf == 16) return leafPass<16>(engine, src, to);
-  }
-  switch (engine.leaf) {
-    case 3:
-      return leafPass<3>(engine, src, to);
-    case 5:
-      return leafPass<5>(engine, src, to);
-    case 7:
-      return leafPass<7>(engine, src, to);
-    case 11:
-      return leafPass<11>(engine, src, to);
-    case 13:
-      return leafPass<13>(engine, src, to);
-    default:
-      return genericLeafPass(engine, src, to);
-  }
+  const auto kernel = [&]<int leaf>() { leafPass<leaf>(engine, src, to); };
+  if constexpr (!requires { Source::oddAlone; })
+    if (withConstant<2, 4, 6, 8, 16>(engine.leaf, kernel)) return;
+  if (!withConstant<3, 5, 7, 11, 13>(engine.leaf, kernel)) genericLeafPass(engine, src, to);
 }
 
 // ---- Stages -------------------------------------------------------------------------------------
 
-// Columns of `blocks` blocks from `from` on; out gets block after block.
-template <int radix, class T, class Target>
+// Columns of `blocks` blocks from `from` on; out gets block after block. columns: the stage's rest, where it is known
+// to be so short that a loop over it would cost more than its work.
+template <int radix, int columns, class T, class Target>
 [[gnu::flatten]] void stagePass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
-  const auto rest = static_cast<std::size_t>(stage.rest);
+  const auto rest = static_cast<std::size_t>(columns > 0 ? columns : stage.rest);
+  const T* const twiddles = stage.twiddles;
   for (std::size_t at = 0; at < blocks * radix * rest; at += radix * rest) {
-    const T* w = stage.twiddles;
+    const T* w = twiddles;
     overColumns<T>(rest, [&]<int n>(std::size_t k) ZORS_INLINE_LAMBDA {
       Pairs<T, n> x[radix];
       x[0] = loadPairs<n>(from + 2 * (at + k));
@@ -122,29 +130,18 @@ template <class T, class Target>
   }
 }
 template <class T, class Target> void pass(const Stage<T>& stage, const T* from, std::size_t blocks, Target out) {
-  if constexpr (!requires { Target::oddAlone; }) {
-    if (stage.radix == 2) return stagePass<2>(stage, from, blocks, out);
-    if (stage.radix == 4) return stagePass<4>(stage, from, blocks, out);
-  }
-  switch (stage.radix) {
-    case 3:
-      return stagePass<3>(stage, from, blocks, out);
-    case 5:
-      return stagePass<5>(stage, from, blocks, out);
-    case 7:
-      return stagePass<7>(stage, from, blocks, out);
-    case 11:
-      return stagePass<11>(stage, from, blocks, out);
-    case 13:
-      return stagePass<13>(stage, from, blocks, out);
-    default:
-      return genericStagePass(stage, from, blocks, out);
-  }
+  const auto kernel = [&]<int radix>() {
+    if constexpr (radix <= 5 && std::is_same_v<Target, WorkTarget<T>>)
+      if (withConstant<2, 4, 6, 8, 16>(stage.rest,
+                                       [&]<int columns>() { stagePass<radix, columns>(stage, from, blocks, out); }))
+        return;
+    stagePass<radix, 0>(stage, from, blocks, out);
+  };
+  if constexpr (!requires { Target::oddAlone; })
+    if (withConstant<4>(stage.radix, kernel)) return;
+  if (!withConstant<3, 5, 7, 11, 13>(stage.radix, kernel)) genericStagePass(stage, from, blocks, out);
 }
 
-template <class T> std::size_t blockOf(const Stage<T>& stage) {
-  return static_cast<std::size_t>(stage.radix) * static_cast<std::size_t>(stage.rest);
-}
 // All stages from `first` to the last on one block of stage `first`, deepest first.
 template <class T> void joinBlock(const Engine<T>& engine, int first, T* block) {
   if (first == engine.stages) return;

@@ -91,25 +91,103 @@ template <class T>
     });
   }
 }
-template <class T> void part(const Stage<T>& stage, const T* src, std::size_t blocks, T* dst) {
-  switch (stage.radix) {
-    case 2:
-      return partPass<2>(stage, src, blocks, dst);
-    case 3:
-      return partPass<3>(stage, src, blocks, dst);
-    case 4:
-      return partPass<4>(stage, src, blocks, dst);
-    case 5:
-      return partPass<5>(stage, src, blocks, dst);
-    case 7:
-      return partPass<7>(stage, src, blocks, dst);
-    case 11:
-      return partPass<11>(stage, src, blocks, dst);
-    case 13:
-      return partPass<13>(stage, src, blocks, dst);
-    default:
-      return genericPartPass(stage, src, blocks, dst);
+// The deepest pass: blocks of radix points, which need no turns; lanes are blocks.
+template <int radix, class T> [[gnu::flatten]] void unitPass(const T* src, Sign change, std::size_t blocks, T* dst) {
+  const T sign = change == Sign::changed ? T(-0.0) : T(0.0);
+  overColumns<T>(blocks, [&]<int n>(std::size_t b) ZORS_INLINE_LAMBDA {
+    const T* from[n];
+    T* to[n];
+    for (std::size_t i = 0; i < n; ++i) {
+      from[i] = src + 2 * radix * (b + i);
+      to[i] = dst + 2 * radix * (b + i);
+    }
+    Pairs<T, n> x[radix];
+    loadTransposed(x, radix, from);
+    simd::unrolled<radix>([&](auto q) ZORS_INLINE_LAMBDA { x[q] = signsOf(x[q], both<Pairs<T, n>>(0, sign)); });
+    butterfly<radix>(x);
+    storeTransposed(x, radix, to);
+  });
+}
+template <class T> void genericUnitPass(const Stage<T>& stage, const T* src, Sign change, std::size_t blocks, T* dst) {
+  const InterleavedSource<T> source(src, change);
+  const auto radix = static_cast<std::size_t>(stage.radix);
+  for (std::size_t at = 0; at < blocks * radix; at += radix) {
+    Pairs<T, 1> x[largestGeneric][1];
+    for (std::size_t q = 0; q < radix; ++q) x[q][0] = source.template load<1>(at + q);
+    genericButterfly<1>(stage.radix, stage.roots, x);
+    for (std::size_t q = 0; q < radix; ++q) storePairs(dst + 2 * (at + q), x[q][0]);
   }
+}
+template <class T> void unit(const Stage<T>& stage, const T* src, Sign change, std::size_t blocks, T* dst) {
+  const auto kernel = [&]<int radix>() { unitPass<radix>(src, change, blocks, dst); };
+  if (!withConstant<2, 3, 4, 5, 7, 11, 13>(stage.radix, kernel)) genericUnitPass(stage, src, change, blocks, dst);
+}
+// The two deepest passes at once, of radix 4 over 2 or 4: the same steps on blocks that stay in registers. Inverse: on
+// conjugates.
+template <int radix, bool inverse, class T>
+[[gnu::flatten]] void unitPairPass(const Stage<T>& wide, const T* src, std::size_t blocks, T* dst) {
+  constexpr int points = 4 * radix, group = std::min(radix, fullPairs<T>);
+  overColumns<T>(blocks, [&]<int n>(std::size_t b) ZORS_INLINE_LAMBDA {
+    using P = Pairs<T, n>;
+    const T* from[n];
+    T* to[n];
+    for (std::size_t i = 0; i < n; ++i) {
+      from[i] = src + 2 * points * (b + i);
+      to[i] = dst + 2 * points * (b + i);
+    }
+    P x[points];
+    loadTransposed(x, points, from);
+    const auto turn = [&](P v, int j, int k) ZORS_INLINE_LAMBDA {
+      const T* const w = wide.twiddles + 2 * (group * (3 * (k / group) + j - 1) + k % group);
+      return turned(both<P>(w[0], w[1]), v);
+    };
+    const auto across = [&]() ZORS_INLINE_LAMBDA {
+      simd::unrolled<radix>([&](auto k) ZORS_INLINE_LAMBDA {
+        P y[] = {x[k], x[k + radix], x[k + 2 * radix], x[k + 3 * radix]};
+        if (inverse) simd::unrolled<3>([&](auto i) ZORS_INLINE_LAMBDA { y[i + 1] = turn(y[i + 1], i + 1, k); });
+        butterfly<4>(y);
+        x[k] = y[0];
+        simd::unrolled<3>(
+            [&](auto i) ZORS_INLINE_LAMBDA { x[k + (i + 1) * radix] = inverse ? y[i + 1] : turn(y[i + 1], i + 1, k); });
+      });
+    };
+    const auto within = [&]() ZORS_INLINE_LAMBDA {
+      simd::unrolled<4>([&](auto q) ZORS_INLINE_LAMBDA {
+        P y[radix];
+        simd::unrolled<radix>([&](auto k) ZORS_INLINE_LAMBDA { y[k] = x[q * radix + k]; });
+        butterfly<radix>(y);
+        simd::unrolled<radix>([&](auto k) ZORS_INLINE_LAMBDA { x[q * radix + k] = y[k]; });
+      });
+    };
+    if constexpr (inverse) {
+      simd::unrolled<points>([&](auto i) ZORS_INLINE_LAMBDA { x[i] = conjugate(x[i]); });
+      within();
+      across();
+    } else {
+      across();
+      within();
+    }
+    storeTransposed(x, points, to);
+  });
+}
+// Of so many passes at hand, the deepest that run as one.
+template <class T> int passesInUnits(const Stage<T>* stages, int count) {
+  return count > 1 && stages[1].radix == 4 && (stages[0].radix == 2 || stages[0].radix == 4) ? 2 : 1;
+}
+template <bool inverse, class T>
+void units(const Stage<T>* stages, int count, const T* src, std::size_t points, T* dst) {
+  const auto pair = [&]<int radix>() {
+    unitPairPass<radix, inverse>(stages[1], src, points / blockOf(stages[1]), dst);
+  };
+  if (passesInUnits(stages, count) == 2)
+    withConstant<2, 4>(stages[0].radix, pair);
+  else
+    unit(stages[0], src, inverse ? Sign::changed : Sign::kept, points / blockOf(stages[0]), dst);
+}
+
+template <class T> void part(const Stage<T>& stage, const T* src, std::size_t blocks, T* dst) {
+  const auto kernel = [&]<int radix>() { partPass<radix>(stage, src, blocks, dst); };
+  if (!withConstant<3, 4, 5, 7, 11, 13>(stage.radix, kernel)) genericPartPass(stage, src, blocks, dst);
 }
 
 // Part q of a block.
@@ -122,8 +200,9 @@ template <class T> void partAll(const Stage<T>* stages, int top, const T* src, T
   part(stages[top], src, 1, block);
   const std::size_t points = static_cast<std::size_t>(stages[top].rest);
   if (points <= stageBlock) {
-    for (int i = top - 1; i >= 0; --i) part<T>(stages[i], block, blockOf(stages[top]) / blockOf(stages[i]), block);
-    return;
+    for (int i = top - 1; i >= passesInUnits(stages, top); --i)
+      part<T>(stages[i], block, blockOf(stages[top]) / blockOf(stages[i]), block);
+    return units<false, T>(stages, top, block, blockOf(stages[top]), block);
   }
   for (Zor32s q = 0; q < stages[top].radix; ++q)
     partAll<T>(stages, top - 1, block + partAt(stages[top], q), block + partAt(stages[top], q));
@@ -136,10 +215,9 @@ template <class T> void joinAll(const Stage<T>* stages, int top, const T* src, T
       joinAll(stages, top - 1, src + partAt(stages[top], q), block + partAt(stages[top], q));
     return pass(stages[top], block, 1, WorkTarget<T>{block});
   }
-  const InterleavedSource<T> conjugates(src, Sign::changed);
-  overColumns<T>(points, [&]<int n>(std::size_t k)
-                             ZORS_INLINE_LAMBDA { storePairs(block + 2 * k, conjugates.template load<n>(k)); });
-  for (int i = 0; i <= top; ++i) pass(stages[i], block, points / blockOf(stages[i]), WorkTarget<T>{block});
+  units<true>(stages, top + 1, src, points, block);
+  for (int i = passesInUnits(stages, top + 1); i <= top; ++i)
+    pass(stages[i], block, points / blockOf(stages[i]), WorkTarget<T>{block});
 }
 
 template <class S, class T> void chainForward(const S& spec, const T* src, T* dst) {

@@ -77,6 +77,8 @@ template <class T> void layChain(Layout& block, Engine<T>& engine, const Factors
     stage.roots = rootsOf(stage.radix);
   }
   engine.leafRoots = rootsOf(engine.leaf);
+  engine.leaves = engine.points / engine.leaf;
+  if (engine.points <= stageBlock) engine.places = block.take<Zor32u>(static_cast<std::size_t>(engine.leaves));
   engine.workBytes = 2 * sizeof(T) * static_cast<std::size_t>(engine.points);
 }
 template <class T> void layEngine(Layout& block, Engine<T>& engine, const Plan& plan, Zor32s points) {

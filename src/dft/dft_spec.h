@@ -17,6 +17,9 @@ template <class T> struct Stage {
   const T* twiddles;
   const T* roots;
 };
+template <class T> std::size_t blockOf(const Stage<T>& stage) {
+  return static_cast<std::size_t>(stage.radix) * static_cast<std::size_t>(stage.rest);
+}
 
 // What the complex transform of a specification holds. Immutable after it is made.
 template <class T> struct Engine {
@@ -24,8 +27,9 @@ template <class T> struct Engine {
   Zor32s points;
   Zor32s stages;  // of a chain
   Stage<T> stage[Factors::capacity];
-  Zor32s leaf;
+  Zor32s leaf, leaves;             // points of one, and how many there are
   const T* leafRoots;              // of a leaf without a kernel
+  const Zor32u* places;            // of the leaves of a chain of one block
   const T* directRoots;            // cosines, then minus sines, of the powers of a generator
   Zor8u power[24], logarithm[24];  // of the generator; for j from 1 that whose power is j or -j
   Zor32s convolutionLength;

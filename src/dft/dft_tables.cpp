@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstring>
 
-#include "dft/dft_arrays.h"
+#include "dft/dft_chain.h"
 
 namespace zors::dft {
 
@@ -71,6 +71,8 @@ template <class T> void fillStages(const Stage<T>* stages, int count, const Root
 template <class T> void fillChain(const Engine<T>& engine, const Roots<T>& roots) {
   fillStages(engine.stage, engine.stages, roots);
   if (engine.leafRoots != nullptr) fillPrimeRoots(roots, engine.leaf, engine.leafRoots);
+  if (engine.places != nullptr)
+    LeafPlaces<T>(engine).fill(const_cast<Zor32u*>(engine.places), static_cast<std::size_t>(engine.leaves));
 }
 
 template <class T> void fillDirect(Engine<T>& engine, const Roots<T>& roots, T* table) {

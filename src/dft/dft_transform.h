@@ -14,12 +14,8 @@ template <int points, class T, class Source, class Target> [[gnu::flatten]] void
   butterfly<points>(x);
   simd::unrolled<points>([&](auto i) ZORS_INLINE_LAMBDA { dst.template store<1>(i, x[i]); });
 }
-// run.operator()<n>() with n as a constant, from 1 to 16.
 template <class Run> ZORS_INLINE void withSmall(Zor32s n, Run run) {
-  [&]<int... i>(std::integer_sequence<int, i...>) ZORS_INLINE_LAMBDA {
-    static_cast<void>(((n == i + 1 && (run.template operator()<i + 1>(), true)) || ...));
-  }
-  (std::make_integer_sequence<int, largestSmall>{});
+  withConstant<1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16>(n, run);
 }
 
 // ---- Complex ------------------------------------------------------------------------------------

@@ -14,14 +14,14 @@ namespace zors::resample {
 
 using simd::Vec;
 
-// The modified Bessel function of order 0 by its power series.
+// The modified Bessel function of order 0 by its power series; infinite where binary64 ends.
 inline Zor64f besselI0(Zor64f x) {
   Zor64f sum = 1, term = 1;
   for (Zor64f i = 1;; ++i) {
     const Zor64f u = x / 2 / i;
     term *= u * u;
     sum += term;
-    if (!(term >= sum * 1e-21)) return sum;
+    if (!(term >= sum * 1e-21) || std::isinf(sum)) return sum;
   }
 }
 

@@ -285,7 +285,10 @@ TEST(CppFilters, FirRefusesWhatDoesNotFit) {
   EXPECT_EQ(fir.build(std::nothrow, {.taps = taps, .history = x}), zorStatusBadSize);
   EXPECT_EQ(fir.build(std::nothrow, {.taps = taps, .scaleFactor = 1}), zorStatusBadArgument);
   EXPECT_EQ(fir.tapCount(), 3u);
-  EXPECT_EQ(fir.process(std::nothrow, y, y), zorStatusOk);  // a build that fails leaves what there was
+  EXPECT_EQ(fir.process(std::nothrow, y), zorStatusOk);  // a build that fails leaves what there was
+  fir.setHistory(std::vector<float>(3));
+  EXPECT_EQ(fir.process(std::nothrow, 2.0f).value, 2);
+  EXPECT_EQ(zors::Fir<float>().process(std::nothrow, 2.0f).status, zorStatusNullPointer);
 }
 
 TEST(CppFilters, MultiRate) {
@@ -373,6 +376,7 @@ TEST(CppFilters, IirRegistersTapsAndRefusals) {
   iir.setRegisters(std::vector<float>{0, 0});
   iir.setTaps(std::vector<float>{2, 0, 0, 1, 0, 0});
   EXPECT_EQ(iir.process(1.0f), 2);
+  EXPECT_EQ(iir.process(std::nothrow, 1.0f).value, 2);
   EXPECT_EQ(thrown([&] { iir.setTaps(std::vector<float>(4)); }), zorStatusBadTapsLength);
   EXPECT_EQ(thrown([&] { iir.registers(std::span(registers).first(1)); }), zorStatusBadSize);
   EXPECT_EQ(thrown([] { zors::Iir<float>({.taps = std::vector<float>(5)}); }), zorStatusBadFilterOrder);

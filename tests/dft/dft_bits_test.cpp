@@ -163,6 +163,10 @@ template <> struct Exports<Zor32f> {
   static constexpr auto initReal = zorsDFTInitAlloc_R_32f;
   static constexpr auto freeReal = zorsDFTFree_R_32f;
   static constexpr auto toPerm = zorsDFTFwd_RToPerm_32f, fromPerm = zorsDFTInv_PermToR_32f;
+  using OutOfOrder = ZorsDFTOutOrdSpec_C_32fc;
+  static constexpr auto initOutOfOrder = zorsDFTOutOrdInitAlloc_C_32fc;
+  static constexpr auto freeOutOfOrder = zorsDFTOutOrdFree_C_32fc;
+  static constexpr auto toDigits = zorsDFTOutOrdFwd_CToC_32fc, fromDigits = zorsDFTOutOrdInv_CToC_32fc;
 };
 template <> struct Exports<Zor64f> {
   using Complex = Zor64fc;
@@ -174,6 +178,10 @@ template <> struct Exports<Zor64f> {
   static constexpr auto initReal = zorsDFTInitAlloc_R_64f;
   static constexpr auto freeReal = zorsDFTFree_R_64f;
   static constexpr auto toPerm = zorsDFTFwd_RToPerm_64f, fromPerm = zorsDFTInv_PermToR_64f;
+  using OutOfOrder = ZorsDFTOutOrdSpec_C_64fc;
+  static constexpr auto initOutOfOrder = zorsDFTOutOrdInitAlloc_C_64fc;
+  static constexpr auto freeOutOfOrder = zorsDFTOutOrdFree_C_64fc;
+  static constexpr auto toDigits = zorsDFTOutOrdFwd_CToC_64fc, fromDigits = zorsDFTOutOrdInv_CToC_64fc;
 };
 enum class Way { forward, inverse };
 template <class T> Numbers<T> transformed(const Numbers<T>& x, Way way, int flag = ZOR_FFT_DIVIDE_NONE) {
@@ -285,7 +293,8 @@ TEST(DFTBits, ChirpsAreConvolutionsOfTheStatedLength) {
 template <class T> void checkRealEven() {
   using E = Exports<T>;
   Random random(44);
-  for (std::size_t n : std::initializer_list<std::size_t>{18, 20, 22, 24, 30, 34, 36, 50, 54, 100, 106, 212, 250, 1000}) {
+  for (std::size_t n :
+       std::initializer_list<std::size_t>{18, 20, 22, 24, 30, 34, 36, 50, 54, 100, 106, 212, 250, 1000}) {
     const std::size_t half = n / 2;
     const auto z = randomNumbers<T>(half, random);
     typename E::RealSpec* spec = nullptr;
@@ -322,6 +331,59 @@ template <class T> void checkRealEven() {
 TEST(DFTBits, EvenRealLengthsPartTheTransformOfPairs) {
   checkRealEven<Zor32f>();
   checkRealEven<Zor64f>();
+}
+
+// Out of order: butterflies of the last factor across the parts, turned but for parts of one point, then each part by
+// the factors before it; and the way back.
+template <class T>
+Numbers<T> parted(const Numbers<T>& x, const std::vector<std::size_t>& factors, std::size_t at, bool join) {
+  const std::size_t n = x.size(), radix = factors[at], rest = n / radix;
+  std::size_t all = 1;
+  for (const std::size_t f : factors) all *= f;
+  std::vector<Numbers<T>> part(radix, Numbers<T>(rest));
+  for (std::size_t q = 0; q < radix; ++q) std::copy_n(x.begin() + std::ptrdiff_t(q * rest), rest, part[q].begin());
+  const auto deeper = [&] {
+    for (auto& p : part)
+      if (rest > 1) p = parted(p, factors, at - 1, join);
+  };
+  const auto turn = [&](std::size_t q, std::size_t k, Number<T> v) {
+    return q == 0 || rest == 1 ? v : turned(root<T>(q * k * (all / n), all), v);
+  };
+  if (join) deeper();
+  for (std::size_t k = 0; k < rest; ++k) {
+    Numbers<T> across;
+    for (std::size_t q = 0; q < radix; ++q) across.push_back(join ? turn(q, k, part[q][k]) : part[q][k]);
+    across = butterfly(across, all);
+    for (std::size_t q = 0; q < radix; ++q) part[q][k] = join ? across[q] : turn(q, k, across[q]);
+  }
+  if (!join) deeper();
+  Numbers<T> out;
+  for (const auto& p : part) out.insert(out.end(), p.begin(), p.end());
+  return out;
+}
+template <class T> void checkOutOfOrder() {
+  using E = Exports<T>;
+  using C = typename E::Complex;
+  Random random(45);
+  for (const auto& [n, factors] : {Chain{2000, {4, 4, 5, 5, 5}}, Chain{2001, {3, 23, 29}}, Chain{2002, {2, 7, 11, 13}},
+                                   Chain{2016, {2, 4, 4, 3, 3, 7}}, Chain{2100, {4, 3, 5, 5, 7}},
+                                   Chain{2184, {2, 4, 3, 7, 13}}, Chain{9600, {2, 4, 4, 4, 3, 5, 5}}}) {
+    const auto x = randomNumbers<T>(n, random);
+    typename E::OutOfOrder* spec = nullptr;
+    ASSERT_EQ(E::initOutOfOrder(&spec, static_cast<int>(n), ZOR_FFT_DIVIDE_NONE, zorAlgHintNone), zorStatusOk);
+    Numbers<T> out(n);
+    const auto* const src = reinterpret_cast<const C*>(x.data());
+    ASSERT_EQ(E::toDigits(src, reinterpret_cast<C*>(out.data()), spec, nullptr), zorStatusOk);
+    expectEqual(out, parted(x, factors, factors.size() - 1, false), std::to_string(n) + " points");
+    ASSERT_EQ(E::fromDigits(src, reinterpret_cast<C*>(out.data()), spec, nullptr), zorStatusOk);
+    expectEqual(out, conjugated(parted(conjugated(x), factors, factors.size() - 1, true)),
+                std::to_string(n) + " points, inverse");
+    E::freeOutOfOrder(spec);
+  }
+}
+TEST(DFTBits, OutOfOrderPassesTurnBetweenTheirButterflies) {
+  checkOutOfOrder<Zor32f>();
+  checkOutOfOrder<Zor64f>();
 }
 
 template <class T> void checkImpulse() {

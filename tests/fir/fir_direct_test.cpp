@@ -292,6 +292,74 @@ TEST(FIRDirectForms, ChecksInOrder) {
       .verify("zorsFIROne32s_Direct_16s_Sfs");
 }
 
+// Two calls from a ring in use, once with arrays of their own and once with dst = src.
+template <class T>
+void sourceIsDestination(const char* name, ZorStatus (*block)(const T*, T*, Zor32s, const T*, Zor32s, T*, Zor32s*)) {
+  kit::Random random(11);
+  const auto same = [](const T& a, const T& b) { return kit::sameBits(a, b); };
+  for (int n : {1, 2, 9, 16, 31, 32, 40, 70})
+    for (int len : {1, 5, 16, 33, 300, 700}) {
+      const auto taps = some<T>(std::size_t(n), random, 1);
+      const auto history = some<T>(std::size_t(n), random, 1);
+      std::vector<T> dly(history);
+      dly.insert(dly.end(), history.begin(), history.end());
+      auto dlyInPlace = dly;
+      Zor32s index = n / 3, indexInPlace = index;
+      const std::string what =
+          std::string(name) + ", " + std::to_string(n) + " taps, " + std::to_string(len) + " samples";
+      for (int call = 0; call < 2; ++call) {
+        const auto x = some<T>(std::size_t(len), random, 1);
+        std::vector<T> dst(x.size()), both = x;
+        ASSERT_EQ(block(x.data(), dst.data(), len, taps.data(), n, dly.data(), &index), zorStatusOk) << what;
+        ASSERT_EQ(block(both.data(), both.data(), len, taps.data(), n, dlyInPlace.data(), &indexInPlace), zorStatusOk);
+        ASSERT_TRUE(std::equal(dst.begin(), dst.end(), both.begin(), same)) << what << ", call " << call;
+        ASSERT_TRUE(std::equal(dly.begin(), dly.end(), dlyInPlace.begin(), same)) << what << ": line";
+        ASSERT_EQ(index, indexInPlace) << what;
+      }
+    }
+}
+
+TEST(FIRDirectForms, WithTheSourceAsDestinationOutputsLineAndIndexAreThoseOfSeparateArrays) {
+  sourceIsDestination("32f", zorsFIR_Direct_32f);
+  sourceIsDestination("32fc", zorsFIR_Direct_32fc);
+  sourceIsDestination("64f", zorsFIR_Direct_64f);
+  sourceIsDestination("64fc", zorsFIR_Direct_64fc);
+}
+
+TEST(FIRDirectForms, WithoutMemoryForACopyOfTheSourceNothingHappens) {
+  std::vector<Zor64f> taps(8, 1), both(100, 5), dly(16, 3);
+  kit::ServicesScope services;
+  services->failAt = 0;
+  Zor32s index = 3;
+  EXPECT_EQ(zorsFIR_Direct_64f(both.data(), both.data(), 100, taps.data(), 8, dly.data(), &index), zorStatusNoMemory);
+  EXPECT_TRUE(both == std::vector<Zor64f>(100, 5) && dly == std::vector<Zor64f>(16, 3));
+  EXPECT_EQ(index, 3);
+}
+
+// The line's two halves may disagree: a window is what stands in the line, as the single samples show it.
+TEST(FIRDirectForms, ABlockIsARunOfSingleSamplesFromAnyLineAndIndex) {
+  kit::Random random(12);
+  for (int n : {1, 2, 5, 16, 31, 33, 70, 600})
+    for (int len : {1, 2, 5, 40, 1000})
+      for (bool whole : {true, false}) {
+        const auto taps = some<Zor64f>(std::size_t(n), random, 1);
+        const auto x = some<Zor32f>(std::size_t(len), random, 1);
+        auto dly = some<Zor32f>(2 * std::size_t(n), random, 1);
+        if (whole) std::copy_n(dly.begin(), n, dly.begin() + n);
+        auto dlyOfOne = dly;
+        Zor32s index = Zor32s(random() % unsigned(n)), indexOfOne = index;
+        std::vector<Zor32f> y(x.size());
+        ASSERT_EQ(zorsFIR64f_Direct_32f(x.data(), y.data(), len, taps.data(), n, dly.data(), &index), zorStatusOk);
+        for (int i = 0; i < len; ++i) {
+          Zor32f one = 0;
+          ASSERT_EQ(zorsFIROne64f_Direct_32f(x[std::size_t(i)], &one, taps.data(), n, dlyOfOne.data(), &indexOfOne),
+                    zorStatusOk);
+          ASSERT_TRUE(kit::sameBits(one, y[std::size_t(i)])) << n << " taps, sample " << i << " of " << len;
+        }
+        ASSERT_TRUE(dly == dlyOfOne && index == indexOfOne) << n << " taps, " << len << " samples";
+      }
+}
+
 TEST(FIRDirectForms, AFailedAllocationLeavesTheSpanFlipped) {
   std::vector<Zor64f> taps(40, 1), src(100, 1), dst(100, 5), dly(80);
   for (std::size_t i = 0; i < dly.size(); ++i) dly[i] = Zor64f(i);

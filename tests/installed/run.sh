@@ -60,6 +60,7 @@ done
 for header in "$tree"/include/zors/hpp/*.hpp; do
   c++ -std=c++20 $flags -Wconversion -Wshadow -fsyntax-only -I"$tree/include" -include "$header" -x c++ /dev/null
 done
+c++ -std=c++20 $flags -fno-exceptions -fno-rtti -fsyntax-only -I"$tree/include" -include "$tree/include/zors.hpp" -x c++ /dev/null
 
 # From the sources: only what is quick is built, which shows that the targets are there and that neither tests, benchmarks,
 # demos nor installation come along.

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <limits>
 #include <numeric>
+#include <vector>
 
 #include "kit/contract.h"
 #include "kit/guarded.h"
@@ -529,6 +530,23 @@ template <class T> void checkRuns(const char* free, const char* fixed, const cha
       .template bad<2>({0, -1, INT32_MIN}, zorStatusBadSize)
       .untouched(fixedBlock, sizeof fixedBlock)
       .verify(set);
+}
+
+TEST(Resample, AWindowBeyondItsSeriesIsBuiltAllTheSame) {
+  for (Zor32f alpha :
+       {700.0f, 2000.0f, 1e10f, std::numeric_limits<Zor32f>::max(), std::numeric_limits<Zor32f>::infinity()}) {
+    Zor32s size = 0, len = 0, height = 0;
+    ASSERT_EQ(zorsResamplePolyphaseGetSize_32f(8, 16, &size), zorStatusOk);
+    std::vector<Zor8u> general(static_cast<std::size_t>(size));
+    EXPECT_EQ(zorsResamplePolyphaseInit_32f(8, 16, .9f, alpha, reinterpret_cast<ZorResampleState*>(general.data()),
+                                            zorAlgHintFast),
+              zorStatusOk);
+    ASSERT_EQ(zorsResamplePolyphaseFixedGetSize_32f(2, 3, 16, &size, &len, &height, zorAlgHintFast), zorStatusOk);
+    std::vector<Zor8u> fixed(static_cast<std::size_t>(size));
+    EXPECT_EQ(zorsResamplePolyphaseFixedInit_32f(
+                  2, 3, 16, .9f, alpha, reinterpret_cast<ZorResampleFixedState*>(fixed.data()), zorAlgHintFast),
+              zorStatusOk);
+  }
 }
 
 TEST(Resample, InitRefusesWhatItsSizeCallRefuses) {

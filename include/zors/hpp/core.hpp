@@ -64,7 +64,7 @@ struct Outcome {
   constexpr bool failed() const noexcept { return status < 0; }
 };
 
-[[noreturn]] inline void fail(Outcome outcome) {
+[[noreturn]] inline void fail([[maybe_unused]] Outcome outcome) {
 #ifdef __cpp_exceptions
   throw Error(outcome.status, outcome.why);
 #else

@@ -318,11 +318,18 @@ template <class Sample, class Taps = Sample> class Fir : public detail::FirState
     return run(src, dst).status;
   }
   void process(Out<Sample> srcDst) { process(srcDst, srcDst); }
+  [[nodiscard]] ZorStatus process(std::nothrow_t, Out<Sample> srcDst) noexcept {
+    return process(std::nothrow, srcDst, srcDst);
+  }
   /// One sample.
   Sample process(Sample src) {
     const auto [outcome, dst] = this->filterOne(src);
     detail::check(outcome);
     return dst;
+  }
+  [[nodiscard]] Result<Sample> process(std::nothrow_t, Sample src) noexcept {
+    const auto [outcome, dst] = this->filterOne(src);
+    return {outcome.status, dst};
   }
 
  private:
@@ -679,15 +686,18 @@ template <class Sample, class Taps> class IirState {
     return run(src, dst).status;
   }
   void process(Out<Sample> srcDst) { process(srcDst, srcDst); }
+  [[nodiscard]] ZorStatus process(std::nothrow_t, Out<Sample> srcDst) noexcept {
+    return process(std::nothrow, srcDst, srcDst);
+  }
   /// One sample.
   Sample process(Sample src) {
-    Raw<Sample> dst{};
-    if constexpr (Integer<Sample>) {
-      check(Calls::one(value(src), &dst, get(), scaleFactor_));
-    } else {
-      check(Calls::one(value(src), &dst, get()));
-    }
-    return result(dst);
+    const auto [outcome, dst] = runOne(src);
+    check(outcome);
+    return dst;
+  }
+  [[nodiscard]] Result<Sample> process(std::nothrow_t, Sample src) noexcept {
+    const auto [outcome, dst] = runOne(src);
+    return {outcome.status, dst};
   }
 
   /// Other taps of the same order; the registers stay. Integer taps bring their factor.
@@ -739,6 +749,16 @@ template <class Sample, class Taps> class IirState {
       if (raw(src) == raw(dst)) return Calls::runInPlace(raw(dst), len, get());
       return Calls::run(raw(src), raw(dst), len, get());
     }
+  }
+  std::pair<Outcome, Sample> runOne(Sample src) noexcept {
+    Raw<Sample> dst{};
+    Outcome outcome{zorStatusOk};
+    if constexpr (Integer<Sample>) {
+      outcome = Calls::one(value(src), &dst, get(), scaleFactor_);
+    } else {
+      outcome = Calls::one(value(src), &dst, get());
+    }
+    return {outcome, result(dst)};
   }
   Outcome replace(In<Taps> taps, int tapsFactor) noexcept {
     if (get() != nullptr && taps.size() != tapCount_) return {zorStatusBadTapsLength, "another number of taps"};

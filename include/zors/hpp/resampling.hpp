@@ -131,6 +131,7 @@ template <class T> class Resampler {
 
   Made run(In<T> src, Out<T> dst) noexcept {
     if (const auto outcome = detail::sameSizes(src.size()); outcome.failed()) return {outcome, 0};
+    if (detail::sameSizes(src.size() + 3 * reach_).failed()) return {detail::tooLong, 0};
     return advance(src, src.size(), dst);
   }
   Made end(Out<T> dst) noexcept {

@@ -98,19 +98,21 @@ template <class T> void termsInverse(const Spec<T>& spec, const T* y, T* spectru
   spectrum[1] = n % 2 == 0 ? y[n / 2] * spec.firstScale : T(0);
 }
 
+// The transform of the values runs from dst to the work memory, or back, where src lies elsewhere, and in place where
+// it does not.
 template <Direction direction, class T> ZorStatus byFft(const Spec<T>& spec, const T* src, T* dst, Zor8u* work) {
   using Fft = FftOf<T>;
   const auto* const fft = static_cast<const typename Fft::Spec*>(spec.fft);
-  T* const v = reinterpret_cast<T*>(work);
+  T *const v = reinterpret_cast<T*>(work), *const first = src == dst ? v : dst;
   Zor8u* const rest = work + static_cast<std::size_t>(spec.len) * sizeof(T);
   if constexpr (direction == Direction::forward) {
-    gatherEnds(src, v, spec.len);
-    const ZorStatus status = Fft::forward(v, v, fft, rest);
+    gatherEnds(src, first, spec.len);
+    const ZorStatus status = Fft::forward(first, v, fft, rest);
     if (status == zorStatusOk) termsForward(spec, v, dst);
     return status;
   } else {
-    termsInverse(spec, src, v);
-    const ZorStatus status = Fft::inverse(v, v, fft, rest);
+    termsInverse(spec, src, first);
+    const ZorStatus status = Fft::inverse(first, v, fft, rest);
     if (status == zorStatusOk) spreadEnds(v, dst, spec.len);
     return status;
   }
