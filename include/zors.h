@@ -3,7 +3,8 @@
  *
  * Conventions of all functions
  *   Vectors      a pointer to the first element and a length in elements (a complex element counts once). No pointer
- *                needs an alignment beyond what the element type asks of the compiler, and none changes a result.
+ *                needs an alignment beyond what the element type asks of the compiler, and none changes a result,
+ *                but of sums of floats that say so.
  *   Arguments    sources, destination, length, selectors, scale factor last. In non-commutative arithmetic the second
  *                operand comes first: Sub is src2 - src1.
  *   Suffixes     element types; _I in place (the last operand is also the destination); _Sfs integer result scaled
