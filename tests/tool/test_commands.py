@@ -22,13 +22,14 @@ def test_info_has_the_levels_of_sox(noise):
         stats = sox_stats(path)
         assert abs(report["all"]["peak_db"] - float(stats["Pk lev dB"][0])) < 0.011
         assert abs(report["all"]["rms_db"] - float(stats["RMS lev dB"][0])) < 0.011
-        assert abs(report["all"]["dc"] - float(stats["DC offset"][0])) < 2e-6
         data, rate = samples(path)
         assert (report["frames"], report["rate"], len(report["channels"])) == (len(data), rate, data.shape[1])
         for channel, level in enumerate(report["channels"]):
             x = data[:, channel] / 32768
             assert abs(level["rms_db"] - 10 * np.log10(np.mean(x**2))) < 1e-3
             assert abs(level["crest_db"] - 20 * np.log10(np.max(np.abs(x)) / np.sqrt(np.mean(x**2)))) < 1e-3
+            of_sox = stats["DC offset"][channel + 1 if len(report["channels"]) > 1 else 0]  # its "overall" is the worst
+            assert abs(level["dc"] - float(of_sox)) < 2e-6
 
 
 def test_info_text_clipping_floor_and_files(tmp_path):
